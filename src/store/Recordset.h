@@ -1,0 +1,47 @@
+#pragma once
+
+#include <QHash>
+#include <QString>
+#include <memory>
+
+struct st_mysql_res;
+
+namespace ledgora {
+
+/// The rows of a query, read whole to the client. Begins before its first row: `while (rows.next())`. Columns are
+/// named without regard to case; an unknown one reads as NULL and is logged once. Frees itself.
+class Recordset
+{
+public:
+    Recordset() = default;
+    explicit Recordset(st_mysql_res *result);
+
+    bool failed() const { return !m_result; } ///< the query did not run
+    qint64 recordCount() const { return m_count; }
+    bool next();
+
+    bool isNull(const QString &column) const;
+    QString text(const QString &column) const;   ///< NULL is ""
+    double number(const QString &column) const;  ///< NULL is 0
+    qint64 integer(const QString &column) const; ///< NULL is 0
+
+    /// The same by position from 0, for queries of one value.
+    QString text(int column) const;
+    double number(int column) const;
+    qint64 integer(int column) const;
+
+private:
+    int indexOf(const QString &column) const;
+    const char *cell(int column, unsigned long &length) const;
+
+    struct Free {
+        void operator()(st_mysql_res *result) const;
+    };
+    std::unique_ptr<st_mysql_res, Free> m_result;
+    QHash<QString, int> m_columns;
+    char **m_row = nullptr;
+    unsigned long *m_lengths = nullptr;
+    qint64 m_count = 0;
+};
+
+} // namespace ledgora
