@@ -10,7 +10,7 @@ namespace ledgora {
 
 namespace {
 
-QDate toldToday; // NOLINT(cppcoreguidelines-avoid-non-const-global-variables)
+QDate toldToday;
 
 constexpr std::array monthNames = {"January", "February", "March",     "April",   "May",      "June",
                                    "July",    "August",   "September", "October", "November", "December"};

@@ -273,7 +273,7 @@ QString joinPath(const QString &folder, const QString &name)
 
 QString findFile(const QString &folder, const QString &name)
 {
-    const QString path = joinPath(folder, name);
+    QString path = joinPath(folder, name);
     if (QFile::exists(path))
         return path;
     const QStringList files = QDir(folder).entryList(QDir::Files | QDir::Hidden, QDir::Name);
