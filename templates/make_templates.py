@@ -13,9 +13,11 @@ next to nothing.
 import pathlib
 import sys
 
-PAGE_WIDTH, PAGE_HEIGHT, MARGIN = 11906, 16838, 851
+PAGE_WIDTH, PAGE_HEIGHT, MARGIN = 11906, 16838, 720
 WIDTH = PAGE_WIDTH - 2 * MARGIN
 LINES = 10
+LEFT = 5900                     # left column of the blocks above and below the lines
+IDENTIFIERS = (620, 2500, 2920)  # where GSTIN, the word PAN and the PAN stand
 
 # Three sizes (in half points) of one family; colours by their place in the table below.
 NAME, TEXT, SMALL = 40, 18, 15
@@ -47,10 +49,12 @@ def label(text):
     return run(text, SMALL, grey=True)
 
 
-def paragraph(*runs, align="ql", before=0, end="", intbl=True, tabs=()):
+def paragraph(*runs, align="ql", before=0, intbl=True, hang=0, tabs=()):
+    """A paragraph of runs with tabs between them, which stand at `tabs`; with `hang` the second run stands that far
+    from the left, and further lines below it."""
     words = "\\pard\\plain%s\\%s\\sb%d%s\\f0\\fs2 " % (
-        "\\intbl" if intbl else "", align, before, "".join("\\tx%d" % tab for tab in tabs))
-    return words + "\\tab ".join(runs) + "\\fs2" + end
+        "\\intbl" if intbl else "", align, before, "\\li%d\\fi-%d\\tx%d" % (hang, hang, hang) if hang else "".join("\\tx%d" % tab for tab in tabs))
+    return words + "\\tab ".join(runs) + "\\fs2"
 
 
 class Cell:
@@ -77,8 +81,8 @@ def row(*cells, height=0, top=40, bottom=40, side=50, words=""):
         definitions.append(cell.definition(edge))
     padding = "\\trpaddl%d\\trpaddt%d\\trpaddb%d\\trpaddr%d\\trpaddfl3\\trpaddft3\\trpaddfb3\\trpaddfr3" % (
         side, top, bottom, side)
-    return "\\trowd\\trgaph%d\\trleft0\\trkeep%s\\trrh%d%s\n%s%s\\row\n" % (
-        side, words, height, padding, "".join(definitions), "".join(cell.content() for cell in cells))
+    return "\\trowd\\trgaph0\\trleft0\\trkeep%s\\trrh%d%s\n%s%s\\row\n" % (
+        words, height, padding, "".join(definitions), "".join(cell.content() for cell in cells))
 
 
 class Kind:
@@ -87,16 +91,16 @@ class Kind:
 
     def columns(self):
         """Columns of the line table: heading, width, align, placeholder of a line, placeholder of the total row."""
-        columns = [("#", 360, "ql", "#SN_%d#", ""),
+        columns = [("#", 400, "ql", "#SN_%d#", ""),
                    ("Particulars", 0, "ql", "#PARTICULARS_SAC_%d#", ""),
-                   ("Year", 760, "ql", "#YR_%d#", ""),
-                   ("Amount", 990, "qr", "#AMT_%d#", "#GTAMT#"),
-                   ("Discount", 860, "qr", "#DISC_%d#", "#GTDISC#"),
-                   ("Taxable value" if self.taxes else "Net amount", 990, "qr", "#NAMT_%d#", "#GTNAMT#")]
+                   ("Year", 770, "ql", "#YR_%d#", ""),
+                   ("Amount", 1010, "qr", "#AMT_%d#", "#GTAMT#"),
+                   ("Discount", 905, "qr", "#DISC_%d#", "#GTDISC#"),
+                   ("Taxable value" if self.taxes else "Net amount", 1010, "qr", "#NAMT_%d#", "#GTNAMT#")]
         for _, rate, amount, total in self.taxes:
-            columns += [("Rate", 520, "qr", rate, ""), ("Amount", 860, "qr", amount, total)]
+            columns += [("Rate", 515, "qr", rate, ""), ("Amount", 905, "qr", amount, total)]
         if self.taxes:
-            columns.append(("Total", 1060, "qr", "#TAMT_%d#", "#GTTAMT#"))
+            columns.append(("Total", 1105, "qr", "#TAMT_%d#", "#GTTAMT#"))
         rest = WIDTH - sum(column[1] for column in columns)
         return [column if column[1] else (column[0], rest) + column[2:] for column in columns]
 
@@ -112,38 +116,38 @@ KINDS = [
 
 
 def heading():
-    left = Cell(6000,
+    left = Cell(LEFT,
                 paragraph(run("#FIRM_NAME#", NAME, bold=True)),
                 paragraph(run("#FIRM_DESIG#"), before=40), valign="b")
-    right = Cell(WIDTH - 6000,
+    right = Cell(WIDTH - LEFT,
                  paragraph(run("#FIRM_ADDRESS#", SMALL), align="qr"),
                  paragraph(run("#FIRM_CONTDET#", SMALL), align="qr", before=30),
                  paragraph(run("#FIRM_EMLWEB#", SMALL), align="qr", before=30), valign="b")
-    return row(left, right, side=0, bottom=110)
+    return row(left, right, bottom=110)
 
 
 def title(kind):
-    left = Cell(5400, paragraph(label("GSTIN") + run("  #FIRM_GSTIN#", bold=True) + label("        PAN")
-                                + run("  #FIRM_PAN#", bold=True)), rules="tb", band=True, valign="c")
-    right = Cell(WIDTH - 5400, paragraph(run(kind.title, bold=True), align="qr"), rules="tb", band=True, valign="c")
-    return row(left, right, top=70, bottom=70, side=80)
+    left = Cell(LEFT, paragraph(label("GSTIN"), run("#FIRM_GSTIN#", bold=True), label("PAN"),
+                                run("#FIRM_PAN#", bold=True), tabs=IDENTIFIERS), rules="tb", band=True, valign="c")
+    right = Cell(WIDTH - LEFT, paragraph(run(kind.title, bold=True), align="qr"), rules="tb", band=True, valign="c")
+    return row(left, right, top=70, bottom=70)
 
 
 def receiver():
-    def pair(name, value, bold=False):
-        return paragraph(label(name), run(value, bold=bold), tabs=(1250,), before=30)
+    def pair(name, value, bold=False, before=30):
+        return paragraph(label(name), run(value, bold=bold), hang=1250, before=before)
 
-    left = Cell(6000,
+    left = Cell(LEFT,
                 paragraph(label("Billed to")),
                 paragraph(run("#PARTY_NAME#", bold=True), before=30),
                 paragraph(run("#PARTY_ADDRESS#"), before=20),
-                paragraph(label("GSTIN") + run("  #PARTY_GSTIN#") + label("        PAN") + run("  #PARTY_PAN#"),
-                          before=50))
-    right = Cell(WIDTH - 6000,
-                 pair("Number", "#BILL_NO#", bold=True),
+                paragraph(label("GSTIN"), run("#PARTY_GSTIN#"), label("PAN"), run("#PARTY_PAN#"), before=50,
+                          tabs=IDENTIFIERS))
+    right = Cell(WIDTH - LEFT,
+                 pair("Number", "#BILL_NO#", bold=True, before=0),
                  pair("Date", "#BILL_DT#"),
-                 paragraph(label("Place of supply"), run("#PLACE_OF_SUPPLY#"), tabs=(1250,), before=30))
-    return row(left, right, top=110, bottom=150, side=80)
+                 pair("Place of supply", "#PLACE_OF_SUPPLY#"))
+    return row(left, right, top=110, bottom=150)
 
 
 def column_headings(kind):
@@ -167,7 +171,7 @@ def column_headings(kind):
 
 
 def line(kind, number):
-    return row(*(Cell(width, paragraph(run(placeholder % number), align=align))
+    return row(*(Cell(width, paragraph(run(placeholder % number), align=align), rules="t" if number == 1 else "")
                  for _, width, align, placeholder, _ in kind.columns()), top=30, bottom=10)
 
 
@@ -189,9 +193,9 @@ def amount():
 
 def payment_and_signature():
     def pair(name, value):
-        return paragraph(label(name), run(value), tabs=(1150,), before=20)
+        return paragraph(label(name), run(value), hang=1150, before=20)
 
-    left = Cell(6000,
+    left = Cell(LEFT,
                 paragraph(label("Payment")),
                 pair("In favour of", "#PAYTERMS_INFAVOF#"),
                 pair("Bank", "#PAYTERMS_BANKNM_BRADD#"),
@@ -199,7 +203,7 @@ def payment_and_signature():
                 pair("IFSC", "#PAYTERMS_IFSC#"),
                 paragraph(run("#PAYTERMS_COMMENTS#"), before=60),
                 paragraph(run("#NOTE#"), before=60), rules="t")
-    right = Cell(WIDTH - 6000,
+    right = Cell(WIDTH - LEFT,
                  paragraph(run("For #FIRM_NAME#"), align="qr"),
                  paragraph(run("#AUTHSIGN_NAME#", bold=True), align="qr", before=900),
                  paragraph(run("#AUTHSIGN_DESIG#"), align="qr", before=20),
@@ -219,7 +223,7 @@ def template(kind):
             + totals(kind) + amount() + payment_and_signature() + law(kind))
     return ("{\\rtf1\\ansi\\ansicpg1252\\uc1\\deff0\n{\\fonttbl{\\f0\\fswiss\\fcharset0 Liberation Sans;}}\n"
             + COLOURS + "\n\\paperw%d\\paperh%d\\margl%d\\margr%d\\margt%d\\margb%d\n"
-            % (PAGE_WIDTH, PAGE_HEIGHT, MARGIN, MARGIN, MARGIN - 170, MARGIN - 170)
+            % (PAGE_WIDTH, PAGE_HEIGHT, MARGIN, MARGIN, MARGIN, MARGIN)
             + body + paragraph(intbl=False) + "\\par}\n")
 
 
