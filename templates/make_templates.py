@@ -101,6 +101,9 @@ class Kind:
             columns += [("Rate", 515, "qr", rate, ""), ("Amount", 905, "qr", amount, total)]
         if self.taxes:
             columns.append(("Total", 1105, "qr", "#TAMT_%d#", "#GTTAMT#"))
+        if len(self.taxes) < 2:  # there is room for sums of ten digits
+            columns = [(name, width + 110 if name in ("Amount", "Discount", "Taxable value", "Net amount") else width,
+                        *others) for name, width, *others in columns]
         rest = WIDTH - sum(column[1] for column in columns)
         return [column if column[1] else (column[0], rest) + column[2:] for column in columns]
 
@@ -178,9 +181,13 @@ def line(kind, number):
 def totals(kind):
     columns = kind.columns()
     cells = [Cell(sum(column[1] for column in columns[:3]), paragraph(run("Total", bold=True)), rules="tb", band=True)]
+    free = 0  # a rate has no total: its width goes to the amount beside it
     for _, width, align, _, placeholder in columns[3:]:
-        cells.append(Cell(width, paragraph(run(placeholder, bold=True) if placeholder else "", align=align),
-                          rules="tb", band=True))
+        if not placeholder:
+            free = width
+            continue
+        cells.append(Cell(free + width, paragraph(run(placeholder, bold=True), align=align), rules="tb", band=True))
+        free = 0
     return row(*cells, top=60, bottom=60)
 
 
@@ -218,9 +225,11 @@ def law(kind):
 
 
 def template(kind):
-    body = (heading() + title(kind) + receiver() + column_headings(kind)
-            + "".join(line(kind, number) for number in range(1, LINES + 1))
-            + totals(kind) + amount() + payment_and_signature() + law(kind))
+    # Three tables, a point apart: the headings of the lines are repeated on each page that the lines reach.
+    apart = paragraph(intbl=False) + "\\par\n"
+    body = (heading() + title(kind) + receiver() + apart + column_headings(kind)
+            + "".join(line(kind, number) for number in range(1, LINES + 1)) + totals(kind)
+            + apart + amount() + payment_and_signature() + law(kind))
     return ("{\\rtf1\\ansi\\ansicpg1252\\uc1\\deff0\n{\\fonttbl{\\f0\\fswiss\\fcharset0 Liberation Sans;}}\n"
             + COLOURS + "\n\\paperw%d\\paperh%d\\margl%d\\margr%d\\margt%d\\margb%d\n"
             % (PAGE_WIDTH, PAGE_HEIGHT, MARGIN, MARGIN, MARGIN, MARGIN)
