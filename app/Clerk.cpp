@@ -13,11 +13,13 @@ namespace ledgora::app {
 namespace {
 
 constexpr int lookEveryMilliseconds = 2;
+constexpr int searchMilliseconds = 20; // keys of one search in a list come this close together
 
 } // namespace
 
 Clerk::Clerk(QWidget &mainWindow) : m_mainWindow(mainWindow)
 {
+    QApplication::setKeyboardInputInterval(searchMilliseconds);
     auto *timer = new QTimer(this);
     connect(timer, &QTimer::timeout, this, &Clerk::look);
     timer->start(lookEveryMilliseconds);
@@ -28,6 +30,10 @@ QWindow *Clerk::target() const
     QWidget *widget = QApplication::activePopupWidget();
     if (!widget)
         widget = QApplication::activeModalWidget();
+    if (!widget && !m_mainWindow.isActiveWindow()) {
+        m_mainWindow.activateWindow(); // without a window manager nobody gives the focus back after a dialog
+        settle();
+    }
     return (widget ? widget : &m_mainWindow)->window()->windowHandle();
 }
 
@@ -58,19 +64,28 @@ void Clerk::enter(const QString &text)
     press(Qt::Key_Return);
 }
 
+void Clerk::choose(const QString &beginning)
+{
+    QTest::qWait(searchMilliseconds + 5);
+    type(beginning);
+}
+
 void Clerk::settle()
 {
     QCoreApplication::sendPostedEvents();
     QCoreApplication::processEvents();
 }
 
-void Clerk::expectBox(const QString &text, Qt::Key answer, Qt::KeyboardModifiers modifiers)
+void Clerk::expectBox(const QString &text, QMessageBox::StandardButton answer)
 {
-    m_expected.emplace_back([this, text, answer, modifiers](QWidget &window) {
+    m_expected.emplace_back([this, text, answer](QWidget &window) {
         const auto *box = qobject_cast<QMessageBox *>(&window);
-        if (!box || box->text() != text)
+        if (!box || box->text() != text || !box->button(answer)) {
             noteFault(QStringLiteral("expected the message \"%1\", came \"%2\"").arg(text, box ? box->text() : window.windowTitle()));
-        QTest::keyClick(&window, answer, modifiers);
+            window.close();
+            return;
+        }
+        QTest::keyClick(box->button(answer), Qt::Key_Space);
     });
 }
 
@@ -83,6 +98,8 @@ void Clerk::expectFileDialog(const QString &path)
         name->selectAll();
         QTest::keyClicks(name, path);
         QTest::keyClick(name, Qt::Key_Return);
+        if (window.isVisible()) // the list of known names took that key
+            QTest::keyClick(name, Qt::Key_Return);
     });
 }
 

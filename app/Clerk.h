@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QMessageBox>
 #include <QObject>
 #include <QString>
 #include <deque>
@@ -23,8 +24,12 @@ public:
     /// Types a field and leaves it with Enter.
     void enter(const QString &text = {});
 
-    /// The next box is to say `text` and gets the key of the answer; any other box is noted as a fault and closed.
-    void expectBox(const QString &text, Qt::Key answer = Qt::Key_Return, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+    /// Types the beginning of an entry into a closed list; what was typed into it before is over by then.
+    void choose(const QString &beginning);
+
+    /// The next box is to say `text` and is answered by a key on the button; any other box is noted as a fault and
+    /// closed.
+    void expectBox(const QString &text, QMessageBox::StandardButton answer = QMessageBox::Ok);
     /// The next dialog asks for a file: its name is typed there.
     void expectFileDialog(const QString &path);
 

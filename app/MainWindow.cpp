@@ -19,6 +19,7 @@ MainWindow::MainWindow(Office &office) : m_office(office), m_billing(office, thi
     setMinimumSize(1280, 720);
     m_area->setObjectName(QStringLiteral("screens"));
     m_area->setBackground(palette().window());
+    m_area->setActivationOrder(QMdiArea::ActivationHistoryOrder); // a closed preview gives way to its bill
     setCentralWidget(m_area);
     makeMenu();
     statusBar()->showMessage(QStringLiteral("Office: ") + office.dataFolder());
@@ -37,7 +38,7 @@ void MainWindow::makeMenu()
     window->addAction(QStringLiteral("&Next Screen"), QKeySequence(Qt::CTRL | Qt::Key_Tab), m_area,
                       &QMdiArea::activateNextSubWindow);
     window->addAction(QStringLiteral("&Tile"), m_area, &QMdiArea::tileSubWindows);
-    QMenu *help = menuBar()->addMenu(QStringLiteral("Hel&p"));
+    QMenu *help = menuBar()->addMenu(QStringLiteral("He&lp"));
     help->addAction(QStringLiteral("&About Ledgora"), this, [this] {
         QMessageBox::about(this, QStringLiteral("Ledgora"),
                            QStringLiteral("Ledgora %1\nBilling for Indian tax practitioners and small accounting offices.\n"
@@ -61,6 +62,7 @@ void MainWindow::showScreen(QWidget &screen)
     if (!child) {
         child = m_area->addSubWindow(&screen);
         child->setAttribute(Qt::WA_DeleteOnClose);
+        connect(&screen, &QObject::destroyed, child, &QWidget::close); // a screen closes itself; its frame goes with it
     }
     screen.show();
     child->showMaximized();
