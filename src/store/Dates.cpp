@@ -175,9 +175,8 @@ bool isDateText(const QString &typed)
     const auto parsed = parseTyped(typed);
     if (!parsed)
         return false;
-    constexpr int windowEnd = 29;
     const int shown = parsed->year.isEmpty() ? today().year() : parsed->year.toInt();
-    const int year = shown >= 100 ? shown : shown + (shown > windowEnd ? 1900 : 2000);
+    const int year = shown >= 100 ? shown : 2000 + shown; // the century matters to 29 February alone
     return QDate::isValid(year, parsed->month, parsed->day);
 }
 

@@ -20,8 +20,8 @@ QString CONVERTDATE(const QString &typed, const QString &pattern, QString &year)
 /// The same without a year of the caller's, as DD/MM/YYYY.
 QString CONVERTDATE(const QString &typed);
 
-/// True for a typed day-first date: two or three parts of digits between "/", "-" or ".". A year of less than three
-/// digits counts from 1930 to 2029, a missing one is the present year; no day runs over.
+/// True for a typed day-first date: two or three parts of digits between "/", "-" or ".". A missing year is the present
+/// one, one of two digits lies in this century; no day runs over. Blanks of an input mask do not count.
 bool isDateText(const QString &typed);
 
 /// A date or time by a pattern: d dd M MM MMM MMMM yy yyyy h hh n nn s ss AM/PM, letters in either case; "MM" is the
