@@ -330,8 +330,9 @@ void VTxt::contextMenuEvent(QContextMenuEvent *event)
 {
     const std::unique_ptr<QMenu> menu(createStandardContextMenu());
     const QList<QAction *> actions = menu->actions();
+    const QString pasteText = QLineEdit::tr("&Paste"); // its action has no other name
     const auto paste = std::find_if(actions.begin(), actions.end(),
-                                    [](const QAction *action) { return action->objectName() == "edit-paste"; });
+                                    [&](const QAction *action) { return action->text().startsWith(pasteText); });
     if (paste != actions.end()) {
         (*paste)->disconnect(this);
         connect(*paste, &QAction::triggered, this, [this] { enterText(QApplication::clipboard()->text()); });

@@ -15,7 +15,7 @@ QString CONVERTTOSAVE(const QString &date);
 
 /// Completes a typed date ("1/6", "1.6.18") and writes it by `pattern`, whose 3rd and 6th characters are the
 /// separators. `year` holds the last year of the working financial year and is filled and lowered as the completion
-/// goes: April to December belong to the year before. Returns "" for no date.
+/// goes: April to December belong to the year before. Returns "" for no date. Blanks of an input mask do not count.
 QString CONVERTDATE(const QString &typed, const QString &pattern, QString &year);
 /// The same without a year of the caller's, as DD/MM/YYYY.
 QString CONVERTDATE(const QString &typed);

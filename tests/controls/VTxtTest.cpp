@@ -3,8 +3,12 @@
 #include "support/Boxes.h"
 #include <QApplication>
 #include <QClipboard>
+#include <QContextMenuEvent>
+#include <QMenu>
+#include <QMimeData>
 #include <QSignalSpy>
 #include <QTest>
+#include <QTimer>
 #include <QVBoxLayout>
 #include <gtest/gtest.h>
 
@@ -131,6 +135,36 @@ TEST_F(ValidatedText, PastedTextRunsThroughTheSameFilter)
     boxes.expect("Enter AlphaNumeric Characters Only");
     QTest::keySequence(&field, QKeySequence::Paste);
     EXPECT_EQ(shown(), "ABCPE1234FX");
+}
+
+TEST_F(ValidatedText, MenuDropAndInputMethodRunThroughTheSameFilter)
+{
+    field.setValidateData(2);
+    QApplication::clipboard()->setText("menu");
+    QTimer::singleShot(0, &field, [] {
+        auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+        ASSERT_NE(menu, nullptr);
+        for (QAction *action : menu->actions())
+            if (action->text().startsWith("&Paste"))
+                action->trigger();
+        menu->close();
+    });
+    QContextMenuEvent menuKey(QContextMenuEvent::Keyboard, QPoint(1, 1), field.mapToGlobal(QPoint(1, 1)));
+    QApplication::sendEvent(&field, &menuKey);
+    EXPECT_EQ(shown(), "MENU");
+
+    QInputMethodEvent composed;
+    composed.setCommitString("ime");
+    QApplication::sendEvent(&field, &composed);
+    EXPECT_EQ(shown(), "MENUIME");
+
+    QMimeData dropped;
+    dropped.setText("drop");
+    QDragEnterEvent enters(QPoint(5, 5), Qt::CopyAction, &dropped, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&field, &enters);
+    QDropEvent drop(QPointF(field.width() - 5, 5), Qt::CopyAction, &dropped, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&field, &drop);
+    EXPECT_EQ(shown(), "MENUIMEDROP");
 }
 
 TEST_F(ValidatedText, TextSetByCodeIsLeftAlone)
