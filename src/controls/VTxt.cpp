@@ -174,13 +174,12 @@ bool VTxt::event(QEvent *event)
 
 void VTxt::keyPressEvent(QKeyEvent *event)
 {
+    const bool types = !event->text().isEmpty() && event->text().at(0).isPrint();
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
         pressEnter();
-    else if (isReadOnly())
-        QLineEdit::keyPressEvent(event);
-    else if (event->matches(QKeySequence::Paste))
+    else if (!isReadOnly() && event->matches(QKeySequence::Paste))
         enterText(QApplication::clipboard()->text());
-    else if (!event->text().isEmpty() && event->text().at(0).isPrint())
+    else if (!isReadOnly() && types)
         typeCharacter(event);
     else
         QLineEdit::keyPressEvent(event);
@@ -211,7 +210,8 @@ void VTxt::typeCharacter(QKeyEvent *event)
     const TextRule::Answer answer = m_rule.answer(withoutSelection(nullptr), capital.at(0));
     if (answer.verdict == TextRule::Verdict::Refused) {
         event->accept();
-        return say(answer.message);
+        say(answer.message);
+        return;
     }
     const QPointer<VTxt> alive(this);
     if (answer.verdict == TextRule::Verdict::Passed)
@@ -330,8 +330,9 @@ void VTxt::contextMenuEvent(QContextMenuEvent *event)
 {
     const std::unique_ptr<QMenu> menu(createStandardContextMenu());
     const QList<QAction *> actions = menu->actions();
+    const QString pasteText = QLineEdit::tr("&Paste"); // its action has no other name
     const auto paste = std::find_if(actions.begin(), actions.end(),
-                                    [](const QAction *action) { return action->objectName() == "edit-paste"; });
+                                    [&](const QAction *action) { return action->text().startsWith(pasteText); });
     if (paste != actions.end()) {
         (*paste)->disconnect(this);
         connect(*paste, &QAction::triggered, this, [this] { enterText(QApplication::clipboard()->text()); });

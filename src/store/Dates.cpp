@@ -15,11 +15,11 @@ QDate toldToday;
 constexpr std::array monthNames = {"January", "February", "March",     "April",   "May",      "June",
                                    "July",    "August",   "September", "October", "November", "December"};
 
-/// Value of a text of ASCII digits alone, else nothing.
-std::optional<int> digitsValue(QStringView text)
+/// Value of a text of ASCII digits alone, so many at most, else nothing.
+std::optional<int> digitsValue(QStringView text, qsizetype longest = 2)
 {
     const bool digits = std::all_of(text.begin(), text.end(), [](QChar c) { return c >= u'0' && c <= u'9'; });
-    if (text.isEmpty() || text.size() > 4 || !digits)
+    if (text.isEmpty() || text.size() > longest || !digits)
         return std::nullopt;
     return text.toInt();
 }
@@ -70,7 +70,7 @@ std::optional<TypedDate> parseTyped(const QString &typed)
     const auto day = digitsValue(list.at(0));
     const auto month = digitsValue(list.at(1));
     const QString year = list.value(2);
-    if (!day || !month || (list.size() == 3 && !digitsValue(year)))
+    if (!day || !month || (list.size() == 3 && !digitsValue(year, 4)))
         return std::nullopt;
     const bool whole = year.size() == 4;
     constexpr int anyLeapYear = 2000;
@@ -175,9 +175,8 @@ bool isDateText(const QString &typed)
     const auto parsed = parseTyped(typed);
     if (!parsed)
         return false;
-    constexpr int windowEnd = 29;
     const int shown = parsed->year.isEmpty() ? today().year() : parsed->year.toInt();
-    const int year = shown >= 100 ? shown : shown + (shown > windowEnd ? 1900 : 2000);
+    const int year = shown >= 100 ? shown : 2000 + shown; // the century matters to 29 February alone
     return QDate::isValid(year, parsed->month, parsed->day);
 }
 
@@ -218,7 +217,7 @@ QDate DateFromText(const QString &text)
 {
     const auto day = digitsValue(QStringView(text).left(2));
     const auto month = digitsValue(QStringView(text).mid(3, 2));
-    const auto year = digitsValue(QStringView(text).right(4));
+    const auto year = digitsValue(QStringView(text).right(4), 4);
     if (text.size() < 10 || !day || !month || !year || *year < 100)
         return {};
     return QDate(*year, 1, 1).addMonths(*month - 1).addDays(*day - 1);

@@ -15,13 +15,13 @@ QString CONVERTTOSAVE(const QString &date);
 
 /// Completes a typed date ("1/6", "1.6.18") and writes it by `pattern`, whose 3rd and 6th characters are the
 /// separators. `year` holds the last year of the working financial year and is filled and lowered as the completion
-/// goes: April to December belong to the year before. Returns "" for no date.
+/// goes: April to December belong to the year before. Returns "" for no date. Blanks of an input mask do not count.
 QString CONVERTDATE(const QString &typed, const QString &pattern, QString &year);
 /// The same without a year of the caller's, as DD/MM/YYYY.
 QString CONVERTDATE(const QString &typed);
 
-/// True for a typed day-first date: two or three parts of digits between "/", "-" or ".". A year of less than three
-/// digits counts from 1930 to 2029, a missing one is the present year; no day runs over.
+/// True for a typed day-first date: two or three parts of digits between "/", "-" or ".". A missing year is the present
+/// one, one of two digits lies in this century; no day runs over. Blanks of an input mask do not count.
 bool isDateText(const QString &typed);
 
 /// A date or time by a pattern: d dd M MM MMM MMMM yy yyyy h hh n nn s ss AM/PM, letters in either case; "MM" is the

@@ -81,7 +81,7 @@ void addPlace(Section &section, bool obligatory)
 {
     section.digits = true;
     if (!section.point) {
-        section.leastWhole += obligatory || section.leastWhole > 0 ? 1 : 0;
+        section.leastWhole += obligatory ? 1 : 0;
         return;
     }
     ++section.decimals;
@@ -207,8 +207,7 @@ double roundHalfEven(double value)
 {
     if (!std::isfinite(value))
         return value;
-    const double whole = value - std::remainder(value, 1.0); // exact, whatever the rounding mode in force
-    return whole == 0 ? 0 : whole;
+    return value - std::remainder(value, 1.0); // exact, whatever the rounding mode in force
 }
 
 QString plainNumber(double value)

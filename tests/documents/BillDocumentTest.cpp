@@ -296,14 +296,13 @@ TEST(BillTemplate, IsNamedByTaxKindCopiesAndCompany)
 {
     const struct
     {
-        bool customized;
-        TaxType taxType;
-        bool twoCopies;
         const char *path;
-    } cases[] = {{false, TaxType::Intra, false, "/t/GST_Intra_Bill.doc"},
-                 {false, TaxType::Inter, true, "/t/GST_Inter_Bill_2Copy.doc"},
-                 {true, TaxType::None, false, "/t/12/GST_NoTax_Bill.doc"},
-                 {true, TaxType::Intra, true, "/t/12/GST_Intra_Bill_2Copy.doc"}};
+        TaxType taxType;
+        bool customized, twoCopies;
+    } cases[] = {{"/t/GST_Intra_Bill.doc", TaxType::Intra, false, false},
+                 {"/t/GST_Inter_Bill_2Copy.doc", TaxType::Inter, false, true},
+                 {"/t/12/GST_NoTax_Bill.doc", TaxType::None, true, false},
+                 {"/t/12/GST_Intra_Bill_2Copy.doc", TaxType::Intra, true, true}};
     for (const auto &c : cases)
         EXPECT_EQ(billTemplatePath("/t", 12, c.customized, c.taxType, c.twoCopies).toStdString(), c.path);
 }

@@ -135,7 +135,8 @@ TEST_F(Dates, PatternsKnowEitherCase)
         EXPECT_EQ(formatDate(moment, c.pattern).toStdString(), c.shown);
     const QDateTime midnight(QDate(2019, 5, 1), QTime(0, 0), Qt::UTC);
     EXPECT_EQ(formatDate(midnight, "hh AM/PM").toStdString(), "12 AM");
-    EXPECT_EQ(formatDate(midnight.addSecs(12 * 3600), "h AM/PM").toStdString(), "12 PM");
+    const QDateTime noon(QDate(2019, 5, 1), QTime(12, 0), Qt::UTC);
+    EXPECT_EQ(formatDate(noon, "h AM/PM").toStdString(), "12 PM");
     EXPECT_EQ(formatDate(QDate(), "dd/MM/yyyy").toStdString(), "");
     EXPECT_EQ(FormatDateSafe(QDate(2019, 9, 3), "dd-MMM-yy").toStdString(), "03-Sep-19");
 }

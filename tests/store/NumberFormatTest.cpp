@@ -69,9 +69,10 @@ TEST(WholeRupees, AgreesWithExactArithmeticForEveryAmountAndUsualRate)
 TEST(RoundHalfEven, AgreesWithExactFractions)
 {
     for (const qint64 divisor : {3, 7, 9, 11, 2951})
-        for (qint64 n = 0; n <= 60000; ++n) // an odd divisor never gives a half
-            ASSERT_EQ(roundHalfEven(double(n) / double(divisor)), double((2 * n + divisor) / (2 * divisor)))
-                << n << '/' << divisor;
+        for (qint64 n = 0; n <= 60000; ++n) { // an odd divisor never gives a half
+            const qint64 exact = (2 * n + divisor) / (2 * divisor);
+            ASSERT_EQ(roundHalfEven(double(n) / double(divisor)), double(exact)) << n << '/' << divisor;
+        }
 }
 
 TEST(RoundHalfEven, TakesHalvesToTheEvenNumberOnTheDoubleAsItIs)
@@ -191,7 +192,7 @@ std::string groupedByDivision(qint64 value)
     };
     std::string text = ',' + padded(value % 1000, 3);
     for (value /= 1000; value >= 100; value /= 100)
-        text = ',' + padded(value % 100, 2) + text;
+        text.insert(0, ',' + padded(value % 100, 2));
     return std::to_string(value) + text;
 }
 
