@@ -24,7 +24,7 @@ int newId(MYSQL *handle)
     if (!send(handle, "Select Max(BillSrNo) as MaxSr From GST_BillM"))
         return 0;
     MYSQL_RES *result = mysql_store_result(handle);
-    const MYSQL_ROW row = result ? mysql_fetch_row(result) : nullptr;
+    char **row = result ? mysql_fetch_row(result) : nullptr;
     const int highest = row && row[0] ? std::atoi(row[0]) : 0;
     mysql_free_result(result);
     return highest + 1;
