@@ -1,0 +1,56 @@
+#include "components/reporter/Paint.h"
+
+#include <QPainter>
+
+namespace ledgora::reporter {
+
+namespace {
+
+Qt::PenStyle penStyle(LineStyle style)
+{
+    switch (style) {
+    case LineStyle::Dotted:
+        return Qt::DotLine;
+    case LineStyle::Dashed:
+        return Qt::DashLine;
+    default:
+        return Qt::SolidLine;
+    }
+}
+
+void paintRule(QPainter &painter, const Rule &rule)
+{
+    painter.setPen(QPen(QColor::fromRgb(rule.colour), rule.width, penStyle(rule.style), Qt::FlatCap));
+    if (rule.style != LineStyle::Double) {
+        painter.drawLine(rule.from, rule.to);
+        return;
+    }
+    // Two lines of the given width with as much between them.
+    const bool level = qFuzzyCompare(rule.from.y(), rule.to.y());
+    const QPointF apart = level ? QPointF(0, rule.width) : QPointF(rule.width, 0);
+    painter.drawLine(rule.from - apart, rule.to - apart);
+    painter.drawLine(rule.from + apart, rule.to + apart);
+}
+
+} // namespace
+
+void paintPage(QPainter &painter, const Page &page)
+{
+    for (const FilledArea &filled : page.drawing.areas)
+        painter.fillRect(filled.area, QColor::fromRgb(filled.colour));
+    for (const Rule &rule : page.drawing.rules)
+        paintRule(painter, rule);
+    for (const TextPiece &piece : page.drawing.texts) {
+        painter.setFont(piece.font);
+        painter.setPen(QColor::fromRgb(piece.colour));
+        painter.drawText(piece.baseline, piece.text);
+    }
+}
+
+void scaleToTwips(QPainter &painter, qreal dotsPerInchX, qreal dotsPerInchY)
+{
+    constexpr qreal twipsPerInch = 1440;
+    painter.scale(dotsPerInchX / twipsPerInch, dotsPerInchY / twipsPerInch);
+}
+
+} // namespace ledgora::reporter
