@@ -10,11 +10,12 @@ class CommandButton : public QPushButton
 {
     Q_OBJECT
     /// Whether the field that is left must pass its check first. Cancel and Back do without.
-    Q_PROPERTY(bool causesValidation MEMBER m_causesValidation)
+    Q_PROPERTY(bool causesValidation READ causesValidation WRITE setCausesValidation)
 public:
     using QPushButton::QPushButton;
 
     bool causesValidation() const { return m_causesValidation; }
+    void setCausesValidation(bool causes) { m_causesValidation = causes; }
 
 protected:
     bool event(QEvent *event) override;

@@ -8,13 +8,16 @@ namespace ledgora {
 class LineField : public QLineEdit
 {
     Q_OBJECT
-    Q_PROPERTY(bool upperCase MEMBER m_upperCase)
+    Q_PROPERTY(bool upperCase READ isUpperCase WRITE setUpperCase)
 public:
     using QLineEdit::QLineEdit;
 
     QString hiddenValue() const { return m_hiddenValue; }
     void setHiddenValue(const QString &value) { m_hiddenValue = value; }
     void clearBoth();
+
+    bool isUpperCase() const { return m_upperCase; }
+    void setUpperCase(bool upperCase) { m_upperCase = upperCase; }
 
 protected:
     /// Letters typed into an upper-case field become capitals.

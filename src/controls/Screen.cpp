@@ -44,7 +44,7 @@ void Screen::enterMovesOn(std::initializer_list<QWidget *> widgets)
 
 void Screen::command(QAbstractButton *button, std::function<void()> handler)
 {
-    on(button, &QAbstractButton::clicked, [this, handler = std::move(handler)] {
+    on(button, &QAbstractButton::clicked, [this, handler = std::move(handler)](bool) {
         if (settle())
             handler();
     });
