@@ -5,6 +5,7 @@
 #include "Waiting.h"
 #include <QDir>
 #include <QFile>
+#include <QRegularExpression>
 #include <QStorageInfo>
 #include <array>
 #include <cstdio>
@@ -19,15 +20,15 @@ namespace ledgora::app {
 
 namespace {
 
-constexpr qint64 almostFull = 2 * 1024 * 1024;
+constexpr qint64 almostFull = qint64(2) * 1024 * 1024;
 
 /// What a failed server leaves behind as a text: the reason a user can mend first, then the words of the log.
 QString failureText(const QString &what, const ServerFolder &folder, qint64 logStart)
 {
     const QString tail = folder.logTail(logStart);
     const QStorageInfo disk(folder.path(QStringLiteral(".")));
-    const bool full = tail.contains(QLatin1String("No space left")) || tail.contains(QLatin1String("Errcode: 28"))
-                      || tail.contains(QLatin1String("errno: 28")) || disk.bytesAvailable() < almostFull;
+    static const QRegularExpression fullWords(QStringLiteral("No space left|(errno|Errcode|error):? 28\\b"));
+    const bool full = tail.contains(fullWords) || disk.bytesAvailable() < almostFull;
     QString text = what;
     if (full)
         text += QStringLiteral(" There is no room left on the disk %1.").arg(disk.rootPath());

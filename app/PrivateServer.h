@@ -16,8 +16,10 @@ class PrivateServer
 public:
     struct Settings
     {
-        QString dataFolder;              ///< DIR
-        int lockWaitSeconds = 60;        ///< how long a table lock is waited for
+        QString dataFolder;       ///< DIR
+        int lockWaitSeconds = 60; ///< how long a table lock is waited for
+        // Spelt out, so that designated initialisers may leave it out.
+        // NOLINTNEXTLINE(readability-redundant-member-init)
         QString serverProgram = {};      ///< default: mariadbd from PATH or /usr/sbin
         std::chrono::seconds limit{120}; ///< how long a start or stop waits for the server, recovery included
     };

@@ -18,7 +18,7 @@ namespace {
 
 // The server keeps names in buffers of 512 bytes; what it appends to its folder stays below the difference.
 constexpr int longestFolder = 400;
-constexpr qint64 largestLog = 1024 * 1024;
+constexpr qint64 largestLog = qint64(1024) * 1024;
 constexpr qint64 longestTail = 1500;
 
 QString systemText(int error)
@@ -76,7 +76,7 @@ QString ServerFolder::path(const QString &name) const
 
 QString ServerFolder::socketAddress() const
 {
-    const QString whole = path(QStringLiteral("ledgora.sock"));
+    QString whole = path(QStringLiteral("ledgora.sock"));
     if (QFile::encodeName(whole).size() < int(sizeof(sockaddr_un::sun_path)))
         return whole;
     return QStringLiteral("/proc/self/fd/%1/ledgora.sock").arg(m_folder.number());
@@ -168,7 +168,7 @@ QString ServerFolder::writeSettings(int lockWaitSeconds) const
                             "interactive_timeout=31536000\n"
                             "lock_wait_timeout="
                             + QByteArray::number(lockWaitSeconds) + "\n";
-    const QString fault = makeFolder(path(QStringLiteral("tmp")));
+    QString fault = makeFolder(path(QStringLiteral("tmp")));
     if (!fault.isEmpty())
         return fault;
     const Descriptor file(::openat(m_folder.number(), settingsFile, O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600));

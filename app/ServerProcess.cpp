@@ -15,7 +15,7 @@ QString findServerProgram(const QString &wanted)
     if (!wanted.isEmpty())
         return QFileInfo(wanted).isExecutable() ? QFileInfo(wanted).absoluteFilePath() : QString();
     const QString name = QStringLiteral("mariadbd");
-    const QString found = QStandardPaths::findExecutable(name);
+    QString found = QStandardPaths::findExecutable(name);
     if (!found.isEmpty())
         return found;
     // A clerk's PATH seldom holds the folders of services.

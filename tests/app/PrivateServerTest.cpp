@@ -8,7 +8,7 @@
 #include <gtest/gtest.h>
 #include <memory>
 #include <mysql.h>
-#include <sys/file.h>
+#include <sys/mount.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <thread>
@@ -33,7 +33,7 @@ QString ask(MYSQL *handle, const char *sql)
     MYSQL_RES *result = mysql_store_result(handle);
     if (!result)
         return {};
-    const MYSQL_ROW row = mysql_fetch_row(result);
+    char **row = mysql_fetch_row(result);
     const QString text = row && row[0] ? QString::fromUtf8(row[0]) : QString();
     mysql_free_result(result);
     return text;
@@ -236,6 +236,23 @@ TEST_F(PrivateServerTest, FaultsAreToldInWords)
         EXPECT_TRUE(server.error().contains(fault.words)) << server.error().toStdString();
         EXPECT_EQ(server.connect(), nullptr);
     }
+}
+
+TEST_F(PrivateServerTest, FullDiskIsNamedAndLeavesNothingHalfMade)
+{
+    ASSERT_TRUE(QDir().mkpath(data()));
+    const QByteArray disk = QFile::encodeName(data());
+    if (::mount("tmpfs", disk.constData(), "tmpfs", 0, "size=20m,mode=0700") != 0)
+        GTEST_SKIP() << "mounting a small disk needs root";
+    {
+        PrivateServer server(settings());
+        EXPECT_FALSE(server.start());
+        EXPECT_TRUE(server.error().contains("no room left on the disk")) << server.error().toStdString();
+        EXPECT_FALSE(QFileInfo::exists(inServer("data")));
+        EXPECT_EQ(::mount("tmpfs", disk.constData(), "tmpfs", MS_REMOUNT, "size=128m"), 0);
+        EXPECT_TRUE(server.start()) << server.error().toStdString();
+    }
+    ::umount(disk.constData());
 }
 
 TEST_F(PrivateServerTest, FolderThatCanNotBeWrittenIsRefused)

@@ -108,14 +108,14 @@ Connection &Database::other()
     return *m_other->connection;
 }
 
-void Database::run(const QString &sql)
+void Database::run(const QString &sql) const
 {
     const QByteArray text = sql.toUtf8();
     if (mysql_real_query(handle(), text.constData(), static_cast<unsigned long>(text.size())) != 0)
         ADD_FAILURE() << text.constData() << ": " << mysql_error(handle());
 }
 
-QStringList Database::rows(const QString &sql)
+QStringList Database::rows(const QString &sql) const
 {
     run(sql);
     const std::unique_ptr<MYSQL_RES, decltype(&mysql_free_result)> result(mysql_store_result(handle()),
@@ -123,7 +123,7 @@ QStringList Database::rows(const QString &sql)
     QStringList lines;
     if (!result)
         return lines;
-    while (const MYSQL_ROW row = mysql_fetch_row(result.get())) {
+    while (char **row = mysql_fetch_row(result.get())) {
         const unsigned long *lengths = mysql_fetch_lengths(result.get());
         QStringList cells;
         for (unsigned column = 0; column < mysql_num_fields(result.get()); ++column)
@@ -134,7 +134,7 @@ QStringList Database::rows(const QString &sql)
     return lines;
 }
 
-void Database::empty()
+void Database::empty() const
 {
     const QStringList tables = rows("Select table_name From information_schema.tables Where table_schema=Database() "
                                     "and table_type='BASE TABLE' and table_name<>'ledgora_schema'");

@@ -29,11 +29,11 @@ public:
     Connection &other();
 
     /// A statement of the test's own, past the code under test; a failed one fails the test.
-    void run(const QString &sql);
+    void run(const QString &sql) const;
     /// The rows of a query of the test's own, cells joined with "|", NULL as "NULL".
-    QStringList rows(const QString &sql);
+    QStringList rows(const QString &sql) const;
     /// Empties every table but the schema's version, so that the tests of a suite can share the database.
-    void empty();
+    void empty() const;
 
 private:
     struct User
