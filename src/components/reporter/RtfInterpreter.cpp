@@ -376,6 +376,11 @@ void RtfInterpreter::endCell()
     if (m_state.destination != Destination::Body)
         return;
     m_cellBlocks.push_back({takeParagraph()});
+    closeCell();
+}
+
+void RtfInterpreter::closeCell()
+{
     if (m_cells.size() < mostCellsInRow)
         m_cells.emplace_back();
     std::move(m_cellBlocks.begin(), m_cellBlocks.end(), std::back_inserter(m_cells.back()));
@@ -388,8 +393,10 @@ void RtfInterpreter::endRow()
 {
     if (m_state.destination != Destination::Body)
         return;
-    if (!m_cellBlocks.empty() || !m_runs.empty())
+    if (!m_runs.empty())
         endCell();
+    else if (!m_cellBlocks.empty())
+        closeCell();
     Row row{m_row, {}};
     for (const CellFormat &format : m_cellFormats)
         row.cells.push_back({format, {}});
