@@ -52,9 +52,10 @@ def label(text):
 def paragraph(*runs, align="ql", before=0, intbl=True, hang=0, tabs=(), exact=0):
     """A paragraph of runs with tabs between them, which stand at `tabs`; with `hang` the second run stands that far
     from the left, and further lines below it. `exact` is a line height that does not follow the fonts."""
-    words = "\\pard\\plain%s\\%s\\sb%d%s%s\\f0\\fs2 " % (
-        "\\intbl" if intbl else "", align, before, "\\li%d\\fi-%d\\tx%d" % (hang, hang, hang) if hang else "".join("\\tx%d" % tab for tab in tabs),
-        "\\sl-%d\\slmult0" % exact if exact else "")
+    stops = "\\li%d\\fi-%d" % (hang, hang) if hang else ""
+    stops += "".join("\\tx%d" % tab for tab in tabs or (hang,) if tab)
+    height = "\\sl-%d\\slmult0" % exact if exact else ""
+    words = "\\pard\\plain%s\\%s\\sb%d%s%s\\f0\\fs2 " % ("\\intbl" if intbl else "", align, before, stops, height)
     return words + "\\tab ".join(runs) + "\\fs2"
 
 
