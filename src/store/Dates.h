@@ -20,6 +20,10 @@ QString CONVERTDATE(const QString &typed, const QString &pattern, QString &year)
 /// The same without a year of the caller's, as DD/MM/YYYY.
 QString CONVERTDATE(const QString &typed);
 
+/// True for a typed day-first date: two or three parts of digits between "/", "-" or ".". A year of less than three
+/// digits counts from 1930 to 2029, a missing one is the present year; no day runs over.
+bool isDateText(const QString &typed);
+
 /// A date or time by a pattern: d dd M MM MMM MMMM yy yyyy h hh n nn s ss AM/PM, letters in either case; "MM" is the
 /// month and "nn" the minute. Month names English whatever the machine speaks, in proper case.
 QString formatDate(const QDateTime &value, const QString &pattern);

@@ -1,0 +1,25 @@
+#include "store/DocumentNumber.h"
+
+#include "store/Connection.h"
+#include "store/ErrorLog.h"
+#include "store/SqlText.h"
+
+namespace ledgora {
+
+QString COMBNOSERIESGST(Connection &db, int seriesId, const QString &No)
+{
+    const ErrorSite site("MODGST", "COMBNOSERIESGST");
+    Recordset series = db.Open("Select * from GST_Series WHERE SeriesSrNo=" + number(seriesId));
+    if (!series.next())
+        return No;
+    return joinSeries(series.text("Series"), series.text("SP"), No);
+}
+
+QString joinSeries(const QString &series, const QString &position, const QString &number)
+{
+    if (series.contains("##"))
+        return QString(series).replace("##", number);
+    return position == "S" ? QString(number + series) : QString(series + number);
+}
+
+} // namespace ledgora

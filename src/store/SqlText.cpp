@@ -1,0 +1,36 @@
+#include "store/SqlText.h"
+
+#include <array>
+#include <charconv>
+#include <cmath>
+
+namespace ledgora {
+
+QString SqlText(const QString &text)
+{
+    QString safe = text;
+    safe.replace(u'\'', QStringLiteral("''"));
+    safe.replace(u'\\', QStringLiteral("\\\\"));
+    return safe;
+}
+
+QString quoted(const QString &text)
+{
+    return u'\'' + SqlText(text) + u'\'';
+}
+
+QString number(qint64 value)
+{
+    return QString::number(value);
+}
+
+QString number(double value)
+{
+    if (!std::isfinite(value) || value == 0)
+        return QStringLiteral("0"); // the server knows neither infinity nor a negative zero
+    std::array<char, 400> digits{}; // the smallest and the largest double need some 350 places without an exponent
+    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value, std::chars_format::fixed);
+    return QString::fromLatin1(digits.data(), end.ptr - digits.data());
+}
+
+} // namespace ledgora
