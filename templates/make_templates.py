@@ -49,11 +49,13 @@ def label(text):
     return run(text, SMALL, grey=True)
 
 
-def paragraph(*runs, align="ql", before=0, intbl=True, hang=0, tabs=()):
+def paragraph(*runs, align="ql", before=0, intbl=True, hang=0, tabs=(), exact=0):
     """A paragraph of runs with tabs between them, which stand at `tabs`; with `hang` the second run stands that far
-    from the left, and further lines below it."""
-    words = "\\pard\\plain%s\\%s\\sb%d%s\\f0\\fs2 " % (
-        "\\intbl" if intbl else "", align, before, "\\li%d\\fi-%d\\tx%d" % (hang, hang, hang) if hang else "".join("\\tx%d" % tab for tab in tabs))
+    from the left, and further lines below it. `exact` is a line height that does not follow the fonts."""
+    stops = "\\li%d\\fi-%d" % (hang, hang) if hang else ""
+    stops += "".join("\\tx%d" % tab for tab in tabs or (hang,) if tab)
+    height = "\\sl-%d\\slmult0" % exact if exact else ""
+    words = "\\pard\\plain%s\\%s\\sb%d%s%s\\f0\\fs2 " % ("\\intbl" if intbl else "", align, before, stops, height)
     return words + "\\tab ".join(runs) + "\\fs2"
 
 
@@ -192,9 +194,10 @@ def totals(kind):
 
 
 def amount():
-    return row(Cell(7400, paragraph(label("Amount in words")), paragraph(run("#TOTWORDS#"), before=20)),
+    # The rupee sign comes from another font, whose taller line would put the two texts out of line.
+    return row(Cell(7400, paragraph(label("Amount in words")), paragraph(run("#TOTWORDS#"), exact=230)),
                Cell(WIDTH - 7400, paragraph(label("Amount payable"), align="qr"),
-                    paragraph(run("₹ #TOTFIGS#", bold=True), align="qr", before=20)),
+                    paragraph(run("₹ #TOTFIGS#", bold=True), align="qr", exact=230)),
                top=90, bottom=120)
 
 

@@ -142,7 +142,7 @@ struct Cell
     CellFormat format;
     std::vector<Block> blocks;
 
-    bool operator==(const Cell &) const;
+    bool operator==(const Cell &other) const;
 };
 
 struct RowHeight
@@ -188,7 +188,10 @@ struct Block
     bool operator==(const Block &) const = default;
 };
 
-inline bool Cell::operator==(const Cell &) const = default;
+inline bool Cell::operator==(const Cell &other) const
+{
+    return format == other.format && blocks == other.blocks;
+}
 
 struct PageSetup
 {

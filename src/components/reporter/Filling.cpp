@@ -2,6 +2,7 @@
 
 #include "store/NumberFormat.h"
 #include <algorithm>
+#include <ranges>
 
 namespace ledgora::reporter {
 
@@ -63,8 +64,8 @@ int replaceInParagraph(Paragraph &paragraph, const QString &placeholder, const Q
     for (qsizetype at = all.indexOf(placeholder); at >= 0; at = all.indexOf(placeholder, at + placeholder.size()))
         found.push_back(at);
     // From the last to the first, so that the positions found stay right and what goes in is not searched again.
-    for (auto at = found.rbegin(); at != found.rend(); ++at)
-        replaceSpan(paragraph.runs, *at, placeholder.size(), text);
+    for (const qsizetype at : std::views::reverse(found))
+        replaceSpan(paragraph.runs, at, placeholder.size(), text);
     if (!found.empty())
         std::erase_if(paragraph.runs, [](const Run &run) { return run.text.isEmpty(); });
     return static_cast<int>(found.size());

@@ -118,8 +118,10 @@ void Pager::addRows(const TableLayout &table, std::size_t first, std::size_t end
         else
             newTablePage(table);
     }
-    if (height <= rest())
-        return put(table.draw(first, end), height);
+    if (height <= rest()) {
+        put(table.draw(first, end), height);
+        return;
+    }
     for (std::size_t row = first; row < end; ++row)
         addSplit(table, row);
 }

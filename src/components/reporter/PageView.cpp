@@ -79,14 +79,13 @@ void PageView::updateBars()
     horizontalScrollBar()->setRange(0, std::max(0, static_cast<int>(std::ceil(whole.width())) - viewport()->width()));
 }
 
-void PageView::applyZoom(qreal zoom)
+void PageView::applyZoom(qreal zoom, qreal anchor)
 {
     const qreal before = std::max(1.0, wholeSize().height());
-    const qreal middle = verticalScrollBar()->value() + viewport()->height() / 2.0;
+    const qreal fixed = verticalScrollBar()->value() + anchor;
     m_zoom = std::clamp(zoom, smallestZoom, largestZoom);
     updateBars();
-    verticalScrollBar()->setValue(
-        static_cast<int>(std::lround(middle * wholeSize().height() / before - viewport()->height() / 2.0)));
+    verticalScrollBar()->setValue(static_cast<int>(std::lround(fixed * wholeSize().height() / before - anchor)));
     horizontalScrollBar()->setValue(horizontalScrollBar()->maximum() / 2);
     viewport()->update();
     Q_EMIT viewChanged();
@@ -95,7 +94,7 @@ void PageView::applyZoom(qreal zoom)
 void PageView::setZoom(qreal zoom)
 {
     m_fitting = false;
-    applyZoom(zoom);
+    applyZoom(zoom, viewport()->height() / 2.0);
 }
 
 void PageView::zoomIn()
@@ -114,7 +113,7 @@ void PageView::fitWidth()
     if (m_widest <= 0)
         return;
     const qreal room = viewport()->width() - 2 * gap;
-    applyZoom(std::min(largestFit, room * 1440 / (m_widest * logicalDpiX())));
+    applyZoom(std::min(largestFit, room * 1440 / (m_widest * logicalDpiX())), 0);
 }
 
 int PageView::currentPage() const

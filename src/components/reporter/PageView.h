@@ -39,7 +39,7 @@ private:
     qreal pixelsPerTwip() const;
     QRectF pageArea(int page) const; ///< in pixels of the whole column of pages
     QSizeF wholeSize() const;
-    void applyZoom(qreal zoom);
+    void applyZoom(qreal zoom, qreal anchor); ///< what lies `anchor` pixels below the view's top stays there
     void updateBars();
 
     PageList m_pages;

@@ -1,6 +1,7 @@
 #include "components/reporter/Paint.h"
 
 #include <QPainter>
+#include <algorithm>
 
 namespace ledgora::reporter {
 
@@ -18,9 +19,17 @@ Qt::PenStyle penStyle(LineStyle style)
     }
 }
 
+/// On a screen a hair-thin rule is one whole dot, or it would fade.
+qreal drawnWidth(const QPainter &painter, qreal width)
+{
+    const qreal scale = painter.worldTransform().m22();
+    return scale > 0 ? std::max(width, 1 / scale) : width;
+}
+
 void paintRule(QPainter &painter, const Rule &rule)
 {
-    painter.setPen(QPen(QColor::fromRgb(rule.colour), rule.width, penStyle(rule.style), Qt::FlatCap));
+    painter.setPen(
+        QPen(QColor::fromRgb(rule.colour), drawnWidth(painter, rule.width), penStyle(rule.style), Qt::FlatCap));
     if (rule.style != LineStyle::Double) {
         painter.drawLine(rule.from, rule.to);
         return;
@@ -36,10 +45,14 @@ void paintRule(QPainter &painter, const Rule &rule)
 
 void paintPage(QPainter &painter, const Page &page)
 {
+    // Edges on whole dots: neighbouring areas leave no seam and rules stay crisp.
+    const bool smooth = painter.testRenderHint(QPainter::Antialiasing);
+    painter.setRenderHint(QPainter::Antialiasing, false);
     for (const FilledArea &filled : page.drawing.areas)
         painter.fillRect(filled.area, QColor::fromRgb(filled.colour));
     for (const Rule &rule : page.drawing.rules)
         paintRule(painter, rule);
+    painter.setRenderHint(QPainter::Antialiasing, smooth);
     for (const TextPiece &piece : page.drawing.texts) {
         painter.setFont(piece.font);
         painter.setPen(QColor::fromRgb(piece.colour));

@@ -74,6 +74,7 @@ private:
     void fontText(const QString &text);
     void colourText(const QString &text);
     Paragraph takeParagraph();
+    void closeCell();
     void closeOpenRow();
     bool withinLimits();
     void finish(const RtfTokens &tokens, bool closed);

@@ -18,8 +18,8 @@ struct RtfRead
 RtfRead readRtf(QByteArrayView text);
 
 constexpr int deepestGroup = 200;
-constexpr qsizetype largestInput = 64 * 1024 * 1024;
-constexpr qsizetype mostCharacters = 4 * 1024 * 1024;
+constexpr qsizetype largestInput = 64LL * 1024 * 1024;
+constexpr qsizetype mostCharacters = 4LL * 1024 * 1024;
 constexpr int mostParagraphs = 100'000;
 constexpr int mostCellsInRow = 200;
 

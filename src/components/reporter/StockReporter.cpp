@@ -30,8 +30,10 @@ void StockReporter::newreportnew(const QString &templatePath)
     m_report.reset();
     QString fault;
     const auto parsed = m_templates.load(templatePath, fault);
-    if (!parsed)
-        return log(unreadableFile, templatePath + QStringLiteral(": ") + fault);
+    if (!parsed) {
+        log(unreadableFile, templatePath + QStringLiteral(": ") + fault);
+        return;
+    }
     if (!parsed->error.isEmpty())
         log(faultyTemplate, templatePath + QStringLiteral(": ") + parsed->error);
     m_name = QFileInfo(templatePath).completeBaseName();
@@ -59,8 +61,10 @@ void StockReporter::noteName(const QString &placeholder, const PlaceholderValue 
 void StockReporter::ShowReport(bool)
 {
     const ErrorSite site("REPORTER", "SHOWREPORT");
-    if (!m_report)
-        return log(noReport, QStringLiteral("there is no report to show"));
+    if (!m_report) {
+        log(noReport, QStringLiteral("there is no report to show"));
+        return;
+    }
     auto *viewer = new Viewer(layoutDocument(m_report->document()), m_name); // deletes itself when it is closed
     if (gMdi)
         gMdi->showScreen(*viewer);
@@ -71,8 +75,10 @@ void StockReporter::ShowReport(bool)
 void StockReporter::SaveToPDF(const QString &path, int)
 {
     const ErrorSite site("REPORTER", "SAVETOPDF");
-    if (!m_report)
-        return log(noReport, QStringLiteral("there is no report to save"));
+    if (!m_report) {
+        log(noReport, QStringLiteral("there is no report to save"));
+        return;
+    }
     const QString fault = writePdf(layoutDocument(m_report->document()), path, m_name);
     if (!fault.isEmpty())
         log(unwritableFile, path + QStringLiteral(": ") + fault);
