@@ -53,8 +53,8 @@ const DemoBill demoBills[] = {
 class Demo
 {
 public:
-    Demo(Office &office, MainWindow &window, QString outFolder)
-        : m_office(office), m_clerk(window), m_window(window), m_out(std::move(outFolder))
+    Demo(Office &office, MainWindow &window, QString outFolder, Look look)
+        : m_office(office), m_clerk(window), m_window(window), m_out(std::move(outFolder)), m_look(std::move(look))
     {
     }
 
@@ -70,6 +70,8 @@ private:
     void keyInLine(const DemoLine &line);
     void savePdf(const DemoBill &bill);
     void refusedBill();
+    void browse();
+    void look(const char *name);
     void tellFiguresAndFiles();
     double stored(const QString &query);
 
@@ -77,29 +79,39 @@ private:
     Clerk m_clerk;
     MainWindow &m_window;
     QString m_out;
+    Look m_look;
     QString m_fault;
     int m_bills = 0;
 };
 
 QString Demo::run()
 {
-    step(QStringLiteral("home screen opened"), [this] { m_clerk.press(Qt::Key_G, Qt::ControlModifier); });
+    step(QStringLiteral("home screen opened"), [this] {
+        m_clerk.press(Qt::Key_G, Qt::ControlModifier);
+        look("home-first-start");
+    });
     step(QStringLiteral("company SHARMA & ASSOCIATES created"), [this] { createCompany(); });
     step(QStringLiteral("two other clients added"), [this] {
         m_clerk.alt('O');
+        look("other-clients-first-start");
         addOtherClient({"GUPTA TRADING COMPANY", "14", "GUPTA HOUSE", "CHANDNI CHOWK", "OLD DELHI", "DELHI", "110006"}, "DEL",
                        {"23456789", "", "", "9810012345", "accounts@gupta.example", "AABFG1234C", "07AABFG1234C1Z5"});
         addOtherClient({"KULKARNI FOODS PVT. LTD.", "7/2", "SHREE APARTMENTS", "F C ROAD", "SHIVAJINAGAR", "PUNE", "411004"},
                        "MAH", {"", "", "", "9822054321", "", "AADCK4321F", "27AADCK4321F1Z8"});
+        look("other-clients");
         m_clerk.press(Qt::Key_Escape);
         check(stored(QStringLiteral("Select count(*) from GST_OthCl")) == 2, QStringLiteral("two other clients are stored"));
     });
     step(QStringLiteral("templates chosen"), [this] { chooseTemplates(); });
-    step(QStringLiteral("bill screen opened"), [this] { m_clerk.alt('B'); });
+    step(QStringLiteral("bill screen opened"), [this] {
+        m_clerk.alt('B');
+        look("bill-screen-first-start");
+    });
     for (const DemoBill &bill : demoBills) {
         step(QStringLiteral("bill %1 keyed in and saved").arg(m_bills + 1), [&] { keyInBill(bill); });
         step(QStringLiteral("its preview saved as ") + QLatin1String(bill.pdf), [&] { savePdf(bill); });
     }
+    step(QStringLiteral("bills browsed, by key and in the list"), [this] { browse(); });
     step(QStringLiteral("a bill refused by a check, and cancelled"), [this] { refusedBill(); });
     if (m_fault.isEmpty())
         tellFiguresAndFiles();
@@ -129,6 +141,12 @@ void Demo::check(bool holds, const QString &what)
         m_fault = QStringLiteral("it does not hold that ") + what;
 }
 
+void Demo::look(const char *name)
+{
+    if (m_look)
+        m_look(QLatin1String(name), m_window);
+}
+
 double Demo::stored(const QString &query)
 {
     Recordset rows = m_office.connection().Open(query);
@@ -146,7 +164,9 @@ void Demo::createCompany()
                              "07AAAFS1234K1Z5", "SHARMA & ASSOCIATES", "STATE BANK OF INDIA", "NEHRU PLACE", "30123456789",
                              "SBIN0001234", "BY CHEQUE OR NEFT", "R K SHARMA", "PARTNER", ""})
         m_clerk.enter(QLatin1String(text));
+    look("company-edit");
     m_clerk.alt('S');
+    look("home");
     check(stored(QStringLiteral("Select count(*) from GST_FirmMas Where StateNm='DELHI' and GSTIN='07AAAFS1234K1Z5'")) == 1,
           QStringLiteral("the company is stored"));
 }
@@ -160,6 +180,7 @@ void Demo::addOtherClient(const QStringList &fields, const QString &state, const
     m_clerk.press(Qt::Key_Return);
     for (const QString &text : rest)
         m_clerk.enter(text);
+    look("other-client-edit");
     m_clerk.alt('S');
 }
 
@@ -170,6 +191,7 @@ void Demo::chooseTemplates()
     m_clerk.choose(QStringLiteral("S"));                // single copy of bills
     m_clerk.press(Qt::Key_Return);
     m_clerk.choose(QStringLiteral("S")); // and of receipts
+    look("template-setup");
     m_clerk.alt('B');
     check(QFileInfo(joinPath(joinPath(m_office.dataFolder(), QStringLiteral("GST_Templates")), QStringLiteral("Settings.txt"))).size() > 0,
           QStringLiteral("the choice of templates is stored"));
@@ -179,6 +201,8 @@ void Demo::keyInLine(const DemoLine &line)
 {
     const auto pick = [this](int entry) {
         m_clerk.press(Qt::Key_Return); // opens the list
+        if (entry > 0)
+            look("bill-pick-list");
         m_clerk.press(Qt::Key_Home);
         m_clerk.press(Qt::Key_Down, Qt::NoModifier, entry);
         m_clerk.press(Qt::Key_Return);
@@ -201,7 +225,9 @@ void Demo::keyInLine(const DemoLine &line)
 void Demo::keyInBill(const DemoBill &bill)
 {
     m_clerk.alt('A');
-    m_clerk.enter(QLatin1String(bill.party));            // the list follows; Enter takes the row
+    m_clerk.type(QLatin1String(bill.party)); // the list follows; Enter takes the row
+    look("bill-type-ahead");
+    m_clerk.press(Qt::Key_Return);
     m_clerk.press(Qt::Key_Return, Qt::NoModifier, 4);    // series, number, date, place of supply
     if (bill.taxType)
         m_clerk.choose(QString(QLatin1Char(bill.taxType)));
@@ -211,8 +237,10 @@ void Demo::keyInBill(const DemoBill &bill)
     m_clerk.press(Qt::Key_Tab, Qt::NoModifier, 4);
     m_clerk.press(Qt::Key_Return); // an empty amount ends the lines
     m_clerk.type(QLatin1String(bill.narration));
+    look("bill-entry");
     m_clerk.alt('U');
     ++m_bills;
+    look("bill-saved");
     check(stored(QStringLiteral("Select count(*) from GST_BillM")) == m_bills, QStringLiteral("the bill is stored"));
     check(stored("Select sum(TotalAmt) from GST_BillD Where BillId=" + number(m_bills)) == bill.expectedTotal,
           QStringLiteral("its total is ") + plainNumber(bill.expectedTotal));
@@ -224,9 +252,26 @@ void Demo::savePdf(const DemoBill &bill)
     QFile::remove(path);
     m_clerk.expectFileDialog(path);
     m_clerk.alt('P');
+    look("preview");
     m_clerk.press(Qt::Key_S, Qt::ControlModifier);
     m_clerk.press(Qt::Key_Escape);
     check(QFileInfo(path).size() > 0, QStringLiteral("the PDF file is there"));
+}
+
+void Demo::browse()
+{
+    m_clerk.alt('V');
+    look("bill-browsed");
+    m_clerk.alt('H');
+    look("bill-list");
+    m_clerk.press(Qt::Key_Up);
+    m_clerk.press(Qt::Key_Return);
+    m_clerk.press(Qt::Key_M, Qt::AltModifier);
+    m_clerk.press(Qt::Key_F12);
+    look("bill-earlier-particulars");
+    m_clerk.press(Qt::Key_Escape);
+    look("bill-modify");
+    m_clerk.alt('C');
 }
 
 void Demo::refusedBill()
@@ -273,7 +318,7 @@ QString clearOffice(const QString &folder)
 
 } // namespace
 
-QString runDemo(const QString &outFolder)
+QString runDemo(const QString &outFolder, const Look &look)
 {
     QElapsedTimer clock;
     clock.start();
@@ -295,7 +340,7 @@ QString runDemo(const QString &outFolder)
     window.activateWindow();
     Clerk::settle();
     std::printf("%7lld ms  window\n", static_cast<long long>(clock.elapsed()));
-    return Demo(office, window, out).run();
+    return Demo(office, window, out, look).run();
 }
 
 } // namespace ledgora::app

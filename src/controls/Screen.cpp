@@ -2,6 +2,7 @@
 
 #include "controls/CommandButton.h"
 #include "controls/Grid.h"
+#include "controls/VTxt.h"
 #include "store/ErrorLog.h"
 #include <QApplication>
 #include <QKeyEvent>
@@ -71,6 +72,10 @@ bool Screen::settle()
 {
     for (Grid *grid : findChildren<Grid *>())
         grid->commitEditor();
+    for (VTxt *text : findChildren<VTxt *>()) {
+        if (!text->settle())
+            return false;
+    }
     bool settled = true;
     run([&] { settled = applyFocusChanges(); });
     return settled;
