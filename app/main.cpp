@@ -74,9 +74,11 @@ int main(int argc, char *argv[])
     default:
         break;
     }
-    // What needs no window must run without a display.
-    if (line.command != CommandLine::Command::Window)
+    // What needs no window must run without a display; what a display could have done is then not worth a warning.
+    if (line.command != CommandLine::Command::Window) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
+        qputenv("QT_LOGGING_RULES", "default.warning=false");
+    }
     const QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Ledgora"));
     QApplication::setApplicationVersion(QStringLiteral(LEDGORA_VERSION));

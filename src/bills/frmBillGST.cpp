@@ -54,7 +54,7 @@ void frmBillGST::setUpLines()
 {
     Grid *lines = ui->vsB;
     lines->setMergedHeadingRows(2);
-    for (const int amount : {AmountColumn, DiscountColumn, NetColumn, CgstRateColumn, CgstColumn, SgstRateColumn, SgstColumn,
+    for (const int amount : {SrNoColumn, AmountColumn, DiscountColumn, NetColumn, CgstRateColumn, CgstColumn, SgstRateColumn, SgstColumn,
                              IgstRateColumn, IgstColumn, TotalColumn}) {
         lines->column(amount).rightAligned = true;
         lines->column(amount).maxLength = wholeRupeeDigits;
@@ -144,8 +144,10 @@ void frmBillGST::keepEntry(const SaveResult &saved)
 {
     if (saved.id < 1)
         return alarm(QLatin1String(invalidIdMessage));
-    if (saved.headerIn)
+    if (saved.headerIn) {
         m_editedId = saved.id;
+        LOADBILLGRID(saved.id);
+    }
     alarm(QStringLiteral("The database did not take everything. Not saved: %1.\n\nWhat was typed is still here; press "
                          "Update to try again.")
               .arg(saved.notIn.join(QStringLiteral(", "))));

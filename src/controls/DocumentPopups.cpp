@@ -6,6 +6,7 @@
 #include "controls/LineField.h"
 #include "store/StateList.h"
 #include <QKeyEvent>
+#include <QLayout>
 #include <QListWidget>
 
 namespace ledgora {
@@ -31,7 +32,7 @@ void DocumentScreen::partyFocused()
     if (!isEditing())
         return;
     m_parties->setRow(m_parties->cells().find(partyCode(), PartyCode));
-    placePopup(m_parties, m_fields.partyName, {m_fields.partyName->width() * 2, 0});
+    placePopup(m_parties, m_fields.partyName, {std::max(m_fields.partyName->width(), 760), 0});
     m_parties->show();
     m_parties->raise();
 }
@@ -117,8 +118,9 @@ QString DocumentScreen::partyStateCode() const
 
 void DocumentScreen::placePopup(QWidget *popup, QWidget *under, QSize size)
 {
+    m_fields.editPanel->layout()->activate(); // fields that have just opened may still be moving
     const int rowHeight = popup->fontMetrics().height() + 8;
-    const QPoint below = under->mapTo(this, QPoint(0, under->height()));
+    const QPoint below = under->mapTo(this, QPoint(0, under->height() + 1));
     const int height = std::min(size.height() > 0 ? size.height() : (popupRows + 1) * rowHeight, this->height() - below.y() - 4);
     const int width = std::clamp(size.width(), 320, this->width() - 8);
     popup->setGeometry(std::min(below.x(), this->width() - width - 4), below.y(), width, height);

@@ -282,6 +282,8 @@ void DocumentScreen::showCurrent()
     clearPanel();
     const Cells &list = m_list->cells();
     const int row = m_list->row();
+    say(list.hasData() ? QString()
+                       : QStringLiteral("There is no %1 in this year yet. Press Alt+A to add one.").arg(m_kind.noun.toLower()));
     m_fields.previous->setEnabled(!isEditing() && list.isData(row - 1));
     m_fields.next->setEnabled(!isEditing() && hasCurrent() && list.isData(row + 1));
     if (!hasCurrent())

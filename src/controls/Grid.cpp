@@ -216,8 +216,18 @@ void Grid::mouseDoubleClickEvent(QMouseEvent *event)
 void Grid::focusInEvent(QFocusEvent *event)
 {
     QTableView::focusInEvent(event);
-    if (!m_listMode && currentIndex().isValid() && !isEditing())
-        edit(currentIndex(), CurrentChanged, nullptr);
+    if (m_listMode || !currentIndex().isValid() || isEditing())
+        return;
+    selectionModel()->select(currentIndex(), QItemSelectionModel::ClearAndSelect);
+    edit(currentIndex(), CurrentChanged, nullptr);
+}
+
+void Grid::focusOutEvent(QFocusEvent *event)
+{
+    QTableView::focusOutEvent(event);
+    // A cell that takes no keys is not to look as if it did.
+    if (!m_listMode && !isEditing())
+        clearSelection();
 }
 
 void Grid::resizeEvent(QResizeEvent *event)
