@@ -40,10 +40,11 @@ void MainWindow::makeMenu()
     window->addAction(QStringLiteral("&Tile"), m_area, &QMdiArea::tileSubWindows);
     QMenu *help = menuBar()->addMenu(QStringLiteral("He&lp"));
     help->addAction(QStringLiteral("&About Ledgora"), this, [this] {
-        QMessageBox::about(this, QStringLiteral("Ledgora"),
-                           QStringLiteral("Ledgora %1\nBilling for Indian tax practitioners and small accounting offices.\n"
-                                          "Copyright the Ledgora authors. Licence: GPL, version 3 or later.")
-                               .arg(QStringLiteral(LEDGORA_VERSION)));
+        QMessageBox::about(
+            this, QStringLiteral("Ledgora"),
+            QStringLiteral("Ledgora %1\nBilling for Indian tax practitioners and small accounting offices.\n"
+                           "Copyright the Ledgora authors. Licence: GPL, version 3 or later.")
+                .arg(QStringLiteral(LEDGORA_VERSION)));
     });
 }
 
@@ -87,8 +88,9 @@ void MainWindow::tellServer(bool connected)
     if (m_serverAway == !connected)
         return;
     m_serverAway = !connected;
-    statusBar()->showMessage(connected ? QStringLiteral("The database server is back.")
-                                       : QStringLiteral("The database server is away. Ledgora tries again with every key."));
+    statusBar()->showMessage(connected
+                                 ? QStringLiteral("The database server is back.")
+                                 : QStringLiteral("The database server is away. Ledgora tries again with every key."));
 }
 
 void MainWindow::closeEvent(QCloseEvent *event)

@@ -11,7 +11,8 @@
 namespace ledgora::app {
 
 Office::Office(const QString &dataFolder)
-    : m_dataFolder(QDir(dataFolder).absolutePath()), m_server({.dataFolder = m_dataFolder})
+    : m_dataFolder(QDir(dataFolder).absolutePath())
+    , m_server({.dataFolder = m_dataFolder})
 {
 }
 

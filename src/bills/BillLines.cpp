@@ -8,7 +8,8 @@ namespace ledgora {
 
 namespace {
 
-constexpr std::array totalledColumns{AmountColumn, DiscountColumn, NetColumn, CgstColumn, SgstColumn, IgstColumn, TotalColumn};
+constexpr std::array totalledColumns{AmountColumn, DiscountColumn, NetColumn,  CgstColumn,
+                                     SgstColumn,   IgstColumn,     TotalColumn};
 constexpr std::array taxAmountColumns{CgstColumn, SgstColumn, IgstColumn};
 
 QString rupees(double amount)
@@ -58,14 +59,16 @@ void fillIfEmpty(Cells &lines, int row, int column, const QString &rate)
 Cells emptyBillLines()
 {
     Cells lines(BillColumnCount, billFixedRows);
-    lines.setRow(0, {QStringLiteral("Sr. No."), QStringLiteral("Particulars"), QStringLiteral("SAC"), QStringLiteral("Period"),
-                     QStringLiteral("Period"), QStringLiteral("Amount"), QStringLiteral("Discount"), QStringLiteral("Net Amount"),
-                     QStringLiteral("Edit Tax"), QStringLiteral("CGST"), QStringLiteral("CGST"), QStringLiteral("SGST"),
-                     QStringLiteral("SGST"), QStringLiteral("IGST"), QStringLiteral("IGST"), QStringLiteral("Total Amount")});
-    lines.setRow(1, {QStringLiteral("Sr. No."), QStringLiteral("Particulars"), QStringLiteral("SAC"), QStringLiteral("FY/AY"),
-                     QStringLiteral("Year"), QStringLiteral("Amount"), QStringLiteral("Discount"), QStringLiteral("Net Amount"),
-                     QStringLiteral("Edit Tax"), QStringLiteral("%"), QStringLiteral("Amount"), QStringLiteral("%"),
-                     QStringLiteral("Amount"), QStringLiteral("%"), QStringLiteral("Amount"), QStringLiteral("Total Amount")});
+    lines.setRow(0, {QStringLiteral("Sr. No."), QStringLiteral("Particulars"), QStringLiteral("SAC"),
+                     QStringLiteral("Period"), QStringLiteral("Period"), QStringLiteral("Amount"),
+                     QStringLiteral("Discount"), QStringLiteral("Net Amount"), QStringLiteral("Edit Tax"),
+                     QStringLiteral("CGST"), QStringLiteral("CGST"), QStringLiteral("SGST"), QStringLiteral("SGST"),
+                     QStringLiteral("IGST"), QStringLiteral("IGST"), QStringLiteral("Total Amount")});
+    lines.setRow(1, {QStringLiteral("Sr. No."), QStringLiteral("Particulars"), QStringLiteral("SAC"),
+                     QStringLiteral("FY/AY"), QStringLiteral("Year"), QStringLiteral("Amount"),
+                     QStringLiteral("Discount"), QStringLiteral("Net Amount"), QStringLiteral("Edit Tax"),
+                     QStringLiteral("%"), QStringLiteral("Amount"), QStringLiteral("%"), QStringLiteral("Amount"),
+                     QStringLiteral("%"), QStringLiteral("Amount"), QStringLiteral("Total Amount")});
     lines.setText(billTotalRow, ParticularsColumn, QStringLiteral("Total"));
     return lines;
 }
@@ -139,7 +142,8 @@ std::optional<QString> normaliseBillCell(Cells &lines, int row, int column)
         text.clear();
     }
     const bool isRate = column == CgstRateColumn || column == SgstRateColumn || column == IgstRateColumn;
-    const QString rounded = isRate ? plainNumber(Val(formatNumber(Val(text), QStringLiteral("###0.0000")))) : rupees(Val(text));
+    const QString rounded =
+        isRate ? plainNumber(Val(formatNumber(Val(text), QStringLiteral("###0.0000")))) : rupees(Val(text));
     lines.setText(row, column, Val(rounded) > 0 ? rounded : QString());
     return message;
 }
@@ -159,7 +163,8 @@ bool isBillCellEditable(const Cells &lines, int row, int column)
     case TotalColumn:
         return false;
     case YearColumn:
-        return lines.text(row, PeriodColumn) == QLatin1String("FY") || lines.text(row, PeriodColumn) == QLatin1String("AY");
+        return lines.text(row, PeriodColumn) == QLatin1String("FY")
+               || lines.text(row, PeriodColumn) == QLatin1String("AY");
     case CgstColumn:
     case SgstColumn:
     case IgstColumn:

@@ -14,7 +14,9 @@ QString addStoredBills(Cells &bills, Recordset &stored)
     bills.setRows(firstRow + int(stored.recordCount()));
     QString ids;
     for (int row = firstRow; stored.next(); ++row) {
-        const auto put = [&](int column, const char *name) { bills.setText(row, column, stored.text(QLatin1String(name))); };
+        const auto put = [&](int column, const char *name) {
+            bills.setText(row, column, stored.text(QLatin1String(name)));
+        };
         put(ListBillSrNo, "BillSrNo");
         put(ListPartyCode, "Code_No");
         put(ListBillSerId, "BillSerId");
@@ -38,9 +40,9 @@ Cells emptyBillList()
 {
     Cells bills(BillListColumnCount, 1);
     bills.setRow(0, {QStringLiteral("BillSrNo"), QStringLiteral("PartyCode"), QStringLiteral("BillSerId"),
-                     QStringLiteral("Bill No."), QStringLiteral("Bill Date"), QStringLiteral("GSTIN"), QStringLiteral("POS"),
-                     QStringLiteral("AppTaxType"), QStringLiteral("Narr"), QStringLiteral("Receiver Name"),
-                     QStringLiteral("Bill Amount")});
+                     QStringLiteral("Bill No."), QStringLiteral("Bill Date"), QStringLiteral("GSTIN"),
+                     QStringLiteral("POS"), QStringLiteral("AppTaxType"), QStringLiteral("Narr"),
+                     QStringLiteral("Receiver Name"), QStringLiteral("Bill Amount")});
     return bills;
 }
 

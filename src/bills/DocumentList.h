@@ -12,7 +12,8 @@ namespace ledgora {
 enum PartyColumn { PartyCode, PartyName, PartyPan, PartyGstin, PartyState, PartyAddress, PartyColumnCount };
 
 /// Columns that both lists share; name and amount stand where the kind has them.
-struct DocumentListColumns {
+struct DocumentListColumns
+{
     int id = 0, party = 1, number = 3, date = 4;
     int name, amount;
 };

@@ -78,8 +78,8 @@ bool CellDelegate::editorEvent(QEvent *event, QAbstractItemModel *model, const Q
 {
     if (!m_grid->column(index.column()).check)
         return QStyledItemDelegate::editorEvent(event, model, option, index);
-    const bool clicked = event->type() == QEvent::MouseButtonRelease
-                         && static_cast<QMouseEvent *>(event)->button() == Qt::LeftButton;
+    const bool clicked =
+        event->type() == QEvent::MouseButtonRelease && static_cast<QMouseEvent *>(event)->button() == Qt::LeftButton;
     const bool space = event->type() == QEvent::KeyPress && static_cast<QKeyEvent *>(event)->key() == Qt::Key_Space;
     if (!(clicked || space) || !(model->flags(index) & Qt::ItemIsEditable))
         return false;

@@ -146,9 +146,9 @@ void DocumentScreen::fillSeries()
 
 void DocumentScreen::SETBUTTONS(bool browse)
 {
-    const std::initializer_list<QWidget *> browsing{m_fields.year,       m_fields.add,      m_fields.modify, m_fields.remove,
-                                                    m_fields.showList,   m_fields.clientWise, m_fields.previous,
-                                                    m_fields.next,       m_fields.preview,  m_fields.back};
+    const std::initializer_list<QWidget *> browsing{
+        m_fields.year,       m_fields.add,      m_fields.modify, m_fields.remove,  m_fields.showList,
+        m_fields.clientWise, m_fields.previous, m_fields.next,   m_fields.preview, m_fields.back};
     for (QWidget *widget : browsing)
         widget->setEnabled(browse);
     for (QWidget *widget : std::initializer_list<QWidget *>{m_fields.editPanel, m_fields.update, m_fields.cancel})
@@ -282,8 +282,9 @@ void DocumentScreen::showCurrent()
     clearPanel();
     const Cells &list = m_list->cells();
     const int row = m_list->row();
-    say(list.hasData() ? QString()
-                       : QStringLiteral("There is no %1 in this year yet. Press Alt+A to add one.").arg(m_kind.noun.toLower()));
+    say(list.hasData()
+            ? QString()
+            : QStringLiteral("There is no %1 in this year yet. Press Alt+A to add one.").arg(m_kind.noun.toLower()));
     m_fields.previous->setEnabled(!isEditing() && list.isData(row - 1));
     m_fields.next->setEnabled(!isEditing() && hasCurrent() && list.isData(row + 1));
     if (!hasCurrent())

@@ -36,7 +36,8 @@ public:
 
 protected:
     /// What happens around a field, besides its own keys.
-    struct Field {
+    struct Field
+    {
         std::function<void()> gotFocus;
         std::function<bool()> validate; ///< False keeps the focus; shows its own message
         std::function<void()> lostFocus;
@@ -70,7 +71,8 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
-    struct FocusChange {
+    struct FocusChange
+    {
         QWidget *field;
         bool left;
     };

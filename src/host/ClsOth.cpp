@@ -23,7 +23,9 @@ void scaleFont(QWidget &widget, float ratio)
 
 } // namespace
 
-ClsOth::ClsOth(float ratioX, float ratioY, float ratioFontSize) : m_ratX(ratioX), m_ratY(ratioY), m_ratFS(ratioFontSize) {}
+ClsOth::ClsOth(float ratioX, float ratioY, float ratioFontSize) : m_ratX(ratioX), m_ratY(ratioY), m_ratFS(ratioFontSize)
+{
+}
 
 void ClsOth::Resize_For_Resolution(QWidget &screen)
 {

@@ -127,14 +127,16 @@ void frmMainGST::CMDFIRMDELETE_CLICK()
     const ErrorSite site("frmMainGST", "CMDFIRMDELETE_CLICK");
     if (!hasChosenCompany() || !passwordAgrees())
         return;
-    if (!ask(QStringLiteral("All the bills and receipts of the selected 'Company' will be deleted. Do you really want to "
-                            "Delete the selected 'Company' ?"),
+    if (!ask(QStringLiteral(
+                 "All the bills and receipts of the selected 'Company' will be deleted. Do you really want to "
+                 "Delete the selected 'Company' ?"),
              QMessageBox::No, QMessageBox::Critical))
         return;
     const int id = chosenCompany();
     QDir templates(joinPath(gTmplPath, QString::number(id)));
     if (templates.exists() && !templates.removeRecursively())
-        WriteErrLog(75, QStringLiteral("The template folder of the company could not be deleted"), QStringLiteral("frmMainGST"));
+        WriteErrLog(75, QStringLiteral("The template folder of the company could not be deleted"),
+                    QStringLiteral("frmMainGST"));
     if (!deleteCompany(*gCnn, id))
         alarm(QStringLiteral("The database did not delete everything of this company. Please try again."));
     LOADGRIDFIRM(id);

@@ -10,7 +10,8 @@ namespace {
 
 /// A table that parties come from: its columns for a party's code, name, PAN, GSTIN and state, and its address
 /// fields, the postal code last.
-struct PartySource {
+struct PartySource
+{
     const char *query;
     const char *codeMark;
     const char *code, *name, *pan, *gstin, *state;
@@ -18,12 +19,33 @@ struct PartySource {
     bool zeroAddressIsEmpty;
 };
 
-const PartySource companies{"Select * from Comp_Master", "", "Code", "Nm", "PAN", nullptr, "State",
-                            {"Flat", "Building", "street", "area", "city", "State", "PIN"}, false};
-const PartySource partnerships{"Select * from LLP_Master", "LLP!~!", "Code", "Nm", "PAN", nullptr, "State",
-                               {"Line1", "Line2", "city", "State", "PIN"}, false};
-const PartySource otherClients{"Select * from GST_OthCl", "", "OthClCode", "Nm", "PAN", "GSTIN", "StateNm",
-                               {"h_no", "h_nm", "street", "area", "city", "StateNm", "pincode"}, true};
+const PartySource companies{"Select * from Comp_Master",
+                            "",
+                            "Code",
+                            "Nm",
+                            "PAN",
+                            nullptr,
+                            "State",
+                            {"Flat", "Building", "street", "area", "city", "State", "PIN"},
+                            false};
+const PartySource partnerships{"Select * from LLP_Master",
+                               "LLP!~!",
+                               "Code",
+                               "Nm",
+                               "PAN",
+                               nullptr,
+                               "State",
+                               {"Line1", "Line2", "city", "State", "PIN"},
+                               false};
+const PartySource otherClients{"Select * from GST_OthCl",
+                               "",
+                               "OthClCode",
+                               "Nm",
+                               "PAN",
+                               "GSTIN",
+                               "StateNm",
+                               {"h_no", "h_nm", "street", "area", "city", "StateNm", "pincode"},
+                               true};
 
 void addParties(Connection &db, Cells &parties, const PartySource &source)
 {
@@ -63,8 +85,8 @@ void addRegisteredGstins(Connection &db, Cells &parties)
 Cells emptyPartyDirectory()
 {
     Cells parties(PartyColumnCount, 1);
-    parties.setRow(0, {QStringLiteral("Code No."), QStringLiteral("Name"), QStringLiteral("PAN"), QStringLiteral("GSTIN"),
-                       QStringLiteral("State"), QStringLiteral("Addr")});
+    parties.setRow(0, {QStringLiteral("Code No."), QStringLiteral("Name"), QStringLiteral("PAN"),
+                       QStringLiteral("GSTIN"), QStringLiteral("State"), QStringLiteral("Addr")});
     return parties;
 }
 

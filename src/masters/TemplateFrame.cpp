@@ -111,9 +111,11 @@ void frmMainGST::CMDBACKTMPL_CLICK()
             continue;
         CommandButton *button = buttons.at(size_t(index));
         const ChoiceBox *copies = index == receiptTemplate ? ui->cboCopyTmpl_1 : ui->cboCopyTmpl_0;
-        return inform(QStringLiteral("Please Setup Template for '%1 - %2' !").arg(button->text(), copies->currentText()), button);
+        return inform(
+            QStringLiteral("Please Setup Template for '%1 - %2' !").arg(button->text(), copies->currentText()), button);
     }
-    if (!saveTemplateSetup(customized, gTmplCustom == 1, ui->cboCopyTmpl_0->currentIndex(), ui->cboCopyTmpl_1->currentIndex()))
+    if (!saveTemplateSetup(customized, gTmplCustom == 1, ui->cboCopyTmpl_0->currentIndex(),
+                           ui->cboCopyTmpl_1->currentIndex()))
         return alarm(QStringLiteral("The choice could not be written to [") + gTmplPath + u']');
     READTMPLSETUP();
     showHome(ui->cmdTemplateSetup);

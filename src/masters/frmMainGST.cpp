@@ -228,9 +228,10 @@ bool frmMainGST::panIsValid(QWidget *panField)
 bool frmMainGST::keepsEntry(bool saved, int id)
 {
     if (!saved)
-        alarm(id < 1 ? QLatin1String(invalidIdMessage)
-                     : QStringLiteral("The database did not take the entry. What was typed is still here; press Save to "
-                                      "try again."));
+        alarm(id < 1
+                  ? QLatin1String(invalidIdMessage)
+                  : QStringLiteral("The database did not take the entry. What was typed is still here; press Save to "
+                                   "try again."));
     return !saved;
 }
 

@@ -141,9 +141,8 @@ void Cells::sort(int column, Sort kind)
         order = sortedOrder<double>(m_fixedRows, rows(), [&](int row) { return value(row, column); });
         break;
     case Sort::Text:
-        order = sortedOrder<std::pair<QString, QString>>(m_fixedRows, rows(), [&](int row) {
-            return std::pair(text(row, column).toUpper(), text(row, column));
-        });
+        order = sortedOrder<std::pair<QString, QString>>(
+            m_fixedRows, rows(), [&](int row) { return std::pair(text(row, column).toUpper(), text(row, column)); });
         break;
     case Sort::Date:
         order = sortedOrder<qint64>(m_fixedRows, rows(), [&](int row) {

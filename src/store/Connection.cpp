@@ -10,7 +10,8 @@ namespace ledgora {
 
 namespace {
 
-struct EventPair {
+struct EventPair
+{
     int client;
     short system;
 };

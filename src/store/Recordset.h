@@ -34,7 +34,8 @@ private:
     int indexOf(const QString &column) const;
     const char *cell(int column, unsigned long &length) const;
 
-    struct Free {
+    struct Free
+    {
         void operator()(st_mysql_res *result) const;
     };
     std::unique_ptr<st_mysql_res, Free> m_result;
