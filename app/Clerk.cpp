@@ -1,5 +1,6 @@
 #include "Clerk.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QFileDialog>
 #include <QLineEdit>
