@@ -2,6 +2,7 @@
 
 #include "store/Dates.h"
 #include "store/NumberFormat.h"
+#include <algorithm>
 #include <array>
 
 namespace ledgora {
@@ -28,6 +29,14 @@ bool isChecked(const Cells &lines, int row)
     return lines.text(row, EditTaxColumn) == QLatin1String("Y");
 }
 
+/// The tax that counts towards the line's total; that of the other type sits in hidden cells.
+double taxOfType(const Cells &lines, int row, std::optional<TaxType> type)
+{
+    if (type == TaxType::Intra)
+        return lines.value(row, CgstColumn) + lines.value(row, SgstColumn);
+    return type == TaxType::Inter ? lines.value(row, IgstColumn) : 0;
+}
+
 void recomputeLine(Cells &lines, int row, std::optional<TaxType> type)
 {
     const auto value = [&](int column) { return lines.value(row, column); };
@@ -36,9 +45,7 @@ void recomputeLine(Cells &lines, int row, std::optional<TaxType> type)
         for (const int column : taxAmountColumns)
             lines.setText(row, column, rupees(lineTax(value(NetColumn), value(column - 1))));
     }
-    const double tax = type == TaxType::Intra   ? value(CgstColumn) + value(SgstColumn)
-                       : type == TaxType::Inter ? value(IgstColumn)
-                                                : 0;
+    const double tax = taxOfType(lines, row, type);
     lines.setText(row, TotalColumn, rupeesFromZero(value(NetColumn) + tax));
     if (value(AmountColumn) != 0 || value(DiscountColumn) != 0)
         return;
@@ -202,15 +209,10 @@ EnterTarget billEnterTarget(const Cells &lines, int row, int column, std::option
 
 bool isBillLineInUse(const Cells &lines, int row)
 {
-    for (const int column : {ParticularsColumn, SacColumn, PeriodColumn}) {
-        if (!lines.text(row, column).trimmed().isEmpty())
-            return true;
-    }
-    for (const int column : {AmountColumn, DiscountColumn, CgstColumn, SgstColumn, IgstColumn}) {
-        if (lines.value(row, column) != 0)
-            return true;
-    }
-    return false;
+    constexpr std::array texts{ParticularsColumn, SacColumn, PeriodColumn};
+    constexpr std::array amounts{AmountColumn, DiscountColumn, CgstColumn, SgstColumn, IgstColumn};
+    return std::ranges::any_of(texts, [&](int column) { return !lines.text(row, column).trimmed().isEmpty(); })
+           || std::ranges::any_of(amounts, [&](int column) { return lines.value(row, column) != 0; });
 }
 
 const std::vector<Pick> &sacPicks()
