@@ -14,10 +14,14 @@ namespace ledgora::app {
 class PrivateServer
 {
 public:
-    struct Settings {
-        QString dataFolder;          ///< DIR
-        int lockWaitSeconds = 60;    ///< how long a table lock is waited for
-        QString serverProgram = {};  ///< default: mariadbd from PATH or /usr/sbin
+    struct Settings
+    {
+        QString dataFolder;       ///< DIR
+        int lockWaitSeconds = 60; ///< how long a table lock is waited for
+        // Spelt out, so that designated initialisers may leave it out.
+        // NOLINTNEXTLINE(readability-redundant-member-init)
+        QString serverProgram = {};      ///< default: mariadbd from PATH or /usr/sbin
+        std::chrono::seconds limit{120}; ///< how long a start or stop waits for the server, recovery included
     };
 
     explicit PrivateServer(Settings settings);
@@ -25,10 +29,11 @@ public:
     PrivateServer &operator=(const PrivateServer &) = delete;
     ~PrivateServer(); ///< leaves the folder; stops the server when this was the last instance
 
-    /// Attaches, or initialises the folder and starts the server. False with `error()` in a clerk's words.
+    /// Attaches, or initialises the folder and starts the server. False with `error()` in a clerk's words. May be
+    /// called again while in the folder: a server that died meanwhile is started anew.
     bool start();
     QString error() const { return m_error; }
-    bool wasCold() const { return m_cold; }     ///< the folder was initialised by this start
+    bool wasCold() const { return m_cold; }        ///< the folder was initialised by this start
     bool wasRunning() const { return m_attached; } ///< another instance had started it
 
     QString socketPath() const; ///< DIR/server/ledgora.sock
@@ -42,9 +47,15 @@ public:
     void stop();
 
 private:
-    struct Locks;
+    struct Visit;
+    QString bringUp();
+    QString initialise(const QString &program);
+    QString launch(const QString &program);
+    bool answers();
+    void shutDown();
+
     Settings m_settings;
-    std::unique_ptr<Locks> m_locks;
+    std::unique_ptr<Visit> m_visit;
     QString m_error;
     bool m_cold = false;
     bool m_attached = false;

@@ -1,16 +1,13 @@
 #pragma once
 
+#include "bills/TaxType.h"
 #include "platform/Reporter.h"
 #include "store/Recordset.h"
 #include <QString>
-#include <array>
 #include <optional>
 #include <vector>
 
 namespace ledgora {
-
-/// The kinds of tax that a bill can bear, in the order of the screens' list; "INTRA", "INTER" and "NO" in the database.
-enum class TaxType { Intra = 0, Inter = 1, None = 2 };
 
 /// What a bill's document says of the billing company: columns of `GST_FirmMas`, NULL read as "".
 struct FirmTexts {

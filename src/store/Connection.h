@@ -28,6 +28,7 @@ public:
     void setHandle(st_mysql *handle);
     st_mysql *handle() const { return m_handle; }
     bool isOpen() const { return m_handle != nullptr; }
+    bool isRunning() const { return m_running; } ///< a statement is under way, the wait hook letting events through
 
     /// With a hook statements run through the client's non-blocking calls, so that a window can stay alive; without
     /// one they just wait. The handle must have been made with MYSQL_OPT_NONBLOCK for a hook to be used.

@@ -1,0 +1,100 @@
+#include "MainWindow.h"
+
+#include "Office.h"
+#include "controls/WaitBar.h"
+#include <QApplication>
+#include <QCloseEvent>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QStatusBar>
+
+namespace ledgora::app {
+
+MainWindow::MainWindow(Office &office) : m_office(office), m_billing(office, this), m_area(new QMdiArea(this))
+{
+    setObjectName(QStringLiteral("mainWindow"));
+    setWindowTitle(QStringLiteral("Ledgora"));
+    setMinimumSize(1280, 720);
+    m_area->setObjectName(QStringLiteral("screens"));
+    m_area->setBackground(palette().window());
+    m_area->setActivationOrder(QMdiArea::ActivationHistoryOrder); // a closed preview gives way to its bill
+    setCentralWidget(m_area);
+    makeMenu();
+    statusBar()->showMessage(QStringLiteral("Office: ") + office.dataFolder());
+    installWaitBar(office.connection());
+    qApp->installEventFilter(this);
+}
+
+void MainWindow::makeMenu()
+{
+    QMenu *billing = menuBar()->addMenu(QStringLiteral("Billin&g"));
+    billing->addAction(QStringLiteral("&GST Billing"), QKeySequence(Qt::CTRL | Qt::Key_G), this, &MainWindow::openGst)
+        ->setObjectName(QStringLiteral("actGstBilling"));
+    billing->addSeparator();
+    billing->addAction(QStringLiteral("&Quit"), QKeySequence(Qt::CTRL | Qt::Key_Q), this, &QWidget::close);
+    QMenu *window = menuBar()->addMenu(QStringLiteral("&Window"));
+    window->addAction(QStringLiteral("&Next Screen"), QKeySequence(Qt::CTRL | Qt::Key_Tab), m_area,
+                      &QMdiArea::activateNextSubWindow);
+    window->addAction(QStringLiteral("&Tile"), m_area, &QMdiArea::tileSubWindows);
+    QMenu *help = menuBar()->addMenu(QStringLiteral("He&lp"));
+    help->addAction(QStringLiteral("&About Ledgora"), this, [this] {
+        QMessageBox::about(this, QStringLiteral("Ledgora"),
+                           QStringLiteral("Ledgora %1\nBilling for Indian tax practitioners and small accounting offices.\n"
+                                          "Copyright the Ledgora authors. Licence: GPL, version 3 or later.")
+                               .arg(QStringLiteral(LEDGORA_VERSION)));
+    });
+}
+
+void MainWindow::openGst()
+{
+    m_billing.gst().OpenBilling();
+}
+
+void MainWindow::showScreen(QWidget &screen)
+{
+    QMdiSubWindow *child = nullptr;
+    for (QMdiSubWindow *window : m_area->subWindowList()) {
+        if (window->widget() == &screen)
+            child = window;
+    }
+    if (!child) {
+        child = m_area->addSubWindow(&screen);
+        child->setAttribute(Qt::WA_DeleteOnClose);
+        connect(&screen, &QObject::destroyed, child, &QWidget::close); // a screen closes itself; its frame goes with it
+    }
+    screen.show();
+    child->showMaximized();
+    m_area->setActiveSubWindow(child);
+}
+
+void MainWindow::ReloadMenu()
+{
+    statusBar()->showMessage(QStringLiteral("Press Ctrl+G for GST billing."));
+}
+
+/// Looks after the connection before a key or click can start a command, so never in the middle of a save.
+bool MainWindow::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched->isWindowType() && (event->type() == QEvent::KeyPress || event->type() == QEvent::MouseButtonPress))
+        tellServer(m_office.keepConnected());
+    return QMainWindow::eventFilter(watched, event);
+}
+
+void MainWindow::tellServer(bool connected)
+{
+    if (m_serverAway == !connected)
+        return;
+    m_serverAway = !connected;
+    statusBar()->showMessage(connected ? QStringLiteral("The database server is back.")
+                                       : QStringLiteral("The database server is away. Ledgora tries again with every key."));
+}
+
+void MainWindow::closeEvent(QCloseEvent *event)
+{
+    m_area->closeAllSubWindows();
+    event->setAccepted(m_area->subWindowList().isEmpty());
+}
+
+} // namespace ledgora::app

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "Billing.h"
+#include "platform/HostObject.h"
+#include <QMainWindow>
+
+class QMdiArea;
+
+namespace ledgora::app {
+
+class Office;
+
+/// The reference host's main window: takes the library's screens as its children and keeps the connection alive
+/// between commands.
+class MainWindow : public QMainWindow, public HostWindow
+{
+    Q_OBJECT
+public:
+    explicit MainWindow(Office &office);
+
+    bool isBillingOpen() const { return m_billing.isOpen(); }
+    ClsGST &gst() { return m_billing.gst(); }
+    /// Shows the GST home screen.
+    void openGst();
+
+    void showScreen(QWidget &screen) override;
+    void ReloadMenu() override;
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+    void closeEvent(QCloseEvent *event) override;
+
+private:
+    void makeMenu();
+    void tellServer(bool connected);
+
+    Office &m_office;
+    Billing m_billing;
+    QMdiArea *m_area;
+    bool m_serverAway = false;
+};
+
+} // namespace ledgora::app

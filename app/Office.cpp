@@ -1,0 +1,99 @@
+#include "Office.h"
+
+#include "store/ErrorLog.h"
+#include "store/Schema.h"
+#include "store/Settings.h"
+#include "store/SqlText.h"
+#include <QDir>
+#include <QFile>
+#include <mysql.h>
+
+namespace ledgora::app {
+
+Office::Office(const QString &dataFolder)
+    : m_dataFolder(QDir(dataFolder).absolutePath()), m_server({.dataFolder = m_dataFolder})
+{
+}
+
+Office::~Office()
+{
+    closeHandle();
+}
+
+bool Office::open()
+{
+    if (!m_server.start() || !connectToServer()) {
+        m_error = m_server.error();
+        return false;
+    }
+    m_error = schemaFault(m_connection);
+    if (!m_error.isEmpty())
+        return false;
+    if (!createSchema(m_connection, QStringLiteral("C"))) {
+        m_error = QStringLiteral("The tables of the office could not be made: ") + m_connection.lastError();
+        return false;
+    }
+    return installTemplates();
+}
+
+bool Office::connectToServer()
+{
+    closeHandle();
+    m_handle = m_server.connect();
+    m_connection.setHandle(m_handle);
+    m_connection.setInterrupt([this] {
+        // A second connection ends the statement; the first one stays whole.
+        if (st_mysql *second = m_server.connect({})) {
+            const QByteArray kill = ("KILL QUERY " + number(qint64(mysql_thread_id(m_handle)))).toLatin1();
+            mysql_real_query(second, kill.constData(), static_cast<unsigned long>(kill.size()));
+            mysql_close(second);
+        }
+    });
+    return m_handle != nullptr;
+}
+
+void Office::closeHandle()
+{
+    m_connection.setHandle(nullptr);
+    if (m_handle)
+        mysql_close(m_handle);
+    m_handle = nullptr;
+}
+
+bool Office::keepConnected()
+{
+    if (m_connection.isRunning())
+        return true;
+    if (m_handle && !m_connection.isLost() && mysql_ping(m_handle) == 0)
+        return true;
+    const ErrorSite site("OFFICE", "KEEPCONNECTED");
+    closeHandle();
+    if (m_server.start() && connectToServer())
+        return true;
+    WriteErrLog(2006, m_server.error(), QStringLiteral("Office"));
+    return false;
+}
+
+/// The default templates are copied once; an office may change its copies.
+bool Office::installTemplates()
+{
+    const QString folder = joinPath(m_dataFolder, QStringLiteral("GST_Templates"));
+    if (!QDir().mkpath(folder)) {
+        m_error = QStringLiteral("The folder [") + folder + QStringLiteral("] could not be made.");
+        return false;
+    }
+    const QDir stock(QStringLiteral(":/templates"));
+    for (const QString &name : stock.entryList(QDir::Files)) {
+        const QString copy = joinPath(folder, name);
+        if (QFile::exists(copy))
+            continue;
+        if (!QFile::copy(stock.filePath(name), copy)) {
+            m_error = QStringLiteral("The template [") + copy + QStringLiteral("] could not be written.");
+            return false;
+        }
+        QFile::setPermissions(copy, QFile::ReadOwner | QFile::WriteOwner);
+    }
+    return true;
+}
+
+} // namespace ledgora::app

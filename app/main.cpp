@@ -1,0 +1,90 @@
+#include "Billing.h"
+#include "CommandLine.h"
+#include "Demo.h"
+#include "MainWindow.h"
+#include "Office.h"
+#include "store/Dates.h"
+#include "store/NumberFormat.h"
+#include <QApplication>
+#include <QMessageBox>
+#include <cstdio>
+
+using namespace ledgora;
+using namespace ledgora::app;
+
+namespace {
+
+enum ExitStatus { Done = 0, Failed = 1, WrongUsage = 2 };
+
+int failed(const QString &why)
+{
+    QString line = why;
+    line.replace(u'\n', u' ');
+    std::fprintf(stderr, "ledgora: %s\n", qPrintable(line));
+    return Failed;
+}
+
+int printBalance(const CommandLine &line)
+{
+    Office office(line.dataFolder);
+    if (!office.open())
+        return failed(office.error());
+    Billing billing(office, nullptr);
+    if (!billing.isOpen())
+        return failed(QStringLiteral("the billing library could not be opened"));
+    std::printf("%s\n", qPrintable(plainNumber(billing.gst().GetAmt(line.firm, line.party))));
+    return Done;
+}
+
+int runWindow(const CommandLine &line)
+{
+    Office office(line.dataFolder);
+    if (!office.open()) {
+        QMessageBox::critical(nullptr, QStringLiteral("Ledgora"), office.error());
+        return failed(office.error());
+    }
+    MainWindow window(office);
+    if (!window.isBillingOpen())
+        return failed(QStringLiteral("the billing library could not be opened"));
+    window.showMaximized();
+    if (line.open == QLatin1String("gst"))
+        window.openGst();
+    else
+        window.ReloadMenu();
+    return QApplication::exec();
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    const QStringList words(argv, argv + argc);
+    const CommandLine line = readCommandLine(words);
+    setToday(line.today);
+    switch (line.command) {
+    case CommandLine::Command::Help:
+        std::fputs(qPrintable(line.text), stdout);
+        return Done;
+    case CommandLine::Command::Version:
+        std::puts("ledgora " LEDGORA_VERSION);
+        return Done;
+    case CommandLine::Command::Wrong:
+        std::fprintf(stderr, "ledgora: %s\nTry ledgora --help.\n", qPrintable(line.text));
+        return WrongUsage;
+    default:
+        break;
+    }
+    // What needs no window must run without a display.
+    if (line.command != CommandLine::Command::Window)
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("Ledgora"));
+    QApplication::setApplicationVersion(QStringLiteral(LEDGORA_VERSION));
+    if (line.command == CommandLine::Command::Balance)
+        return printBalance(line);
+    if (line.command == CommandLine::Command::Demo) {
+        const QString fault = runDemo(line.out);
+        return fault.isEmpty() ? int(Done) : failed(fault);
+    }
+    return runWindow(line);
+}

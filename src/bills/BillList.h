@@ -1,0 +1,34 @@
+#pragma once
+
+#include "bills/DocumentList.h"
+
+namespace ledgora {
+
+class Connection;
+
+/// Columns of the list of bills `vsListB`.
+enum BillListColumn {
+    ListBillSrNo,
+    ListPartyCode,
+    ListBillSerId,
+    ListBillNo,
+    ListBillDate, ///< dd/MM/yyyy
+    ListGstin,    ///< always empty
+    ListPlace,
+    ListTaxType,
+    ListNarration,
+    ListReceiverName,
+    ListBillAmount,
+    BillListColumnCount
+};
+
+inline constexpr DocumentListColumns billListColumns{.name = ListReceiverName, .amount = ListBillAmount};
+
+/// The list with its heading, without bills.
+Cells emptyBillList();
+
+/// Rebuilds the list of the year's bills (`id` 0), or refreshes one bill in it with as few queries: one for the
+/// bills, one for all their totals. `parties` is the directory; it comes back sorted by name.
+void loadBillList(Connection &db, Cells &bills, Cells &parties, int firmId, int year, int id, bool clientWise);
+
+} // namespace ledgora

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "bills/BillChecks.h"
+#include "store/Recordset.h"
+#include <QStringList>
+
+namespace ledgora {
+
+class Connection;
+
+/// Faults that only the database can tell: less than was received on the bill, a number in use.
+std::optional<BillFault> storedFault(Connection &db, const BillDraft &bill);
+
+/// A bill of the same company, year and series whose number and date are out of order with the one being saved.
+struct Neighbour {
+    QString number;
+    QString date; ///< DD/MM/YYYY
+};
+/// The nearest lower number with a later date, and the nearest higher number with an earlier one.
+std::optional<Neighbour> lowerWithLaterDate(Connection &db, const BillDraft &bill);
+std::optional<Neighbour> higherWithEarlierDate(Connection &db, const BillDraft &bill);
+
+/// What came of a save. A bill is not written as one unit: `notIn` names, for the user, what did not go in.
+struct SaveResult {
+    int id = 0;            ///< 0 when no id could be allotted: nothing was written
+    bool headerIn = false; ///< from here on the bill exists under `id`
+    QStringList notIn;
+    bool whole() const { return id > 0 && headerIn && notIn.isEmpty(); }
+};
+
+/// Writes header and lines as single statements. After a header that failed, or that met no row because another user
+/// deleted the bill, no line is touched; after any later failure the remaining statements still run.
+SaveResult saveBill(Connection &db, const BillDraft &bill);
+
+/// Deletes the lines, then the header. False when a statement failed (logged).
+bool deleteBill(Connection &db, int id);
+
+/// Whether any receipt settles the bill.
+bool hasReceipts(Connection &db, int billId);
+
+/// The highest bill number of company and year, over all series; 0 for none.
+int highestBillNumber(Connection &db, int firmId, int year);
+
+/// Fills the line grid with a bill's stored lines; tax cells of the type not chosen stay empty.
+void readBillLines(Connection &db, int billId, TaxType type, Cells &lines);
+
+/// Bills of the year (one when `id` is not 0), columns as stored; and the sum of each one's line totals by id.
+Recordset billsOfYear(Connection &db, int firmId, int year, int id);
+Recordset billTotals(Connection &db, const QString &ids);
+
+/// Earlier particulars and narrations of all companies, each once, in order.
+QStringList earlierParticulars(Connection &db);
+QStringList earlierNarrations(Connection &db);
+
+} // namespace ledgora

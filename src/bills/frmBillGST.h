@@ -1,0 +1,69 @@
+#pragma once
+
+#include "bills/BillChecks.h"
+#include "controls/DocumentScreen.h"
+#include <memory>
+
+namespace ledgora {
+
+namespace Ui {
+class frmBillGST;
+}
+
+struct BillFault;
+struct SaveResult;
+struct BillDocument;
+
+/// Entry, browsing, changing and deleting of one company's tax invoices of a financial year.
+class frmBillGST : public DocumentScreen
+{
+    Q_OBJECT
+public:
+    explicit frmBillGST(QWidget *parent = nullptr);
+    ~frmBillGST() override;
+
+private:
+    void FORM_LOAD();
+    void setUpLines();
+    void connectLines();
+
+    void LOADBILLGRID(int id);
+    void CMDUPDATE_CLICK();
+    void CMDPREVIEW_CLICK();
+    void GETLISTP();
+    void VSB_AFTEREDIT(int row, int column);
+    void VSB_KEYPRESS_ENTER(int row, int column);
+    void CBOPOS_CLICK();
+    void CBOTAXTYPE_CLICK();
+    void SETTAXCOLS();
+    void recomputeTotals();
+
+    BillDraft read() const;
+    BillDocument documentFromScreen() const;
+    void pointAt(const BillFault &fault);
+    bool agreesToOutOfOrder(const BillDraft &draft);
+    void keepEntry(const SaveResult &saved);
+    std::optional<TaxType> taxType() const;
+    void toFirstLine();
+
+    void loadList(int id) override { LOADBILLGRID(id); }
+    void clearPanel() override;
+    void showPanel(int listRow) override;
+    void yearChanged(int year) override;
+    void beginAdd() override;
+    void beginModify() override;
+    int highestNumber() override;
+    bool removeStored(int id) override;
+    void partyLeft() override;
+    QStringList narrationsUsed() override;
+    void updatePressed() override { CMDUPDATE_CLICK(); }
+    void previewPressed() override { CMDPREVIEW_CLICK(); }
+    void placeList() override;
+    bool closeOwnPopup() override;
+
+    std::unique_ptr<Ui::frmBillGST> ui;
+    QListWidget *m_particulars = nullptr;
+    int m_editedId = 0; ///< bill in edit; 0 for a new one
+};
+
+} // namespace ledgora

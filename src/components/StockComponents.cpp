@@ -1,0 +1,14 @@
+#include "components/StockComponents.h"
+
+#include "components/reporter/StockReporter.h"
+#include "platform/Registry.h"
+
+namespace ledgora {
+
+void registerStockComponents(Registry &registry)
+{
+    registry.add<Reporter>(QString::fromLatin1(Reporter::progId),
+                           [] { return std::make_unique<reporter::StockReporter>(); });
+}
+
+} // namespace ledgora

@@ -1,0 +1,229 @@
+#pragma once
+
+#include <QRgb>
+#include <QString>
+#include <array>
+#include <optional>
+#include <variant>
+#include <vector>
+
+namespace ledgora::reporter {
+
+// The document model: what stands between the template file and the page. Plain values, so that a parsed template is
+// cloned by copying it (texts share their storage). Everything that measures a length is in twips, 1/1440 inch;
+// colours are opaque RGB, none being "automatic": black for text and rules, no filling for areas.
+
+using Twips = int;
+using Colour = std::optional<QRgb>;
+
+/// Lengths beyond this (22 inches) are cut on reading: no page is larger, and sums stay far from overflow.
+constexpr Twips largestLength = 31680;
+
+enum class LineStyle { None, Single, Double, Dotted, Dashed };
+
+struct BorderLine
+{
+    LineStyle style = LineStyle::None;
+    Twips width = 15;
+    Colour colour;
+    Twips space = 0; ///< distance to the text; paragraphs only
+
+    bool operator==(const BorderLine &) const = default;
+};
+
+/// The sides of a box, in the order of the arrays below.
+enum Side { Top, Left, Bottom, Right };
+
+template<class Value>
+using Sides = std::array<Value, 4>;
+
+struct CharFormat
+{
+    QString font = QStringLiteral("Liberation Serif");
+    int halfPoints = 24;
+    bool bold = false;
+    bool italic = false;
+    bool underline = false;
+    Colour colour;
+
+    bool operator==(const CharFormat &) const = default;
+};
+
+/// In a run's text a TAB moves to the next tab stop and `lineBreak` begins a new line of the same paragraph; it holds
+/// no other control characters.
+constexpr QChar lineBreak(0x2028);
+
+struct Run
+{
+    QString text;
+    CharFormat format;
+
+    bool operator==(const Run &) const = default;
+};
+
+enum class Alignment { Left, Centre, Right, Justified };
+
+/// `position` is measured from the left edge of the column of text, not from the paragraph's indent.
+struct TabStop
+{
+    Twips position = 0;
+    Alignment alignment = Alignment::Left;
+
+    bool operator==(const TabStop &) const = default;
+};
+
+/// Automatic: the height of the fonts times `value`/240. Least and Exact: `value` in twips.
+struct LineSpacing
+{
+    enum Rule { Automatic, Least, Exact };
+    Rule rule = Automatic;
+    Twips value = 240;
+
+    bool operator==(const LineSpacing &) const = default;
+};
+
+struct ParagraphFormat
+{
+    Alignment alignment = Alignment::Left;
+    Twips leftIndent = 0;
+    Twips rightIndent = 0;
+    Twips firstIndent = 0; ///< added to `leftIndent` in the first line; negative for a hanging indent
+    Twips spaceBefore = 0;
+    Twips spaceAfter = 0;
+    LineSpacing lineSpacing;
+    std::vector<TabStop> tabs; ///< in rising order
+    Sides<BorderLine> borders;
+    Colour shading;
+    bool pageBreakBefore = false;
+
+    bool operator==(const ParagraphFormat &) const = default;
+};
+
+struct Paragraph
+{
+    std::vector<Run> runs;
+    ParagraphFormat format;
+    /// The format of the paragraph's end. It gives an empty paragraph its height, so that a row whose values are all
+    /// empty can be made to shrink.
+    CharFormat endFormat;
+
+    QString text() const
+    {
+        QString all;
+        for (const Run &run : runs)
+            all += run.text;
+        return all;
+    }
+    bool operator==(const Paragraph &) const = default;
+};
+
+struct Block;
+
+enum class VerticalAlignment { Top, Centre, Bottom };
+
+/// Part of a merge across cells or rows: the first cell holds the content, the others continue it.
+enum class Merge { None, First, Continued };
+
+struct CellFormat
+{
+    Twips rightEdge = 0; ///< measured as `RowFormat::leftEdge` is
+    Sides<BorderLine> borders;
+    Sides<std::optional<Twips>> padding; ///< where the cell differs from its row
+    Colour shading;
+    VerticalAlignment verticalAlignment = VerticalAlignment::Top;
+    Merge acrossCells = Merge::None;
+    Merge acrossRows = Merge::None;
+
+    bool operator==(const CellFormat &) const = default;
+};
+
+struct Cell
+{
+    CellFormat format;
+    std::vector<Block> blocks;
+
+    bool operator==(const Cell &other) const;
+};
+
+struct RowHeight
+{
+    enum Rule { Least, Exact };
+    Rule rule = Least;
+    Twips value = 0;
+
+    bool operator==(const RowHeight &) const = default;
+};
+
+struct RowFormat
+{
+    Twips leftEdge = 0; ///< from the left edge of the column of text; negative hangs out into the margin
+    Twips gap = 0;      ///< default distance of a cell's text from its left and right edge
+    Sides<std::optional<Twips>> padding;
+    RowHeight height;
+    bool heading = false; ///< repeated on each page that the table reaches; only at the top of a table
+    bool keepTogether = false;
+
+    bool operator==(const RowFormat &) const = default;
+};
+
+struct Row
+{
+    RowFormat format;
+    std::vector<Cell> cells;
+
+    bool operator==(const Row &) const = default;
+};
+
+struct Table
+{
+    std::vector<Row> rows;
+
+    bool operator==(const Table &) const = default;
+};
+
+struct Block
+{
+    std::variant<Paragraph, Table> content;
+
+    bool operator==(const Block &) const = default;
+};
+
+inline bool Cell::operator==(const Cell &other) const
+{
+    return format == other.format && blocks == other.blocks;
+}
+
+struct PageSetup
+{
+    Twips width = 11906; ///< A4
+    Twips height = 16838;
+    Sides<Twips> margins = {1440, 1440, 1440, 1440};
+
+    bool operator==(const PageSetup &) const = default;
+};
+
+struct Document
+{
+    PageSetup page;
+    std::vector<Block> blocks;
+
+    bool operator==(const Document &) const = default;
+};
+
+/// Calls `visit(Paragraph &)` for every paragraph in reading order, those inside of tables included; on a const
+/// document with a const one.
+template<class Blocks, class Visitor>
+void eachParagraph(Blocks &blocks, Visitor &&visit)
+{
+    for (auto &block : blocks) {
+        if (auto *paragraph = std::get_if<Paragraph>(&block.content)) {
+            visit(*paragraph);
+            continue;
+        }
+        for (auto &row : std::get<Table>(block.content).rows)
+            for (auto &cell : row.cells)
+                eachParagraph(cell.blocks, visit);
+    }
+}
+
+} // namespace ledgora::reporter

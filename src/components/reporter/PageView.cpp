@@ -1,0 +1,196 @@
+#include "components/reporter/PageView.h"
+
+#include "components/reporter/Paint.h"
+#include <QKeyEvent>
+#include <QPainter>
+#include <QScrollBar>
+#include <QWheelEvent>
+#include <algorithm>
+#include <cmath>
+
+namespace ledgora::reporter {
+
+namespace {
+
+constexpr qreal gap = 16; ///< pixels around and between pages
+constexpr qreal smallestZoom = 0.25;
+constexpr qreal largestZoom = 5;
+constexpr qreal largestFit = 1.75; ///< wider views give the room to the ground, not to huge letters
+constexpr qreal zoomStep = 1.2;
+
+} // namespace
+
+PageView::PageView(QWidget *parent) : QAbstractScrollArea(parent)
+{
+    setFocusPolicy(Qt::StrongFocus);
+    setFrameShape(QFrame::NoFrame);
+    verticalScrollBar()->setSingleStep(40);
+    horizontalScrollBar()->setSingleStep(40);
+    connect(verticalScrollBar(), &QScrollBar::valueChanged, this, &PageView::viewChanged);
+}
+
+void PageView::setPages(PageList pages)
+{
+    m_pages = std::move(pages);
+    m_tops.clear();
+    m_widest = 0;
+    qreal top = 0;
+    for (const Page &page : m_pages) {
+        m_tops.push_back(top);
+        top += page.size.height();
+        m_widest = std::max(m_widest, page.size.width());
+    }
+    if (m_fitting)
+        fitWidth();
+    else
+        updateBars();
+    showPage(0);
+    viewport()->update();
+}
+
+qreal PageView::pixelsPerTwip() const
+{
+    return m_zoom * logicalDpiX() / 1440;
+}
+
+QRectF PageView::pageArea(int page) const
+{
+    const qreal scale = pixelsPerTwip();
+    const QSizeF size = m_pages[page].size * scale;
+    const qreal left = (std::max<qreal>(viewport()->width(), wholeSize().width()) - size.width()) / 2;
+    return {QPointF(std::floor(left), std::floor(m_tops[page] * scale + gap * (page + 1))), size};
+}
+
+QSizeF PageView::wholeSize() const
+{
+    if (m_pages.empty())
+        return {};
+    const qreal twips = m_tops.back() + m_pages.back().size.height();
+    return {m_widest * pixelsPerTwip() + 2 * gap,
+            twips * pixelsPerTwip() + gap * static_cast<qreal>(m_pages.size() + 1)};
+}
+
+void PageView::updateBars()
+{
+    const QSizeF whole = wholeSize();
+    verticalScrollBar()->setPageStep(viewport()->height());
+    verticalScrollBar()->setRange(0, std::max(0, static_cast<int>(std::ceil(whole.height())) - viewport()->height()));
+    horizontalScrollBar()->setPageStep(viewport()->width());
+    horizontalScrollBar()->setRange(0, std::max(0, static_cast<int>(std::ceil(whole.width())) - viewport()->width()));
+}
+
+void PageView::applyZoom(qreal zoom, qreal anchor)
+{
+    const qreal before = std::max(1.0, wholeSize().height());
+    const qreal fixed = verticalScrollBar()->value() + anchor;
+    m_zoom = std::clamp(zoom, smallestZoom, largestZoom);
+    updateBars();
+    verticalScrollBar()->setValue(static_cast<int>(std::lround(fixed * wholeSize().height() / before - anchor)));
+    horizontalScrollBar()->setValue(horizontalScrollBar()->maximum() / 2);
+    viewport()->update();
+    Q_EMIT viewChanged();
+}
+
+void PageView::setZoom(qreal zoom)
+{
+    m_fitting = false;
+    applyZoom(zoom, viewport()->height() / 2.0);
+}
+
+void PageView::zoomIn()
+{
+    setZoom(m_zoom * zoomStep);
+}
+
+void PageView::zoomOut()
+{
+    setZoom(m_zoom / zoomStep);
+}
+
+void PageView::fitWidth()
+{
+    m_fitting = true;
+    if (m_widest <= 0)
+        return;
+    const qreal room = viewport()->width() - 2 * gap;
+    applyZoom(std::min(largestFit, room * 1440 / (m_widest * logicalDpiX())), 0);
+}
+
+int PageView::currentPage() const
+{
+    const qreal middle = verticalScrollBar()->value() + viewport()->height() / 2.0;
+    int page = 0;
+    while (page + 1 < static_cast<int>(m_pages.size()) && pageArea(page + 1).top() - gap / 2 <= middle)
+        ++page;
+    return page;
+}
+
+void PageView::showPage(int page)
+{
+    if (page >= 0 && page < static_cast<int>(m_pages.size()))
+        verticalScrollBar()->setValue(static_cast<int>(pageArea(page).top() - gap));
+}
+
+void PageView::paintEvent(QPaintEvent *)
+{
+    QPainter painter(viewport());
+    const bool dark = palette().color(QPalette::Window).lightness() < 128;
+    painter.fillRect(viewport()->rect(), dark ? palette().color(QPalette::Window).darker(140)
+                                              : palette().color(QPalette::Window).darker(118));
+    painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
+    const QPointF scrolled(horizontalScrollBar()->value(), verticalScrollBar()->value());
+    for (int i = 0; i < static_cast<int>(m_pages.size()); ++i) {
+        const QRectF area = pageArea(i).translated(-scrolled);
+        if (!area.intersects(viewport()->rect()))
+            continue;
+        painter.fillRect(area, Qt::white); // paper is white whatever the desktop's colours are
+        painter.save();
+        painter.setClipRect(area);
+        painter.translate(area.topLeft());
+        painter.scale(pixelsPerTwip(), pixelsPerTwip());
+        paintPage(painter, m_pages[i]);
+        painter.restore();
+    }
+}
+
+void PageView::resizeEvent(QResizeEvent *)
+{
+    if (m_fitting)
+        fitWidth();
+    else
+        updateBars();
+}
+
+void PageView::wheelEvent(QWheelEvent *event)
+{
+    if (!event->modifiers().testFlag(Qt::ControlModifier)) {
+        QAbstractScrollArea::wheelEvent(event);
+        return;
+    }
+    if (event->angleDelta().y() > 0)
+        zoomIn();
+    else if (event->angleDelta().y() < 0)
+        zoomOut();
+    event->accept();
+}
+
+void PageView::keyPressEvent(QKeyEvent *event)
+{
+    switch (event->key()) {
+    case Qt::Key_Home:
+        verticalScrollBar()->setValue(0);
+        break;
+    case Qt::Key_End:
+        verticalScrollBar()->setValue(verticalScrollBar()->maximum());
+        break;
+    case Qt::Key_Space:
+        verticalScrollBar()->triggerAction(event->modifiers().testFlag(Qt::ShiftModifier)
+                                               ? QAbstractSlider::SliderPageStepSub
+                                               : QAbstractSlider::SliderPageStepAdd);
+        break;
+    default:
+        QAbstractScrollArea::keyPressEvent(event);
+    }
+}
+
+} // namespace ledgora::reporter

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "components/reporter/Document.h"
+#include <QByteArrayView>
+
+namespace ledgora::reporter {
+
+struct RtfRead
+{
+    Document document;
+    QString error; ///< "" when the text was read whole; else what is wrong with it, in English
+};
+
+/// Reads RTF text (RTF 1.9; a template is RTF under the name ".doc") into the model: page, paragraphs, runs, tables.
+/// What the model does not know yet is skipped. Broken or hostile text gives what could be read before the fault and
+/// an error; the work is bounded: groups nest up to `deepestGroup`, and the text, its paragraphs and the cells of a
+/// row have the limits below, behind which reading stops (cells: joins the last one).
+RtfRead readRtf(QByteArrayView text);
+
+constexpr int deepestGroup = 200;
+constexpr qsizetype largestInput = 64LL * 1024 * 1024;
+constexpr qsizetype mostCharacters = 4LL * 1024 * 1024;
+constexpr int mostParagraphs = 100'000;
+constexpr int mostCellsInRow = 200;
+
+} // namespace ledgora::reporter

@@ -1,0 +1,178 @@
+// The pop-ups of the entry screens: the type-ahead on the party directory, and the lists of earlier texts.
+
+#include "controls/ChoiceBox.h"
+#include "controls/DocumentScreen.h"
+#include "controls/Grid.h"
+#include "controls/LineField.h"
+#include "store/StateList.h"
+#include <QKeyEvent>
+#include <QListWidget>
+
+namespace ledgora {
+
+namespace {
+
+constexpr int popupRows = 12;
+
+} // namespace
+
+void DocumentScreen::connectParty()
+{
+    Field &party = field(m_fields.partyName);
+    party.gotFocus = [this] { partyFocused(); };
+    party.lostFocus = [this] { partyFieldLeft(); };
+    party.keyDown = [this](QKeyEvent *key) { return partyKey(key); };
+    on(m_fields.partyName, &QLineEdit::textEdited, [this](const QString &typed) { findParty(typed); });
+    on(m_parties, &Grid::rowActivated, [this](int) { m_fields.series->setFocus(); });
+}
+
+void DocumentScreen::partyFocused()
+{
+    if (!isEditing())
+        return;
+    m_parties->setRow(m_parties->cells().find(partyCode(), PartyCode));
+    placePopup(m_parties, m_fields.partyName, {m_fields.partyName->width() * 2, 0});
+    m_parties->show();
+    m_parties->raise();
+}
+
+void DocumentScreen::findParty(const QString &typed)
+{
+    if (!isEditing() || !m_fields.partyName->hasFocus())
+        return;
+    m_parties->setRow(typed.isEmpty() ? -1 : m_parties->cells().find(typed, PartyName, 1, Cells::Match::BeginsAnyCase));
+}
+
+bool DocumentScreen::partyKey(QKeyEvent *key)
+{
+    if (!isEditing())
+        return false;
+    const int first = m_parties->cells().fixedRows();
+    const int last = m_parties->cells().rows() - 1;
+    const int row = m_parties->row();
+    switch (key->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        m_fields.series->setFocus();
+        return true;
+    case Qt::Key_Up:
+        m_parties->setRow(row <= first ? last : row - 1);
+        return true;
+    case Qt::Key_Down:
+        m_parties->setRow(row < first || row >= last ? first : row + 1);
+        return true;
+    case Qt::Key_PageDown:
+        m_parties->setRow(std::min(last, row < first ? first : row + (m_parties->lastVisibleRow() - row)));
+        m_parties->scrollTo(m_parties->currentIndex(), QAbstractItemView::PositionAtTop);
+        return true;
+    case Qt::Key_PageUp:
+        m_parties->setRow(std::max(first, row - (m_parties->lastVisibleRow() - row)));
+        return true;
+    default:
+        return false;
+    }
+}
+
+void DocumentScreen::partyFieldLeft()
+{
+    if (!isEditing() || !m_fields.partyName->isEnabled())
+        return m_parties->hide();
+    const int row = m_parties->row();
+    clearParty();
+    takeParty(row);
+    partyLeft();
+    m_parties->hide();
+}
+
+/// Fills the party fields from a row of the directory; nothing for no row.
+void DocumentScreen::takeParty(int row)
+{
+    const Cells &parties = m_parties->cells();
+    if (!parties.isData(row))
+        return;
+    m_fields.partyName->setHiddenValue(parties.text(row, PartyCode));
+    m_fields.partyName->setText(parties.text(row, PartyName));
+    m_fields.partyPan->setText(parties.text(row, PartyPan));
+    m_fields.partyGstin->setText(parties.text(row, PartyGstin));
+    m_fields.partyAddress->setHiddenValue(GETSTATECODEFORNAMEONLYGST(parties.text(row, PartyState)));
+    m_fields.partyAddress->setText(parties.text(row, PartyAddress));
+    m_fields.partyAddress->setCursorPosition(0);
+}
+
+void DocumentScreen::clearParty()
+{
+    for (LineField *line : {m_fields.partyName, m_fields.partyPan, m_fields.partyGstin, m_fields.partyAddress})
+        line->clearBoth();
+}
+
+QString DocumentScreen::partyCode() const
+{
+    return m_fields.partyName->hiddenValue();
+}
+
+QString DocumentScreen::partyStateCode() const
+{
+    return m_fields.partyAddress->hiddenValue();
+}
+
+void DocumentScreen::placePopup(QWidget *popup, QWidget *under, QSize size)
+{
+    const int rowHeight = popup->fontMetrics().height() + 8;
+    const QPoint below = under->mapTo(this, QPoint(0, under->height()));
+    const int height = std::min(size.height() > 0 ? size.height() : (popupRows + 1) * rowHeight, this->height() - below.y() - 4);
+    const int width = std::clamp(size.width(), 320, this->width() - 8);
+    popup->setGeometry(std::min(below.x(), this->width() - width - 4), below.y(), width, height);
+}
+
+void DocumentScreen::GETLISTN()
+{
+    if (m_narrations->count() == 0)
+        m_narrations->addItems(narrationsUsed());
+    showTexts(m_narrations, {}, m_fields.narration->text(), m_fields.narration, m_fields.narration->rect());
+}
+
+QListWidget *DocumentScreen::makeTextPopup(const QString &name, const std::function<void(const QString &)> &take)
+{
+    auto *popup = new QListWidget(this);
+    popup->setObjectName(name);
+    popup->setFrameShape(QFrame::StyledPanel);
+    popup->hide();
+    const auto takeCurrent = [popup, take] {
+        if (const QListWidgetItem *item = popup->currentItem())
+            take(item->text());
+    };
+    on(popup, &QListWidget::itemDoubleClicked, [takeCurrent](QListWidgetItem *) { takeCurrent(); });
+    field(popup).keyDown = [takeCurrent](QKeyEvent *key) {
+        const bool enter = key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter;
+        if (enter)
+            takeCurrent();
+        return enter;
+    };
+    field(popup).lostFocus = [popup] { popup->hide(); };
+    return popup;
+}
+
+void DocumentScreen::showTexts(QListWidget *popup, const QStringList &texts, const QString &text, QWidget *under,
+                               const QRect &at)
+{
+    if (popup->count() == 0)
+        popup->addItems(texts);
+    if (popup->count() == 0)
+        return;
+    popup->setCurrentRow(0);
+    for (int row = 0; row < popup->count() && !text.isEmpty(); ++row) {
+        if (popup->item(row)->text().compare(text, Qt::CaseInsensitive) == 0)
+            popup->setCurrentRow(row);
+    }
+    const int rowHeight = popup->fontMetrics().height() + 6;
+    const QSize size(std::max(360, at.width()), std::clamp(popup->count() + 1, 4, popupRows) * rowHeight);
+    const QPoint corner = under->mapTo(this, at.bottomLeft());
+    const int top = corner.y() + size.height() <= height() ? corner.y() : under->mapTo(this, at.topLeft()).y() - size.height();
+    popup->setGeometry(std::clamp(corner.x(), 0, std::max(0, width() - size.width())), std::max(0, top), size.width(), size.height());
+    popup->show();
+    popup->raise();
+    popup->setFocus();
+    popup->scrollToItem(popup->currentItem());
+}
+
+} // namespace ledgora

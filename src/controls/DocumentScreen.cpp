@@ -1,0 +1,381 @@
+#include "controls/DocumentScreen.h"
+
+#include "bills/EntryRules.h"
+#include "controls/ChoiceBox.h"
+#include "controls/CommandButton.h"
+#include "controls/Grid.h"
+#include "controls/LineField.h"
+#include "masters/PartyDirectory.h"
+#include "masters/SeriesStore.h"
+#include "store/Connection.h"
+#include "store/Dates.h"
+#include "store/ErrorLog.h"
+#include "store/StateList.h"
+#include <QCheckBox>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QListWidget>
+
+namespace ledgora {
+
+namespace {
+
+constexpr auto showListCaption = "S&how List";
+constexpr auto hideListCaption = "&Hide List";
+
+} // namespace
+
+DocumentScreen::DocumentScreen(QWidget *parent) : Screen(parent) {}
+
+void DocumentScreen::setUpDocument(const DocumentFields &fields, Kind kind)
+{
+    m_fields = fields;
+    m_kind = std::move(kind);
+    m_fields.number->setMaxLength(documentNumberDigits);
+
+    m_list = new Grid(this);
+    m_list->setObjectName(m_kind.listName);
+    m_list->setListMode();
+    m_list->setCells(m_kind.emptyList);
+    m_list->hide();
+
+    m_parties = new Grid(this);
+    m_parties->setObjectName(QStringLiteral("vsListC"));
+    m_parties->setListMode();
+    m_parties->setFocusPolicy(Qt::NoFocus); // the name field goes on taking keys while the list shows
+    m_parties->setCells(emptyPartyDirectory());
+    m_parties->setColumnHidden(PartyState, true);
+    m_parties->setColumnHidden(PartyAddress, true);
+    m_parties->setWidths({0.2, 0, 0.16, 0.22, 0, 0}, PartyName);
+    m_parties->hide();
+
+    m_narrations = makeTextPopup(QStringLiteral("vsListN"), [this](const QString &text) {
+        m_fields.narration->setText(text);
+        m_fields.narration->setFocus();
+    });
+    connectCommands();
+    connectFields();
+    connectParty();
+}
+
+void DocumentScreen::connectCommands()
+{
+    command(m_fields.next, [this] { CMDNEXT_CLICK(); });
+    command(m_fields.previous, [this] { CMDPREV_CLICK(); });
+    command(m_fields.showList, [this] { CMDSHLIST_CLICK(); });
+    command(m_fields.add, [this] { CMDADD_CLICK(); });
+    command(m_fields.modify, [this] { CMDMODIFY_CLICK(); });
+    command(m_fields.remove, [this] { CMDDELETE_CLICK(); });
+    command(m_fields.update, [this] { updatePressed(); });
+    command(m_fields.cancel, [this] { CMDCANCEL_CLICK(); });
+    command(m_fields.preview, [this] { previewPressed(); });
+    command(m_fields.back, [this] { close(); });
+}
+
+void DocumentScreen::connectFields()
+{
+    enterMovesOn({m_fields.year, m_fields.series, m_fields.date, m_fields.narration, m_fields.number});
+    on(m_fields.year, &ChoiceBox::chosen, [this](int) { CBOFYR_CLICK(); });
+    on(m_fields.clientWise, &QCheckBox::toggled, [this](bool) { sortClientWise(); });
+
+    field(m_fields.number).validate = [this] {
+        return !isEditing() || m_fields.number->text().isEmpty() || checkNumber();
+    };
+    field(m_fields.number).keyDown = [this](QKeyEvent *key) {
+        const QString typed = key->text();
+        const bool refused = !typed.isEmpty() && typed.at(0).isPrint() && !typed.at(0).isDigit()
+                             && !(key->modifiers() & (Qt::ControlModifier | Qt::AltModifier));
+        if (refused)
+            inform(QStringLiteral("Enter Numeric Value."), m_fields.number);
+        return refused;
+    };
+    field(m_fields.date).validate = [this] { return !isEditing() || m_fields.date->date().isEmpty() || checkDate(); };
+    field(m_fields.narration).keyDown = [this](QKeyEvent *key) {
+        const bool list = key->key() == Qt::Key_F12 && key->modifiers() == Qt::NoModifier && isEditing();
+        if (list)
+            GETLISTN();
+        return list;
+    };
+
+    on(m_list, &Grid::rowActivated, [this](int) {
+        showCurrent();
+        hideDocumentList(m_fields.showList);
+    });
+    field(m_list).lostFocus = [this] {
+        if (m_list->isVisible() && !m_fields.showList->hasFocus())
+            hideDocumentList(nullptr);
+    };
+}
+
+void DocumentScreen::openYears()
+{
+    SETBUTTONS(true);
+    // The directory of host "C" depends on the year and is read when that is chosen.
+    if (gHostCode != QLatin1String("C"))
+        m_parties->change([](Cells &parties) { LOADCLLIST(*gCnn, gHostCode, parties); });
+    m_fields.year->setHiddenValue({});
+    m_fields.year->clear();
+    m_fields.year->addItems(financialYears(gRegYr));
+    m_fields.year->setCurrentIndex(openingYearIndex(gRegYr, today()));
+    m_fields.year->setHiddenValue(QStringLiteral("-2"));
+    CBOFYR_CLICK();
+}
+
+void DocumentScreen::CBOFYR_CLICK()
+{
+    const QString index = QString::number(m_fields.year->currentIndex());
+    if (m_fields.year->hiddenValue().isEmpty() || m_fields.year->hiddenValue() == index)
+        return;
+    m_fields.year->setHiddenValue(index);
+    if (gHostCode == QLatin1String("C"))
+        m_parties->change([](Cells &parties) { LOADCLLIST(*gCnn, gHostCode, parties); });
+    fillSeries();
+    yearChanged(year());
+    loadList(0);
+    m_list->setRow(m_list->cells().hasData() ? m_list->cells().fixedRows() : -1);
+    showCurrent();
+}
+
+void DocumentScreen::fillSeries()
+{
+    m_fields.series->clear();
+    m_fields.series->addItem(QStringLiteral("(None)"), 0);
+    for (const Series &series : seriesOfYear(*gCnn, m_kind.seriesKind, year()))
+        m_fields.series->addItem(series.text, series.id);
+}
+
+void DocumentScreen::SETBUTTONS(bool browse)
+{
+    const std::initializer_list<QWidget *> browsing{m_fields.year,       m_fields.add,      m_fields.modify, m_fields.remove,
+                                                    m_fields.showList,   m_fields.clientWise, m_fields.previous,
+                                                    m_fields.next,       m_fields.preview,  m_fields.back};
+    for (QWidget *widget : browsing)
+        widget->setEnabled(browse);
+    for (QWidget *widget : std::initializer_list<QWidget *>{m_fields.editPanel, m_fields.update, m_fields.cancel})
+        widget->setEnabled(!browse);
+    m_fields.keysHint->setVisible(!browse);
+    setReadable(browse);
+}
+
+/// While browsing the panel reads as a document: full ink, no boxes.
+void DocumentScreen::setReadable(bool browse)
+{
+    QPalette palette = m_fields.editPanel->palette();
+    for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText})
+        palette.setColor(QPalette::Disabled, role, palette.color(QPalette::Active, role));
+    m_fields.editPanel->setPalette(palette);
+    for (QLineEdit *line : m_fields.editPanel->findChildren<QLineEdit *>())
+        line->setFrame(!browse && !line->isReadOnly());
+    for (QComboBox *box : m_fields.editPanel->findChildren<QComboBox *>())
+        box->setFrame(!browse);
+}
+
+void DocumentScreen::CMDADD_CLICK()
+{
+    clearParty();
+    m_fields.status->clear();
+    m_fields.series->setCurrentIndex(0);
+    m_fields.number->clearBoth();
+    m_fields.narration->clear();
+    clearPanel();
+    m_narrations->clear();
+    m_fields.number->setText(QString::number(highestNumber() + 1));
+    m_fields.date->setDate(proposedDate(year(), today()));
+    m_isAdding = true;
+    SETBUTTONS(false);
+    beginAdd();
+}
+
+void DocumentScreen::CMDMODIFY_CLICK()
+{
+    if (!hasCurrent())
+        return;
+    m_fields.status->clear();
+    m_narrations->clear();
+    m_isAdding = false;
+    SETBUTTONS(false);
+    beginModify();
+}
+
+void DocumentScreen::CMDDELETE_CLICK()
+{
+    if (!hasCurrent())
+        return;
+    const QString number = m_list->cells().text(m_list->row(), m_kind.columns.number);
+    if (!ask(QStringLiteral("Do you want to Delete the Selected %1 No. %2?").arg(m_kind.noun, number), QMessageBox::No))
+        return;
+    const int id = currentId();
+    if (!removeStored(id))
+        return;
+    loadList(id);
+    showCurrent();
+}
+
+void DocumentScreen::CMDCANCEL_CLICK()
+{
+    SETBUTTONS(true);
+    m_fields.partyName->setEnabled(true);
+    m_parties->hide();
+    showCurrent();
+    (m_isAdding ? m_fields.add : m_fields.modify)->setFocus();
+    m_fields.date->setEnabled(true);
+}
+
+void DocumentScreen::CMDSHLIST_CLICK()
+{
+    if (m_fields.showList->text() != QLatin1String(showListCaption)) {
+        hideDocumentList(nullptr);
+        return;
+    }
+    m_list->setRow(m_list->cells().find(m_fields.number->hiddenValue(), m_kind.columns.id));
+    placeList();
+    m_list->show();
+    m_list->raise();
+    m_list->setFocus();
+    m_fields.showList->setText(QLatin1String(hideListCaption));
+}
+
+/// The cursor goes back to the document on show, and the list away.
+void DocumentScreen::hideDocumentList(QWidget *focusTarget)
+{
+    m_list->setRow(m_list->cells().find(m_fields.number->hiddenValue(), m_kind.columns.id));
+    if (focusTarget)
+        focusTarget->setFocus();
+    m_list->hide();
+    m_fields.showList->setText(QLatin1String(showListCaption));
+}
+
+void DocumentScreen::moveTo(int delta)
+{
+    const int row = m_list->row() + delta;
+    if (!m_list->cells().isData(row))
+        return;
+    m_list->setRow(row);
+    showCurrent();
+}
+
+void DocumentScreen::sortClientWise()
+{
+    const QString shown = m_fields.number->hiddenValue();
+    m_list->change([this](Cells &list) { sortDocuments(list, m_kind.columns, m_fields.clientWise->isChecked()); });
+    m_list->setRow(m_list->cells().find(shown, m_kind.columns.id));
+    m_fields.previous->setEnabled(!isEditing() && m_list->cells().isData(m_list->row() - 1));
+    m_fields.next->setEnabled(!isEditing() && m_list->cells().isData(m_list->row() + 1));
+    if (m_fields.showList->text() != QLatin1String(hideListCaption))
+        return;
+    m_fields.showList->setText(QLatin1String(showListCaption));
+    CMDSHLIST_CLICK();
+}
+
+void DocumentScreen::selectAfterRefresh(int id, int rememberedRow)
+{
+    m_list->setRow(rowAfterRefresh(m_list->cells(), m_kind.columns.id, id, rememberedRow));
+}
+
+void DocumentScreen::showCurrent()
+{
+    clearParty();
+    m_fields.series->setCurrentIndex(0);
+    m_fields.number->clearBoth();
+    m_fields.date->setDate({});
+    m_fields.narration->clear();
+    clearPanel();
+    const Cells &list = m_list->cells();
+    const int row = m_list->row();
+    m_fields.previous->setEnabled(!isEditing() && list.isData(row - 1));
+    m_fields.next->setEnabled(!isEditing() && hasCurrent() && list.isData(row + 1));
+    if (!hasCurrent())
+        return;
+    m_fields.number->setHiddenValue(list.text(row, m_kind.columns.id));
+    takeParty(m_parties->cells().find(list.text(row, m_kind.columns.party), PartyCode));
+    m_fields.series->setCurrentIndex(GETSRINDEX(int(list.value(row, m_kind.seriesColumn))));
+    m_fields.number->setText(list.text(row, m_kind.columns.number));
+    m_fields.date->setDate(CONVERTDATE(list.text(row, m_kind.columns.date)));
+    m_fields.narration->setText(list.text(row, m_kind.narrationColumn));
+    showPanel(row);
+}
+
+bool DocumentScreen::checkNumber()
+{
+    const QString fault = documentNumberFault(m_fields.number->text(), m_kind.noun);
+    if (!fault.isEmpty())
+        inform(fault, m_fields.number);
+    return fault.isEmpty();
+}
+
+bool DocumentScreen::checkDate()
+{
+    m_fields.date->setDate(completedDate(m_fields.date->text(), year()));
+    const QString fault = documentDateFault(m_fields.date->text(), year(), m_kind.noun);
+    if (!fault.isEmpty()) {
+        inform(fault, m_fields.date);
+        return false;
+    }
+    m_fields.date->setDate(settledDate(m_fields.date->text()));
+    return true;
+}
+
+int DocumentScreen::GETSRINDEX(int seriesId) const
+{
+    return std::max(0, m_fields.series->findData(seriesId));
+}
+
+int DocumentScreen::year() const
+{
+    return m_fields.year->currentText().left(4).toInt();
+}
+
+int DocumentScreen::seriesId() const
+{
+    return m_fields.series->currentData().toInt();
+}
+
+int DocumentScreen::currentId() const
+{
+    return hasCurrent() ? int(m_list->cells().value(m_list->row(), m_kind.columns.id)) : 0;
+}
+
+bool DocumentScreen::hasCurrent() const
+{
+    return m_list->cells().isData(m_list->row());
+}
+
+bool DocumentScreen::isEditing() const
+{
+    return m_fields.editPanel->isEnabled();
+}
+
+void DocumentScreen::say(const QString &status)
+{
+    m_fields.status->setText(status);
+}
+
+void DocumentScreen::escapePressed()
+{
+    if (closeOwnPopup())
+        return;
+    if (m_narrations->isVisible())
+        return m_fields.narration->setFocus();
+    if (m_parties->isVisible()) {
+        clearParty();
+        m_parties->setRow(-1);
+        return m_parties->hide();
+    }
+    if (m_list->isVisible())
+        return hideDocumentList(m_fields.showList);
+    if (!isEditing()) {
+        close();
+        return;
+    }
+    if (ask(QStringLiteral("Do you want to Cancel Entry?"), QMessageBox::No))
+        CMDCANCEL_CLICK();
+}
+
+void DocumentScreen::resizeEvent(QResizeEvent *event)
+{
+    Screen::resizeEvent(event);
+    if (m_list && m_list->isVisible())
+        placeList();
+}
+
+} // namespace ledgora

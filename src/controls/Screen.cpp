@@ -1,0 +1,176 @@
+#include "controls/Screen.h"
+
+#include "controls/CommandButton.h"
+#include "controls/Grid.h"
+#include "store/ErrorLog.h"
+#include <QApplication>
+#include <QKeyEvent>
+#include <QScopedValueRollback>
+
+namespace ledgora {
+
+namespace {
+
+bool isEnter(const QKeyEvent *key)
+{
+    return key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter;
+}
+
+/// Leaving towards another window, a pop-up or a menu is not leaving the field.
+bool leavesField(Qt::FocusReason reason)
+{
+    return reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason && reason != Qt::MenuBarFocusReason;
+}
+
+} // namespace
+
+Screen::Screen(QWidget *parent) : QWidget(parent)
+{
+    setAttribute(Qt::WA_DeleteOnClose);
+}
+
+Screen::Field &Screen::field(QWidget *widget)
+{
+    if (!m_fields.contains(widget))
+        widget->installEventFilter(this);
+    return m_fields[widget];
+}
+
+void Screen::enterMovesOn(std::initializer_list<QWidget *> widgets)
+{
+    for (QWidget *widget : widgets)
+        field(widget).enterMovesOn = true;
+}
+
+void Screen::command(QAbstractButton *button, std::function<void()> handler)
+{
+    on(button, &QAbstractButton::clicked, [this, handler = std::move(handler)](bool) {
+        if (settle())
+            handler();
+    });
+}
+
+void Screen::bindToCompany()
+{
+    m_company = CompanyState::current();
+}
+
+void Screen::run(const std::function<void()> &handler)
+{
+    std::optional<CompanyScope> scope;
+    if (m_company)
+        scope.emplace(*m_company);
+    try {
+        handler();
+    } catch (const std::bad_alloc &) {
+        WriteErrLog(7, QStringLiteral("Out of memory"), objectName());
+    }
+}
+
+bool Screen::settle()
+{
+    for (Grid *grid : findChildren<Grid *>())
+        grid->commitEditor();
+    bool settled = true;
+    run([&] { settled = applyFocusChanges(); });
+    return settled;
+}
+
+void Screen::queueFocusChange(QWidget *field, bool left)
+{
+    m_focusChanges.push_back({field, left});
+    QMetaObject::invokeMethod(this, [this] { run([this] { applyFocusChanges(); }); }, Qt::QueuedConnection);
+}
+
+bool Screen::applyFocusChanges()
+{
+    if (m_applying)
+        return true;
+    const QScopedValueRollback applying(m_applying, true);
+    while (!m_focusChanges.empty()) {
+        const FocusChange change = m_focusChanges.front();
+        m_focusChanges.pop_front();
+        if (change.left) {
+            if (leave(change.field))
+                continue;
+            m_focusChanges.clear();
+            change.field->setFocus();
+            return false;
+        }
+        if (const auto &entered = m_fields[change.field].gotFocus; entered && change.field->hasFocus())
+            entered();
+    }
+    return true;
+}
+
+bool Screen::leave(QWidget *widget)
+{
+    const Field rules = m_fields.value(widget);
+    if (widget->hasFocus())
+        return true;
+    const auto *button = qobject_cast<CommandButton *>(QApplication::focusWidget());
+    const bool mustPass = !button || button->causesValidation();
+    if (mustPass && rules.validate && !rules.validate())
+        return false;
+    if (rules.lostFocus)
+        rules.lostFocus();
+    return true;
+}
+
+bool Screen::eventFilter(QObject *watched, QEvent *event)
+{
+    const auto rules = m_fields.constFind(watched);
+    if (rules == m_fields.cend())
+        return QWidget::eventFilter(watched, event);
+    auto *widget = static_cast<QWidget *>(watched);
+    if (event->type() == QEvent::FocusOut && leavesField(static_cast<QFocusEvent *>(event)->reason())) {
+        queueFocusChange(widget, true);
+    } else if (event->type() == QEvent::FocusIn && leavesField(static_cast<QFocusEvent *>(event)->reason())) {
+        queueFocusChange(widget, false);
+    } else if (event->type() == QEvent::KeyPress) {
+        auto *key = static_cast<QKeyEvent *>(event);
+        bool taken = false;
+        if (const auto keyDown = rules->keyDown)
+            run([&] { taken = keyDown(key); });
+        if (taken)
+            return true;
+        if (isEnter(key) && m_fields.value(watched).enterMovesOn)
+            return focusNextPrevChild(true);
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+void Screen::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Escape)
+        run([this] { escapePressed(); });
+    else
+        QWidget::keyPressEvent(event);
+}
+
+void Screen::inform(const QString &text, QWidget *field)
+{
+    QMessageBox box(QMessageBox::Information, windowTitle(), text, QMessageBox::Ok, this);
+    box.setTextFormat(Qt::PlainText);
+    box.exec();
+    if (field)
+        field->setFocus();
+}
+
+void Screen::alarm(const QString &text)
+{
+    QMessageBox box(QMessageBox::Critical, windowTitle(), text, QMessageBox::Ok, this);
+    box.setTextFormat(Qt::PlainText);
+    box.exec();
+}
+
+bool Screen::ask(const QString &text, QMessageBox::StandardButton defaultButton, QMessageBox::Icon icon)
+{
+    QMessageBox box(icon, windowTitle(), text, QMessageBox::Yes | QMessageBox::No, this);
+    box.setTextFormat(Qt::PlainText);
+    box.setDefaultButton(defaultButton);
+    box.setEscapeButton(QMessageBox::No);
+    return box.exec() == QMessageBox::Yes;
+}
+
+} // namespace ledgora

@@ -1,0 +1,87 @@
+#pragma once
+
+#include "host/WorkingState.h"
+#include <QMessageBox>
+#include <QWidget>
+#include <deque>
+#include <functional>
+#include <optional>
+
+class QAbstractButton;
+
+namespace ledgora {
+
+/// What all screens share: Enter as Tab where a field asks for it, Esc, the checks on leaving a field before any
+/// command runs, the company that the screen was opened for, and the boundary at which a handler's failure ends.
+///
+/// Handlers are connected through `on` and `command`, never directly: so each runs with the working state of the
+/// screen's own company. Focus events only queue what a field's leaving and entering causes; a box raised inside a
+/// focus event would fight it for the focus.
+class Screen : public QWidget
+{
+    Q_OBJECT
+public:
+    explicit Screen(QWidget *parent = nullptr);
+
+    /// Finishes what is being typed: commits a cell editor, runs the check and the lost-focus rule of the field just
+    /// left. False when the field refuses; then its message was shown and it has the focus again.
+    bool settle();
+
+    /// A plain box with one OK button, with the focus back in `field` afterwards.
+    void inform(const QString &text, QWidget *field = nullptr);
+    void alarm(const QString &text);
+    /// A question with Yes and No.
+    bool ask(const QString &text, QMessageBox::StandardButton defaultButton = QMessageBox::Yes,
+             QMessageBox::Icon icon = QMessageBox::Question);
+
+protected:
+    /// What happens around a field, besides its own keys.
+    struct Field {
+        std::function<void()> gotFocus;
+        std::function<bool()> validate; ///< False keeps the focus; shows its own message
+        std::function<void()> lostFocus;
+        std::function<bool(QKeyEvent *)> keyDown; ///< True when it took the key
+        bool enterMovesOn = false;
+    };
+    Field &field(QWidget *widget);
+    void enterMovesOn(std::initializer_list<QWidget *> widgets);
+
+    /// Runs `handler` for a signal, inside the screen's company and boundary.
+    template<class Sender, class Signal, class Handler>
+    void on(Sender *sender, Signal signal, Handler handler)
+    {
+        connect(sender, signal, this, [this, handler](auto &&...arguments) {
+            run([&] { handler(std::forward<decltype(arguments)>(arguments)...); });
+        });
+    }
+
+    /// Runs `handler` for a click of the button, after `settle`.
+    void command(QAbstractButton *button, std::function<void()> handler);
+
+    /// Keeps the working state's company for every handler of this screen from now on.
+    void bindToCompany();
+
+    void run(const std::function<void()> &handler);
+
+    /// Esc, when nothing above the screen took it.
+    virtual void escapePressed() = 0;
+
+    bool eventFilter(QObject *watched, QEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+
+private:
+    struct FocusChange {
+        QWidget *field;
+        bool left;
+    };
+    void queueFocusChange(QWidget *field, bool left);
+    bool applyFocusChanges();
+    bool leave(QWidget *field);
+
+    QHash<QObject *, Field> m_fields;
+    std::deque<FocusChange> m_focusChanges;
+    bool m_applying = false;
+    std::optional<CompanyState> m_company;
+};
+
+} // namespace ledgora

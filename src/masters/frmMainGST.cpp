@@ -1,0 +1,237 @@
+#include "masters/frmMainGST.h"
+
+#include "bills/frmBillGST.h"
+#include "controls/StateChoice.h"
+#include "masters/CompanyStore.h"
+#include "masters/OtherClientStore.h"
+#include "masters/frmLogin1.h"
+#include "platform/HostObject.h"
+#include "store/Connection.h"
+#include "store/ErrorLog.h"
+#include "store/Identifiers.h"
+#include "store/NewId.h"
+#include "store/Settings.h"
+#include "store/StateList.h"
+#include "ui_frmMainGST.h"
+#include <QCloseEvent>
+
+namespace ledgora {
+
+frmMainGST::frmMainGST(QWidget *parent) : Screen(parent), ui(std::make_unique<Ui::frmMainGST>())
+{
+    ui->setupUi(this);
+    FORM_LOAD();
+}
+
+frmMainGST::~frmMainGST() = default;
+
+void frmMainGST::FORM_LOAD()
+{
+    const ErrorSite site("frmMainGST", "FORM_LOAD");
+    gHostObj->Resize_For_Resolution(*this);
+    LOADSTATELISTGST(*ui->cboFirmState);
+    LOADSTATELISTGST(*ui->cboOthClState);
+    connectHome();
+    connectCompanies();
+    connectOtherClients();
+    connectTemplates();
+    LOADGRIDFIRM(0);
+}
+
+void frmMainGST::connectHome()
+{
+    ui->vsFirm->setListMode();
+    ui->vsFirm->setCells(emptyCompanyList());
+    for (const int hidden : {CompanyId, CompanyPass, CompanyStateName})
+        ui->vsFirm->setColumnHidden(hidden, true);
+    ui->vsFirm->setWidths({0, 0, 0, 1}, CompanyName);
+    QFont bold = ui->lblFirm->font();
+    bold.setBold(true);
+    bold.setPointSizeF(bold.pointSizeF() * 1.3);
+    ui->lblFirm->setFont(bold);
+    on(ui->vsFirm, &Grid::rowChanged, [this](int) { showChosenCompany(); });
+    on(ui->vsFirm, &Grid::rowActivated, [this](int) { CMDBILLS_CLICK(); });
+    command(ui->cmdBills, [this] { CMDBILLS_CLICK(); });
+    command(ui->cmdBackMain, [this] { escapePressed(); });
+}
+
+void frmMainGST::showFrame(QWidget *frame)
+{
+    QWidget *page = frame;
+    while (page->parentWidget() != ui->frames)
+        page = page->parentWidget();
+    ui->frames->setCurrentWidget(page);
+}
+
+void frmMainGST::showHome(QWidget *focus)
+{
+    showFrame(ui->famFirmMain);
+    focus->setFocus();
+}
+
+int frmMainGST::chosenCompany() const
+{
+    return int(ui->vsFirm->cells().value(ui->vsFirm->row(), CompanyId));
+}
+
+void frmMainGST::showChosenCompany()
+{
+    const bool any = ui->vsFirm->cells().hasData();
+    ui->lblFirm->setText(ui->vsFirm->cells().text(ui->vsFirm->row(), CompanyName));
+    ui->lblFirm->setVisible(any);
+    ui->lblFirmHint->setText(any ? QStringLiteral("Enter opens the bills of the chosen company.")
+                                 : QStringLiteral("There is no company yet. Press Alt+C to create the first one."));
+}
+
+bool frmMainGST::hasChosenCompany()
+{
+    if (ui->vsFirm->cells().isData(ui->vsFirm->row()))
+        return true;
+    inform(QStringLiteral("Please Select a Company."), ui->vsFirm);
+    return false;
+}
+
+bool frmMainGST::passwordAgrees()
+{
+    gPassEntry.clear();
+    const QString password = ui->vsFirm->cells().text(ui->vsFirm->row(), CompanyPass);
+    if (password.isEmpty())
+        return true;
+    gPassAsk = true;
+    frmLogin1(this).exec();
+    gPassAsk = false;
+    if (gPassEntry == password)
+        return true;
+    if (!gPassEntry.isEmpty())
+        inform(QStringLiteral("Invalid Password."));
+    return false;
+}
+
+bool frmMainGST::ISSELECTEDFIRM()
+{
+    if (!hasChosenCompany())
+        return false;
+    const Cells &companies = ui->vsFirm->cells();
+    const int row = ui->vsFirm->row();
+    gFirmStateCode = GETSTATECODEFORNAMEONLYGST(companies.text(row, CompanyStateName));
+    if (gFirmStateCode.isEmpty()) {
+        // Companies taken over without a state, or with an old spelling, are mended at their first use.
+        inform(QStringLiteral("Please specify valid 'State' !"));
+        CMDFIRMALTER_CLICK();
+        if (ui->famFirmEdit->isVisible())
+            ui->cboFirmState->setFocus();
+        return false;
+    }
+    if (!passwordAgrees())
+        return false;
+    gFirmId = chosenCompany();
+    gFirmName = companies.text(row, CompanyName);
+    return true;
+}
+
+bool frmMainGST::CHECKTMPLSETUP()
+{
+    READTMPLSETUP();
+    if (gBillCopy != -1 && gRecpCopy != -1)
+        return true;
+    showTemplateSetup();
+    inform(QStringLiteral("Please specify 'Template' Type !"), ui->cboCopyTmpl_0);
+    return false;
+}
+
+void frmMainGST::CMDBILLS_CLICK()
+{
+    const ErrorSite site("frmMainGST", "CMDBILLS_CLICK");
+    if (!ISSELECTEDFIRM() || !CHECKTMPLSETUP())
+        return;
+    QPointer<frmBillGST> &screen = m_billScreens[gFirmId];
+    if (!screen)
+        screen = new frmBillGST;
+    if (gMdi)
+        return gMdi->showScreen(*screen);
+    screen->show();
+    screen->raise();
+    screen->activateWindow();
+}
+
+void frmMainGST::escapePressed()
+{
+    if (ui->famTmplSetup->isVisible())
+        return CMDBACKTMPL_CLICK();
+    if (ui->famOthClEdit->isVisible())
+        return CMDOTHCLCANCEL_CLICK();
+    if (ui->famOthClMain->isVisible())
+        return showHome(ui->cmdOthClMas);
+    if (ui->famFirmEdit->isVisible())
+        return CMDFIRMCANCEL_CLICK();
+    close();
+}
+
+void frmMainGST::closeEvent(QCloseEvent *event)
+{
+    Screen::closeEvent(event);
+    if (event->isAccepted() && gHostCode == QLatin1String("C") && gMdi)
+        gMdi->ReloadMenu();
+}
+
+MasterRow frmMainGST::readFields(std::span<const MasterField> fields) const
+{
+    MasterRow row;
+    for (const MasterField &field : fields) {
+        const QString name = QLatin1String(field.field);
+        const auto *line = findChild<QLineEdit *>(name);
+        const auto *states = findChild<ChoiceBox *>(name);
+        row.insert(QLatin1String(field.column),
+                   line ? line->text() : GETSTATENAMEFORNAMECODEGST(states ? states->currentText() : QString()));
+    }
+    return row;
+}
+
+void frmMainGST::writeFields(std::span<const MasterField> fields, const MasterRow &row)
+{
+    for (const MasterField &field : fields) {
+        const QString text = row.value(QLatin1String(field.column));
+        if (auto *line = findChild<QLineEdit *>(QLatin1String(field.field)))
+            line->setText(text);
+        else if (auto *states = findChild<ChoiceBox *>(QLatin1String(field.field)))
+            FILLCBOSTATEFORNAMEONLYGST(*states, text);
+    }
+}
+
+void frmMainGST::connectIdentifiers(const QString &prefix)
+{
+    auto *pan = findChild<QLineEdit *>(prefix + QStringLiteral("PAN"));
+    auto *gstin = findChild<QLineEdit *>(prefix + QStringLiteral("GSTIN"));
+    field(pan).validate = [this, pan] { return panIsValid(pan); };
+    field(gstin).validate = [this, gstin] {
+        const bool valid = gstin->text().isEmpty() || IsGstinShape(gstin->text());
+        if (!valid)
+            inform(QStringLiteral("Invalid 'GSTIN' !"), gstin);
+        return valid;
+    };
+}
+
+bool frmMainGST::panIsValid(QWidget *panField)
+{
+    auto *pan = static_cast<QLineEdit *>(panField);
+    const PanFault fault = panFault(pan->text());
+    if (fault == PanFault::None)
+        return true;
+    if (fault == PanFault::FourthCharacter)
+        inform(QStringLiteral("Fourth Character of PAN Should be [P,H,C,J,F,A,T,B,L,G]."));
+    inform(QStringLiteral("PAN No is not Valid."), pan);
+    pan->selectAll();
+    return false;
+}
+
+/// Tells a save of a master that did not go in; the frame then stays with all that was typed.
+bool frmMainGST::keepsEntry(bool saved, int id)
+{
+    if (!saved)
+        alarm(id < 1 ? QLatin1String(invalidIdMessage)
+                     : QStringLiteral("The database did not take the entry. What was typed is still here; press Save to "
+                                      "try again."));
+    return !saved;
+}
+
+} // namespace ledgora

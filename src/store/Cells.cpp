@@ -1,0 +1,163 @@
+#include "store/Cells.h"
+
+#include "store/Dates.h"
+#include "store/NumberFormat.h"
+#include <algorithm>
+#include <numeric>
+
+namespace ledgora {
+
+namespace {
+
+/// Order of the data rows by keys computed once a row, stable among equals.
+template<class Key, class KeyOf>
+std::vector<int> sortedOrder(int first, int last, KeyOf keyOf)
+{
+    std::vector<Key> keys;
+    keys.reserve(size_t(last - first));
+    for (int row = first; row < last; ++row)
+        keys.push_back(keyOf(row));
+    std::vector<int> order(keys.size());
+    std::iota(order.begin(), order.end(), 0);
+    std::ranges::stable_sort(order, [&keys](int a, int b) { return keys[size_t(a)] < keys[size_t(b)]; });
+    return order;
+}
+
+bool matches(const QString &cell, const QString &text, Cells::Match match)
+{
+    switch (match) {
+    case Cells::Match::Exact:
+        return cell == text;
+    case Cells::Match::ExactAnyCase:
+        return cell.compare(text, Qt::CaseInsensitive) == 0;
+    case Cells::Match::BeginsAnyCase:
+        return cell.startsWith(text, Qt::CaseInsensitive);
+    }
+    return false;
+}
+
+} // namespace
+
+Cells::Cells(int columns, int fixedRows) : m_columns(columns), m_fixedRows(fixedRows)
+{
+    m_rows.resize(size_t(fixedRows), {std::vector<QString>(size_t(columns)), false});
+}
+
+const QString &Cells::text(int row, int column) const
+{
+    static const QString none;
+    if (row < 0 || row >= rows() || column < 0 || column >= m_columns)
+        return none;
+    return m_rows[size_t(row)].texts[size_t(column)];
+}
+
+double Cells::value(int row, int column) const
+{
+    return Val(text(row, column));
+}
+
+void Cells::setText(int row, int column, const QString &text)
+{
+    if (row >= 0 && row < rows() && column >= 0 && column < m_columns)
+        m_rows[size_t(row)].texts[size_t(column)] = text;
+}
+
+void Cells::setRow(int row, const QStringList &texts)
+{
+    for (int column = 0; column < texts.size(); ++column)
+        setText(row, column, texts.at(column));
+}
+
+void Cells::setRows(int count)
+{
+    const auto wanted = size_t(std::max(count, m_fixedRows));
+    if (wanted == m_rows.size())
+        return;
+    m_rows.resize(wanted, {std::vector<QString>(size_t(m_columns)), false});
+    ++m_shape;
+}
+
+int Cells::addRow(const QStringList &texts)
+{
+    const int row = rows();
+    setRows(row + 1);
+    setRow(row, texts);
+    return row;
+}
+
+void Cells::insertRow(int row, const QStringList &texts)
+{
+    row = std::clamp(row, m_fixedRows, rows());
+    m_rows.insert(m_rows.begin() + row, {std::vector<QString>(size_t(m_columns)), false});
+    ++m_shape;
+    setRow(row, texts);
+}
+
+void Cells::removeRow(int row)
+{
+    if (!isData(row))
+        return;
+    m_rows.erase(m_rows.begin() + row);
+    ++m_shape;
+}
+
+bool Cells::isHidden(int row) const
+{
+    return row >= 0 && row < rows() && m_rows[size_t(row)].hidden;
+}
+
+void Cells::setHidden(int row, bool hidden)
+{
+    if (row < 0 || row >= rows() || m_rows[size_t(row)].hidden == hidden)
+        return;
+    m_rows[size_t(row)].hidden = hidden;
+    ++m_shape;
+}
+
+int Cells::find(const QString &text, int column, int from, Match match, bool visibleOnly) const
+{
+    for (int row = std::max(from, m_fixedRows); row < rows(); ++row) {
+        if (matches(this->text(row, column), text, match) && !(visibleOnly && isHidden(row)))
+            return row;
+    }
+    return -1;
+}
+
+int Cells::findMoving(const QString &text, int column, int &start) const
+{
+    int row = find(text, column, start);
+    if (row < 0 && start > m_fixedRows)
+        row = find(text, column, m_fixedRows);
+    if (row >= 0)
+        start = row;
+    return row;
+}
+
+void Cells::sort(int column, Sort kind)
+{
+    std::vector<int> order;
+    switch (kind) {
+    case Sort::Number:
+        order = sortedOrder<double>(m_fixedRows, rows(), [&](int row) { return value(row, column); });
+        break;
+    case Sort::Text:
+        order = sortedOrder<std::pair<QString, QString>>(m_fixedRows, rows(), [&](int row) {
+            return std::pair(text(row, column).toUpper(), text(row, column));
+        });
+        break;
+    case Sort::Date:
+        order = sortedOrder<qint64>(m_fixedRows, rows(), [&](int row) {
+            const QDate day = DateFromText(text(row, column));
+            return day.isValid() ? day.toJulianDay() : 0;
+        });
+        break;
+    }
+    std::vector<Row> sorted;
+    sorted.reserve(order.size());
+    for (const int index : order)
+        sorted.push_back(std::move(m_rows[size_t(m_fixedRows + index)]));
+    std::ranges::move(sorted, m_rows.begin() + m_fixedRows);
+    ++m_shape;
+}
+
+} // namespace ledgora

@@ -1,0 +1,222 @@
+#include "components/reporter/Filling.h"
+#include "components/reporter/Layout.h"
+#include "components/reporter/PdfOutput.h"
+#include "components/reporter/RtfReader.h"
+
+#include "Sample.h"
+#include <QDir>
+#include <QFile>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+#include <QUrl>
+#include <algorithm>
+#include <set>
+
+namespace ledgora::reporter {
+
+namespace {
+
+const QStringList kinds = {QStringLiteral("Intra"), QStringLiteral("Inter"), QStringLiteral("NoTax")};
+
+QString templatePath(const QString &kind)
+{
+    return QStringLiteral(LEDGORA_TEMPLATES "/GST_%1_Bill.doc").arg(kind);
+}
+
+RtfRead readFile(const QString &path)
+{
+    QFile file(path);
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
+    return readRtf(file.readAll());
+}
+
+PageList filledPages(const QString &kind, int lines)
+{
+    Filling filling(readFile(templatePath(kind)).document);
+    for (const auto &[placeholder, value] : billValues(kind, lines))
+        filling.setText(placeholder, value);
+    return layoutDocument(filling.document());
+}
+
+QStringList wordsOf(const PageList &pages)
+{
+    QString all;
+    for (const Page &page : pages)
+        all += textOf(page);
+    return all.split(QRegularExpression(QStringLiteral("\\s+")), Qt::SkipEmptyParts);
+}
+
+const TextPiece *find(const PageList &pages, const QString &text)
+{
+    for (const Page &page : pages)
+        for (const TextPiece &piece : page.drawing.texts)
+            if (piece.text == text)
+                return &piece;
+    return nullptr;
+}
+
+TEST(BillTemplates, HoldThePlaceholdersOfTheirKindAndNoOther)
+{
+    for (const QString &kind : kinds) {
+        const RtfRead read = readFile(templatePath(kind));
+        EXPECT_EQ(read.error.toStdString(), "");
+        std::set<QString> held;
+        eachParagraph(read.document.blocks, [&held](const Paragraph &paragraph) {
+            static const QRegularExpression name(QStringLiteral("#[A-Z0-9_]+#"));
+            for (auto found = name.globalMatch(paragraph.text()); found.hasNext();)
+                held.insert(found.next().captured());
+        });
+        std::set<QString> filled;
+        for (const auto &[placeholder, value] : billValues(kind, 10))
+            filled.insert(placeholder);
+        EXPECT_EQ(held, filled) << kind.toStdString();
+    }
+}
+
+TEST(BillTemplates, AFilledBillIsOnePageWithEveryValueOnIt)
+{
+    for (const QString &kind : kinds) {
+        const PageList pages = filledPages(kind, 10);
+        EXPECT_EQ(pages.size(), 1U) << kind.toStdString();
+        const QString words = wordsOf(pages).join(QLatin1Char(' '));
+        EXPECT_FALSE(words.contains(QStringLiteral("#P"))) << words.toStdString();
+        for (const char *text : {"firm name", "10. Work 10 SAC : 998221 A.Y. 2019-20 1010.5", "Total 123456789",
+                                 "₹ 987654321", "note", "payterms banknm bradd", "reverse charge: No"})
+            EXPECT_TRUE(words.contains(QString::fromUtf8(text))) << kind.toStdString() << ": " << text << "\n"
+                                                                 << words.toStdString();
+        EXPECT_TRUE(words.contains(kind == QStringLiteral("NoTax") ? QStringLiteral("BILL OF SUPPLY")
+                                                                   : QStringLiteral("TAX INVOICE")));
+    }
+}
+
+TEST(BillTemplates, RowsLeftOverTakeNoRoom)
+{
+    const auto linesHeight = [](int lines) {
+        const PageList pages = filledPages(QStringLiteral("Intra"), lines);
+        const TextPiece *first = find(pages, QStringLiteral("1."));
+        const TextPiece *total = find(pages, QStringLiteral("123456789"));
+        EXPECT_TRUE(first && total);
+        return first && total ? total->baseline.y() - first->baseline.y() : 0;
+    };
+    const qreal nine = linesHeight(10) - linesHeight(1); // what nine filled lines of two rows of text each take more
+    EXPECT_GT(nine, 9 * 300);
+    EXPECT_LT(linesHeight(1), 1400); // one line, nine empty ones and the way to the total row: about an inch
+}
+
+TEST(BillTemplates, AmountsStandUnderOneAnother)
+{
+    const PageList pages = filledPages(QStringLiteral("Inter"), 3);
+    std::vector<qreal> edges;
+    for (const TextPiece &piece : pages[0].drawing.texts)
+        if (piece.text == QStringLiteral("1001.5") || piece.text == QStringLiteral("1003.5"))
+            edges.push_back(piece.baseline.x() + piece.width);
+    ASSERT_EQ(edges.size(), 10U);
+    for (std::size_t column = 0; column < 5; ++column)
+        EXPECT_NEAR(edges[column], edges[column + 5], 1);
+}
+
+TEST(BillTemplates, ACutTemplateIsLaidOutAsFarAsItGoes)
+{
+    QFile file(templatePath(QStringLiteral("NoTax")));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const QByteArray whole = file.readAll();
+    for (qsizetype length = 500; length < whole.size(); length += 397)
+        EXPECT_GE(layoutDocument(readRtf(QByteArrayView(whole).first(length)).document).size(), 1U);
+}
+
+/// Another word processor reads the template and writes it anew in its own way; the page must say the same.
+TEST(BillTemplates, AreReadTheSameAfterAnotherProgramSavedThem)
+{
+    const QString office = QStandardPaths::findExecutable(QStringLiteral("soffice"));
+    if (office.isEmpty())
+        GTEST_SKIP() << "no soffice on this machine";
+    const QTemporaryDir folder;
+    QStringList arguments = {QStringLiteral("-env:UserInstallation=")
+                                 + QUrl::fromLocalFile(folder.filePath(QStringLiteral("profile"))).toString(),
+                             QStringLiteral("--headless"),
+                             QStringLiteral("--convert-to"),
+                             QStringLiteral("rtf"),
+                             QStringLiteral("--outdir"),
+                             folder.path()};
+    for (const QString &kind : kinds)
+        arguments += templatePath(kind);
+    ASSERT_EQ(QProcess::execute(office, arguments), 0);
+    for (const QString &kind : kinds) {
+        const RtfRead saved = readFile(folder.filePath(QStringLiteral("GST_%1_Bill.rtf").arg(kind)));
+        EXPECT_EQ(saved.error.toStdString(), "");
+        const QString here = wordsOf(layoutDocument(readFile(templatePath(kind)).document)).join(QString());
+        const QString there = wordsOf(layoutDocument(saved.document)).join(QString());
+        EXPECT_EQ(here.toStdString(), there.toStdString()) << kind.toStdString();
+    }
+}
+
+TEST(PdfOutput, SaysTheWordsOfThePages)
+{
+    const QTemporaryDir folder;
+    for (const QString &kind : kinds) {
+        const PageList pages = filledPages(kind, 10);
+        const QString path = folder.filePath(kind);
+        ASSERT_EQ(writePdf(pages, path, kind).toStdString(), "");
+        QStringList expected = wordsOf(pages);
+        QStringList found = pdfWords(path);
+        std::sort(expected.begin(), expected.end());
+        std::sort(found.begin(), found.end());
+        EXPECT_EQ(found.join(QLatin1Char(' ')).toStdString(), expected.join(QLatin1Char(' ')).toStdString());
+    }
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files).size(), 3) << "nothing but the files stays behind";
+}
+
+TEST(PdfOutput, AFileThatCanNotBeWrittenIsTold)
+{
+    const QTemporaryDir folder;
+    const PageList pages = filledPages(QStringLiteral("NoTax"), 1);
+    EXPECT_NE(writePdf(pages, folder.filePath(QStringLiteral("missing/a.pdf")), QString()), QString());
+    EXPECT_NE(writePdf({}, folder.filePath(QStringLiteral("b.pdf")), QString()), QString());
+    ASSERT_TRUE(QDir(folder.path()).mkdir(QStringLiteral("c.pdf")));
+    EXPECT_NE(writePdf(pages, folder.filePath(QStringLiteral("c.pdf")), QString()), QString());
+    EXPECT_TRUE(QDir(folder.path()).entryList(QDir::Files).isEmpty());
+}
+
+TEST(PdfOutput, ReplacesAFormerFileAndALeftOver)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("a.pdf"));
+    for (const QString &name : {path, QString(path + QStringLiteral(".part"))}) {
+        QFile former(name);
+        ASSERT_TRUE(former.open(QIODevice::WriteOnly));
+        former.write("former");
+    }
+    EXPECT_EQ(writePdf(filledPages(QStringLiteral("NoTax"), 1), path, QString()), QString());
+    EXPECT_TRUE(pdfWords(path).contains(QStringLiteral("SUPPLY")));
+    EXPECT_FALSE(QFile::exists(path + QStringLiteral(".part")));
+}
+
+struct HostileCase
+{
+    const char *name;
+    QString value;
+    QString shown;
+};
+
+TEST(PdfOutput, HostileValuesAreShownAsTheyStand)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("a.pdf"));
+    for (const HostileCase &c :
+         {HostileCase{"markup", QStringLiteral("{\\b}\\bin9\\par"), QStringLiteral("{\\b}\\bin9\\par")},
+          HostileCase{"controls", QStringLiteral("a\x01\x1b\x07z"), QStringLiteral("az")},
+          HostileCase{"lone surrogate", QString(QStringLiteral("a") + QChar(0xD800)), QStringLiteral("a")},
+          HostileCase{"a sign in no font", QString::fromUtf8("a\U0010FFF0z"), QStringLiteral("a")},
+          HostileCase{"pdf text", QStringLiteral("(a)Tj<</A>>"), QStringLiteral("(a)Tj<</A>>")},
+          HostileCase{"placeholder of nothing", QStringLiteral("#NONE#"), QStringLiteral("#NONE#")}}) {
+        Filling filling(readRtf("{\\rtf1{\\fonttbl{\\f0 Liberation Sans;}}\\f0 #A#\\par}").document);
+        filling.setText(QStringLiteral("#A#"), c.value);
+        ASSERT_EQ(writePdf(layoutDocument(filling.document()), path, QString()), QString()) << c.name;
+        EXPECT_TRUE(pdfWords(path).join(QString()).startsWith(c.shown))
+            << c.name << pdfWords(path).join(u' ').toStdString();
+    }
+}
+
+} // namespace
+
+} // namespace ledgora::reporter

@@ -1,0 +1,261 @@
+#include "components/reporter/RtfReader.h"
+
+#include <QFile>
+#include <gtest/gtest.h>
+
+namespace ledgora::reporter {
+
+namespace {
+
+Document read(const QByteArray &body)
+{
+    const QByteArray rtf = "{\\rtf1\\ansi{\\fonttbl{\\f0 Liberation Sans;}{\\f1\\fswiss{\\*\\falt Other;}Two Words;}}"
+                           "{\\colortbl;\\red255\\green0\\blue0;\\red1\\green2\\blue3;}"
+                           + body + "}";
+    const RtfRead read = readRtf(rtf);
+    EXPECT_EQ(read.error.toStdString(), "");
+    return read.document;
+}
+
+/// The document as text: runs in <>, paragraphs in (), cells in [], rows in {}.
+QString outline(const std::vector<Block> &blocks)
+{
+    QString text;
+    for (const Block &block : blocks) {
+        if (const auto *paragraph = std::get_if<Paragraph>(&block.content)) {
+            text += u'(';
+            for (const Run &run : paragraph->runs)
+                text += u'<' + run.text + u'>';
+            text += u')';
+            continue;
+        }
+        for (const Row &row : std::get<Table>(block.content).rows) {
+            text += u'{';
+            for (const Cell &cell : row.cells)
+                text += u'[' + outline(cell.blocks) + u']';
+            text += u'}';
+        }
+    }
+    return text;
+}
+
+struct TextCase
+{
+    const char *name;
+    const char *rtf;
+    const char *outline;
+};
+
+class RtfText : public testing::TestWithParam<TextCase>
+{
+};
+
+TEST_P(RtfText, ReadsAs)
+{
+    EXPECT_EQ(outline(read(GetParam().rtf).blocks).toStdString(), GetParam().outline);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Words, RtfText,
+    testing::Values(
+        TextCase{"one_blank_ends_a_word", "\\b a\\b0  b\\par", "(<a>< b>)"},
+        TextCase{"line_ends_mean_nothing", "a\r\nb\nc\\par", "(<abc>)"},
+        TextCase{"last_paragraph_needs_no_end", "a\\par b", "(<a>)(<b>)"},
+        TextCase{"escaped_characters", "\\{a\\}\\\\b\\par", "(<{a}\\b>)"},
+        TextCase{"bytes_of_the_code_page", "\\'80\\'93\\'e9\\par", "(<€“é>)"},
+        TextCase{"another_code_page", "{\\ansicpg1251\\'cf\\'f0\\par}", "(<Пр>)"},
+        TextCase{"unicode_replaces_what_follows", "\\u8377?x\\uc2\\u2325\\'41\\'42y\\uc0\\u65z\\par", "(<₹xकyAz>)"},
+        TextCase{"negative_unicode", "\\u-10179?\\u-8704?\\par", "(<😀>)"},
+        TextCase{"a_group_ends_the_skipping", "{\\uc3\\u65 a}bcd\\par", "(<Abcd>)"},
+        TextCase{"control_characters_vanish", "a\\'01\\u2?b\x03 c\\par", "(<ab c>)"},
+        TextCase{"typographic_words", "a\\endash b\\~c\\rquote\\par",
+                 "(<a–b\xC2\xA0"
+                 "c’>)"},
+        TextCase{"formats_end_with_their_group", "a{\\b b}c\\par", "(<a><b><c>)"},
+        TextCase{"same_format_is_one_run", "a{b}c\\par", "(<abc>)"},
+        TextCase{"unknown_words_are_passed_over", "a\\frobnicate7 b\\par", "(<ab>)"},
+        TextCase{"unknown_destinations_are_skipped", "a{\\*\\secret hidden{deep}}b{\\pict 00ff}\\par", "(<ab>)"},
+        TextCase{"header_is_not_body", "{\\header head\\par}a\\par", "(<a>)"},
+        TextCase{"field_shows_its_result", "{\\field{\\*\\fldinst PAGE}{\\fldrslt 3}}\\par", "(<3>)"},
+        TextCase{"binary_is_skipped_whatever_it_holds", "a{\\pict\\bin4 }{\\x}b\\par", "(<ab>)"},
+        TextCase{"table", "\\trowd\\cellx100\\cellx200\\intbl a\\cell b\\par c\\cell\\row\\pard d\\par",
+                 "{[(<a>)][(<b>)(<c>)]}(<d>)"},
+        TextCase{"rows_that_follow_are_one_table",
+                 "\\trowd\\cellx9\\intbl a\\cell\\row\\trowd\\cellx9\\intbl b\\cell\\row", "{[(<a>)]}{[(<b>)]}"},
+        TextCase{"definition_behind_the_cells", "\\intbl a\\cell\\trowd\\cellx9\\row\\pard b\\par", "{[(<a>)]}(<b>)"},
+        TextCase{"cells_without_definition_are_kept", "\\trowd\\cellx9\\intbl a\\cell b\\cell\\row",
+                 "{[(<a>)][(<b>)]}"},
+        TextCase{"defined_cells_without_text_stay_empty", "\\trowd\\cellx9\\cellx20\\intbl a\\cell\\row",
+                 "{[(<a>)][]}"},
+        TextCase{"text_after_an_open_row_closes_it", "\\trowd\\cellx9\\intbl a\\cell\\pard b\\par", "{[(<a>)]}(<b>)"},
+        TextCase{"empty_paragraphs_count", "\\par\\par a\\par", "()()(<a>)"}),
+    [](const auto &test) { return std::string(test.param.name); });
+
+const Paragraph &paragraphOf(const Document &document)
+{
+    return std::get<Paragraph>(document.blocks.at(0).content);
+}
+
+TEST(RtfReader, CharacterWordsSetTheRun)
+{
+    const Document document = read("\\plain\\f1\\b\\i\\ul\\fs17\\cf2 x\\par");
+    const CharFormat &format = paragraphOf(document).runs.at(0).format;
+    EXPECT_EQ(format.font.toStdString(), "Two Words");
+    EXPECT_TRUE(format.bold && format.italic && format.underline);
+    EXPECT_EQ(format.halfPoints, 17);
+    EXPECT_EQ(format.colour, Colour(0xff010203));
+}
+
+TEST(RtfReader, PlainAndPardGoBackToTheDefaults)
+{
+    const Document document = read("\\deff0\\b\\fs40\\qr\\li99\\plain\\pard x\\par");
+    CharFormat expected;
+    expected.font = QStringLiteral("Liberation Sans");
+    expected.halfPoints = 24;
+    EXPECT_EQ(paragraphOf(document).runs.at(0).format, expected);
+    EXPECT_EQ(paragraphOf(document).format, ParagraphFormat());
+}
+
+TEST(RtfReader, ParagraphEndKeepsItsOwnFormat)
+{
+    const Document document = read("{\\fs18 }\\fs2\\par");
+    EXPECT_TRUE(paragraphOf(document).runs.empty());
+    EXPECT_EQ(paragraphOf(document).endFormat.halfPoints, 2);
+}
+
+TEST(RtfReader, ParagraphWordsSetTheParagraph)
+{
+    const Document document = read("\\qj\\li100\\ri200\\fi-50\\sb10\\sa20\\sl-300\\tqr\\tx900\\tx300\\cbpat1"
+                                   "\\brdrb\\brdrdb\\brdrw30\\brsp40 x\\par");
+    const ParagraphFormat &format = paragraphOf(document).format;
+    EXPECT_EQ(format.alignment, Alignment::Justified);
+    EXPECT_EQ(
+        (std::vector{format.leftIndent, format.rightIndent, format.firstIndent, format.spaceBefore, format.spaceAfter}),
+        (std::vector{100, 200, -50, 10, 20}));
+    EXPECT_EQ(format.lineSpacing, (LineSpacing{LineSpacing::Exact, 300}));
+    EXPECT_EQ(format.tabs, (std::vector<TabStop>{{300, Alignment::Left}, {900, Alignment::Right}}));
+    EXPECT_EQ(format.shading, Colour(0xffff0000));
+    EXPECT_EQ(format.borders[Bottom], (BorderLine{LineStyle::Double, 30, {}, 40}));
+    EXPECT_EQ(format.borders[Top].style, LineStyle::None);
+}
+
+struct SpacingCase
+{
+    const char *rtf;
+    LineSpacing expected;
+};
+
+TEST(RtfReader, LineSpacingHasThreeRules)
+{
+    for (const SpacingCase &c : {SpacingCase{"\\sl360\\slmult1", {LineSpacing::Automatic, 360}},
+                                 SpacingCase{"\\sl360\\slmult0", {LineSpacing::Least, 360}},
+                                 SpacingCase{"\\sl-360", {LineSpacing::Exact, 360}}, SpacingCase{"\\sl0", {}}}) {
+        const Document document = read(QByteArray(c.rtf) + " x\\par");
+        EXPECT_EQ(paragraphOf(document).format.lineSpacing, c.expected) << c.rtf;
+    }
+}
+
+TEST(RtfReader, RowAndCellWordsSetTheTable)
+{
+    const Document document = read("\\trowd\\trgaph70\\trleft-70\\trrh-400\\trhdr\\trkeep\\trpaddt30\\trpaddft3"
+                                   "\\clvmgf\\clvertalc\\clcbpat1\\clbrdrt\\brdrs\\brdrw5\\brdrcf2\\cellx1000"
+                                   "\\clmgf\\clpadl20\\cellx2000\\clmrg\\cellx3000\\intbl a\\cell\\cell\\cell\\row");
+    const Row &row = std::get<Table>(document.blocks.at(0).content).rows.at(0);
+    EXPECT_EQ(row.format.gap, 70);
+    EXPECT_EQ(row.format.leftEdge, -70);
+    EXPECT_EQ(row.format.height, (RowHeight{RowHeight::Exact, 400}));
+    EXPECT_TRUE(row.format.heading && row.format.keepTogether);
+    EXPECT_EQ(row.format.padding[Top], 30);
+    const CellFormat &first = row.cells.at(0).format;
+    EXPECT_EQ(first.acrossRows, Merge::First);
+    EXPECT_EQ(first.verticalAlignment, VerticalAlignment::Centre);
+    EXPECT_EQ(first.shading, Colour(0xffff0000));
+    EXPECT_EQ(first.borders[Top], (BorderLine{LineStyle::Single, 5, Colour(0xff010203), 0}));
+    EXPECT_EQ(row.cells.at(1).format.acrossCells, Merge::First);
+    EXPECT_EQ(row.cells.at(1).format.padding[Left], 20);
+    EXPECT_EQ(row.cells.at(2).format.acrossCells, Merge::Continued);
+    EXPECT_EQ(row.cells.at(2).format.rightEdge, 3000);
+    EXPECT_EQ(row.cells.at(2).format.borders[Top].style, LineStyle::None);
+}
+
+TEST(RtfReader, PageHasSizeAndMargins)
+{
+    const PageSetup page = read("\\paperw8000\\paperh9000\\margl1\\margr2\\margt3\\margb4 x\\par").page;
+    EXPECT_EQ(page, (PageSetup{8000, 9000, {3, 1, 4, 2}}));
+}
+
+TEST(RtfReader, PageBreakFallsOnTheNextParagraph)
+{
+    const Document document = read("a\\page b\\par");
+    ASSERT_EQ(document.blocks.size(), 2U);
+    EXPECT_TRUE(std::get<Paragraph>(document.blocks[1].content).format.pageBreakBefore);
+}
+
+struct BrokenCase
+{
+    const char *name;
+    QByteArray rtf;
+    const char *outline;
+    const char *error;
+};
+
+class BrokenRtf : public testing::TestWithParam<BrokenCase>
+{
+};
+
+TEST_P(BrokenRtf, GivesWhatCouldBeReadAndSaysWhy)
+{
+    const RtfRead read = readRtf(GetParam().rtf);
+    EXPECT_EQ(outline(read.document.blocks).toStdString(), GetParam().outline);
+    EXPECT_EQ(read.error.toStdString(), GetParam().error);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Files, BrokenRtf,
+    testing::Values(
+        BrokenCase{"empty", "", "", "not an RTF document"},
+        BrokenCase{"something_else", "\xD0\xCF\x11\xE0", "", "not an RTF document"},
+        BrokenCase{"cut_in_a_paragraph", "{\\rtf1 abc", "(<abc>)", "the document ends inside of a group"},
+        BrokenCase{"cut_in_a_row", "{\\rtf1\\trowd\\cellx9\\intbl a\\cell b", "{[(<a>)][(<b>)]}",
+                   "the document ends inside of a group"},
+        BrokenCase{"hex_without_digits", "{\\rtf1 a\\'g1b\\par}", "(<ag1b>)",
+                   "two hexadecimal digits are missing at byte 10"},
+        BrokenCase{"binary_longer_than_the_file", "{\\rtf1 a\\par{\\pict\\bin99999999 x}}", "(<a>)",
+                   "binary data is cut short at byte 31"},
+        BrokenCase{"binary_of_negative_length", "{\\rtf1 a\\bin-5 b\\par}", "(<ab>)",
+                   "binary data is cut short at byte 15"},
+        BrokenCase{"backslash_at_the_end", "{\\rtf1 a\\", "(<a>)", "the text ends after a backslash at byte 9"},
+        BrokenCase{"too_deep", "{\\rtf1 a\\par" + QByteArray(100000, '{'), "(<a>)", "groups are nested too deeply"},
+        BrokenCase{"text_behind_the_end", "{\\rtf1 a\\par}}}b", "(<a>)", ""},
+        BrokenCase{"numbers_out_of_range", "{\\rtf1\\li99999999999999999999\\fs-3\\f7\\cf-1\\uc-4\\paperw-1 a\\par}",
+                   "(<a>)", ""}),
+    [](const auto &test) { return std::string(test.param.name); });
+
+TEST(RtfReader, TooManyCellsShareTheLast)
+{
+    QByteArray body = "\\trowd";
+    for (int i = 0; i < 300; ++i)
+        body += "\\cellx" + QByteArray::number(i * 10);
+    body += "\\intbl";
+    for (int i = 0; i < 300; ++i)
+        body += " x\\cell";
+    const Document document = read(body + "\\row");
+    const Row &row = std::get<Table>(document.blocks.at(0).content).rows.at(0);
+    EXPECT_EQ(row.cells.size(), 200U);
+    EXPECT_EQ(row.cells.back().blocks.size(), 101U);
+}
+
+TEST(RtfReader, ATemplateCutAtAnyByteIsReadWithoutFail)
+{
+    QFile file(QStringLiteral(LEDGORA_TEMPLATES "/GST_NoTax_Bill.doc"));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const QByteArray whole = file.readAll();
+    EXPECT_EQ(readRtf(whole).error.toStdString(), "");
+    const qsizetype content = whole.lastIndexOf('}');
+    for (qsizetype length = 0; length < content; ++length)
+        ASSERT_NE(readRtf(QByteArrayView(whole).first(length)).error.toStdString(), "") << "cut at " << length;
+}
+
+} // namespace
+
+} // namespace ledgora::reporter

@@ -1,0 +1,257 @@
+#include "components/reporter/Viewer.h"
+
+#include "Sample.h"
+#include "components/StockComponents.h"
+#include "components/reporter/PageView.h"
+#include "host/WorkingState.h"
+#include "platform/HostObject.h"
+#include "platform/Registry.h"
+#include "support/Boxes.h"
+#include <QFile>
+#include <QFileDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPointer>
+#include <QPrinter>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTest>
+
+namespace ledgora::reporter {
+
+namespace {
+
+Page pageSaying(const QString &word)
+{
+    Page page{QSizeF(11906, 16838), {}};
+    QFont font(QStringLiteral("Liberation Sans"));
+    font.setPixelSize(400);
+    page.drawing.texts.push_back({QPointF(1000, 2000), 0, word, font, 0xff000000});
+    return page;
+}
+
+class ViewerTest : public testing::Test
+{
+protected:
+    ViewerTest()
+        : viewer(new Viewer({pageSaying(QStringLiteral("first")), pageSaying(QStringLiteral("second")),
+                             pageSaying(QStringLiteral("third"))},
+                            QStringLiteral("Bill MA/17")))
+    {
+        viewer->show();
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(viewer));
+    }
+    ViewerTest(const ViewerTest &) = delete;
+    ViewerTest &operator=(const ViewerTest &) = delete;
+    ~ViewerTest() override { delete viewer; }
+
+    QString label(const char *name) { return viewer->findChild<QLabel *>(QLatin1String(name))->text(); }
+    PageView *view() { return viewer->findChild<PageView *>(QStringLiteral("pageView")); }
+    int zoom() { return label("lblZoom").chopped(1).toInt(); }
+
+    QPointer<Viewer> viewer;
+};
+
+TEST_F(ViewerTest, BeginsAtTheTopOfTheFirstPage)
+{
+    EXPECT_EQ(label("lblPage").toStdString(), "Page 1 of 3");
+    EXPECT_EQ(viewer->windowTitle().toStdString(), "Preview - Bill MA/17");
+}
+
+TEST_F(ViewerTest, KeysMoveThroughThePages)
+{
+    QTest::keyClick(view(), Qt::Key_End);
+    EXPECT_EQ(label("lblPage").toStdString(), "Page 3 of 3");
+    QTest::keyClick(view(), Qt::Key_PageUp);
+    QTest::keyClick(view(), Qt::Key_PageUp);
+    EXPECT_EQ(label("lblPage").toStdString(), "Page 2 of 3");
+    QTest::keyClick(view(), Qt::Key_Home);
+    EXPECT_EQ(label("lblPage").toStdString(), "Page 1 of 3");
+}
+
+TEST_F(ViewerTest, KeysAndButtonsZoom)
+{
+    const int fitting = zoom();
+    QTest::keyClick(view(), Qt::Key_Plus, Qt::ControlModifier);
+    EXPECT_GT(zoom(), fitting);
+    QTest::mouseClick(viewer->findChild<QPushButton *>(QStringLiteral("cmdZoomOut")), Qt::LeftButton);
+    QTest::keyClick(view(), Qt::Key_Minus, Qt::ControlModifier);
+    EXPECT_LT(zoom(), fitting);
+    QTest::keyClick(view(), Qt::Key_0, Qt::ControlModifier);
+    EXPECT_EQ(zoom(), fitting);
+    for (int i = 0; i < 40; ++i)
+        QTest::keyClick(view(), Qt::Key_Minus, Qt::ControlModifier);
+    EXPECT_EQ(zoom(), 25);
+}
+
+TEST_F(ViewerTest, EscClosesAndTheWindowDeletesItself)
+{
+    QTest::keyClick(view(), Qt::Key_Escape);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(viewer.isNull());
+}
+
+TEST_F(ViewerTest, SavingProposesTheNameAndAsksBeforeItOverwrites)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("mine.pdf"));
+    QFile former(path);
+    ASSERT_TRUE(former.open(QIODevice::WriteOnly));
+    former.write("former");
+    former.close();
+    test::Boxes boxes;
+    QString proposed;
+    const auto choose = [&](QWidget &dialog) {
+        EXPECT_EQ(dialog.objectName().toStdString(), "dlgSavePdf");
+        auto *name = dialog.findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
+        ASSERT_NE(name, nullptr);
+        if (proposed.isEmpty())
+            proposed = name->text();
+        name->setText(path);
+        QTest::keyClick(name, Qt::Key_Return);
+    };
+    boxes.expectDialog([&](QWidget &dialog) {
+        choose(dialog);
+        qobject_cast<QDialog *>(&dialog)->reject();
+    });
+    boxes.expect(QStringLiteral("mine.pdf already exists.\nDo you want to replace it?"), QMessageBox::No);
+    QTest::keyClick(view(), Qt::Key_S, Qt::ControlModifier);
+    EXPECT_EQ(proposed.toStdString(), "Bill MA-17.pdf");
+    EXPECT_EQ(QFileInfo(path).size(), 6);
+
+    viewer->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(viewer));
+    boxes.expectDialog(choose);
+    boxes.expect(QStringLiteral("mine.pdf already exists.\nDo you want to replace it?"), QMessageBox::Yes);
+    QTest::keyClick(view(), Qt::Key_S, Qt::ControlModifier);
+    EXPECT_EQ(pdfWords(path),
+              (QStringList{QStringLiteral("first"), QStringLiteral("second"), QStringLiteral("third")}));
+    EXPECT_EQ(label("lblDone").toStdString(), "Saved mine.pdf");
+}
+
+TEST_F(ViewerTest, PrintsTheRangeThatWasChosen)
+{
+    const QTemporaryDir folder;
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setOutputFileName(folder.filePath(QStringLiteral("out.pdf")));
+    printer.setFromTo(2, 3);
+    EXPECT_EQ(printPages(printer, viewer->pages()), QString());
+    EXPECT_EQ(pdfWords(printer.outputFileName()), (QStringList{QStringLiteral("second"), QStringLiteral("third")}));
+}
+
+TEST(FileNames, HoldNothingThatAFileSystemRefuses)
+{
+    EXPECT_EQ(fileNameFor(QStringLiteral("Bill A/2019-20\\7:*?\"<>|")).toStdString(), "Bill A-2019-20-7-------");
+    EXPECT_EQ(fileNameFor(QStringLiteral("../../etc/passwd")).toStdString(), "-..-etc-passwd");
+    EXPECT_EQ(fileNameFor(QStringLiteral(" .. ")).toStdString(), "Document");
+    EXPECT_EQ(fileNameFor(QString(300, QLatin1Char('x'))).size(), 100);
+}
+
+/// A host's window that keeps what it is given.
+struct HoldingHost : HostWindow
+{
+    void showScreen(QWidget &screen) override { shown.push_back(&screen); }
+    void ReloadMenu() override {}
+    std::vector<QWidget *> shown;
+};
+
+class StockReporterTest : public testing::Test
+{
+protected:
+    StockReporterTest()
+    {
+        Registry registry;
+        registerStockComponents(registry);
+        reporter = registry.create<Reporter>(QStringLiteral("PrjOrvaneReporter.ClsMain"));
+        gMdi = &host;
+    }
+    StockReporterTest(const StockReporterTest &) = delete;
+    StockReporterTest &operator=(const StockReporterTest &) = delete;
+    ~StockReporterTest() override
+    {
+        gMdi = nullptr;
+        qDeleteAll(host.shown);
+    }
+
+    void writeTemplate(const QByteArray &text)
+    {
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(text);
+    }
+
+    QString shownText()
+    {
+        reporter->ShowReport(false);
+        if (host.shown.empty())
+            return {};
+        return textOf(dynamic_cast<Viewer &>(*host.shown.back()).pages().front());
+    }
+
+    QTemporaryDir folder;
+    QString path = folder.filePath(QStringLiteral("Mine.doc"));
+    HoldingHost host;
+    std::unique_ptr<Reporter> reporter;
+};
+
+TEST_F(StockReporterTest, FillsAndShowsInTheHostsWindow)
+{
+    writeTemplate("{\\rtf1 No. #BILL_NO# of #X#\\par}");
+    reporter->newreportnew(path);
+    reporter->SetText(QStringLiteral("#BILL_NO#"), QStringLiteral("7"));
+    reporter->SetText(QStringLiteral("#X#"), 1180.5);
+    EXPECT_EQ(shownText().toStdString(), "No. 7 of 1180.5\n");
+    EXPECT_EQ(host.shown.back()->windowTitle().toStdString(), "Preview - Bill 7");
+}
+
+TEST_F(StockReporterTest, EachReportBeginsWithTheCleanTemplate)
+{
+    writeTemplate("{\\rtf1 #X#\\par}");
+    for (const char *value : {"one", "two"}) {
+        reporter->newreportnew(path);
+        reporter->SetText(QStringLiteral("#X#"), QString::fromLatin1(value));
+        EXPECT_EQ(shownText().trimmed().toStdString(), value);
+    }
+}
+
+TEST_F(StockReporterTest, AChangedTemplateIsReadAgain)
+{
+    writeTemplate("{\\rtf1 before\\par}");
+    reporter->newreportnew(path);
+    writeTemplate("{\\rtf1 after it\\par}");
+    reporter->newreportnew(path);
+    EXPECT_EQ(shownText().toStdString(), "after it\n");
+}
+
+TEST_F(StockReporterTest, AFaultyTemplateIsShownAsFarAsItGoes)
+{
+    writeTemplate("{\\rtf1 half of #X");
+    reporter->newreportnew(path);
+    EXPECT_EQ(shownText().toStdString(), "half of #X\n");
+}
+
+TEST_F(StockReporterTest, WithoutATemplateNothingIsShownNorSaved)
+{
+    writeTemplate("{\\rtf1 former\\par}");
+    reporter->newreportnew(path);
+    reporter->newreportnew(folder.filePath(QStringLiteral("Missing.doc")));
+    reporter->SetText(QStringLiteral("#X#"), QStringLiteral("x"));
+    EXPECT_EQ(shownText(), QString());
+    reporter->SaveToPDF(folder.filePath(QStringLiteral("a.pdf")), 12);
+    EXPECT_FALSE(QFile::exists(folder.filePath(QStringLiteral("a.pdf"))));
+}
+
+TEST_F(StockReporterTest, SavesAsPdf)
+{
+    writeTemplate("{\\rtf1 some #X#\\par}");
+    reporter->newreportnew(path);
+    reporter->SetText(QStringLiteral("#X#"), QStringLiteral("words"));
+    reporter->SaveToPDF(folder.filePath(QStringLiteral("a.pdf")), 12);
+    EXPECT_EQ(pdfWords(folder.filePath(QStringLiteral("a.pdf"))),
+              (QStringList{QStringLiteral("some"), QStringLiteral("words")}));
+}
+
+} // namespace
+
+} // namespace ledgora::reporter
