@@ -308,7 +308,7 @@ void frmBillGST::VSB_AFTEREDIT(int row, int column)
     if (changesBillTotals(column))
         recomputeTotals();
     if (message)
-        QMetaObject::invokeMethod(this, [this, text = *message] { run([&] { inform(text); }); }, Qt::QueuedConnection);
+        post(*message);
 }
 
 void frmBillGST::VSB_KEYPRESS_ENTER(int row, int column)
