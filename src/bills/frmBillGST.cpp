@@ -101,10 +101,8 @@ void frmBillGST::LOADBILLGRID(int id)
 {
     const ErrorSite site("frmBillGST", "LOADBILLGRID");
     const int remembered = documentList()->row();
-    partyList()->change([&](Cells &parties) {
-        documentList()->change([&](Cells &bills) {
-            loadBillList(*gCnn, bills, parties, gFirmId, year(), id, ui->chkClientWise->isChecked());
-        });
+    documentList()->change([&](Cells &bills) {
+        loadBillList(*gCnn, bills, partyList()->cells(), gFirmId, year(), id, ui->chkClientWise->isChecked());
     });
     selectAfterRefresh(id, remembered);
 }
