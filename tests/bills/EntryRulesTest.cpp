@@ -99,13 +99,13 @@ TEST(OpeningYear, IsTheOneOfTheDayAsFarAsTheListReaches)
 {
     const struct
     {
-        int lastYear;
         QDate day;
+        int lastYear;
         int index;
     } cases[] = {
-        {2024, {2024, 6, 15}, 7}, {2024, {2025, 3, 31}, 7}, {2024, {2025, 4, 1}, 7}, // the list has no later one
-        {2024, {2024, 4, 1}, 7},  {2024, {2024, 3, 31}, 6}, {2024, {2024, 2, 1}, 6}, // the next year is offered early
-        {2017, {2017, 8, 1}, 0},  {2017, {2017, 2, 1}, 0},  {2016, {2024, 6, 15}, -1}, {2016, {2010, 1, 1}, -1},
+        {{2024, 6, 15}, 2024, 7}, {{2025, 3, 31}, 2024, 7}, {{2025, 4, 1}, 2024, 7}, // the list has no later one
+        {{2024, 4, 1}, 2024, 7},  {{2024, 3, 31}, 2024, 6}, {{2024, 2, 1}, 2024, 6}, // the next year is offered early
+        {{2017, 8, 1}, 2017, 0},  {{2017, 2, 1}, 2017, 0},  {{2024, 6, 15}, 2016, -1}, {{2010, 1, 1}, 2016, -1},
     };
     for (const auto &c : cases)
         EXPECT_EQ(openingYearIndex(c.lastYear, c.day), c.index) << c.lastYear << ' ' << c.day.toString().toStdString();
