@@ -42,6 +42,7 @@ void fillAmounts(Cells &list, const DocumentListColumns &columns, Recordset &tot
 
 void sortDocuments(Cells &list, const DocumentListColumns &columns, bool clientWise)
 {
+    list.sort(columns.id, Cells::Sort::Number); // equal ones must not show in which order the list was before
     list.sort(columns.number, Cells::Sort::Number);
     list.sort(columns.date, Cells::Sort::Date);
     if (clientWise)

@@ -25,7 +25,7 @@ void fillPartyNames(Cells &list, const DocumentListColumns &columns, const Cells
 /// Puts each sum of `totals` (id, amount; ordered by id) into the row of its document.
 void fillAmounts(Cells &list, const DocumentListColumns &columns, Recordset &totals);
 
-/// By date, then number; with `clientWise` by name, then date, then number. Equal ones stay by id as they came.
+/// By date, then number; with `clientWise` by name, then date, then number. Equal ones are by id.
 void sortDocuments(Cells &list, const DocumentListColumns &columns, bool clientWise);
 
 /// The row to select after a refresh: that of `id`; else the remembered one, the last one when that is past the end,

@@ -197,7 +197,7 @@ void Cells::sort(int column, Sort kind)
     std::vector<Row> sorted;
     sorted.reserve(order.size());
     for (const int index : order)
-        sorted.push_back(std::move(m_rows[size_t(m_fixedRows + index)]));
+        sorted.push_back(std::move(m_rows[size_t(m_fixedRows) + size_t(index)]));
     std::ranges::move(sorted, m_rows.begin() + m_fixedRows);
     ++m_shape;
 }

@@ -221,7 +221,7 @@ TEST_F(ConnectionTest, LostServerIsNoticedLoggedAndSurvived)
 TEST_F(ConnectionTest, TextsOfEveryKindGoThroughWhole)
 {
     database->run("Alter Table Notes Modify Words text");
-    for (const QString &text : {QString("O'Neil \\ \"and\" `sons`"), QString("\u0930\u092E\u0947\u0936 \u20B9"),
+    for (const QString &text : {QString(R"(O'Neil \ "and" `sons`)"), QString("\u0930\u092E\u0947\u0936 \u20B9"),
                                 QString("\U0001F600"), QString::fromUtf8("a\0b", 3), QString("\r\n\t\x1A%_")}) {
         EXPECT_TRUE(db().Execute("Update Notes Set Words=" + quoted(text) + " Where Id=1"));
         Recordset rows = db().Open("Select Words From Notes Where Words=" + quoted(text));
