@@ -135,6 +135,15 @@ TEST_F(BillScreen, TypeAheadPageKeysGoByWhatIsVisible)
     EXPECT_EQ(parties->row(), parties->cells().rows() - 1);
 }
 
+TEST_F(BillScreen, PageDownWithoutASelectionGoesToTheLastVisibleRowToo)
+{
+    open();
+    alt('A');
+    ASSERT_EQ(find<Grid>("vsListC")->row(), -1);
+    press(Qt::Key_PageDown);
+    EXPECT_EQ(find<Grid>("vsListC")->row(), 3);
+}
+
 TEST_F(BillScreen, PartyIsTakenOnLeavingTheFieldAndSetsPlaceAndTaxType)
 {
     open();
