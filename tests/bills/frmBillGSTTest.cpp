@@ -19,8 +19,7 @@ TEST_F(BillScreen, EmptyYearAllowsAddAndNothingElse)
     EXPECT_EQ(choice("cbofyr"), "2024-25");
     EXPECT_EQ(find<ChoiceBox>("cbosr")->count(), 1);
     EXPECT_EQ(choice("cbosr"), "(None)");
-    const Boxes none; // Modify and Delete do nothing at all, with no message
-    alt('M');
+    alt('M'); // Modify and Delete do nothing at all, with no message
     alt('D');
     EXPECT_FALSE(isEditing());
 }
@@ -189,7 +188,6 @@ TEST_F(BillScreen, NumberFieldTakesDigitsOnly)
     open();
     alt('A');
     retype("txtbillno", "12");
-    Boxes boxes;
     boxes.expect("Enter Numeric Value.").icon(QMessageBox::Information);
     type("x");
     boxes.expect("Enter Numeric Value.");
@@ -222,7 +220,6 @@ TEST_P(RefusedField, KeepsTheFocusAndCancelSkipsTheCheck)
     open();
     alt('A');
     retype(c.field, c.typed);
-    Boxes boxes;
     boxes.expect(c.message).icon(QMessageBox::Information);
     press(Qt::Key_Tab);
     EXPECT_TRUE(boxes.wait());
@@ -266,7 +263,6 @@ TEST_F(BillScreen, FirstYearBeginsInJuly)
     ASSERT_EQ(choice("cbofyr"), "2017-18");
     alt('A');
     retype("txtbilldt", "30062017");
-    Boxes boxes;
     boxes.expect("Please Specify a Valid 'Bill Date' between 01/07/2017 and 31/03/2018.");
     press(Qt::Key_Tab);
     EXPECT_TRUE(boxes.wait());
@@ -298,7 +294,6 @@ TEST_F(BillScreen, EscapeClosesWhatStandsInFrontOneByOne)
     EXPECT_FALSE(isShown("vsListC"));
     EXPECT_EQ(text("txtpartynm"), "") << "the party is empty, though one was chosen before";
 
-    Boxes boxes;
     boxes.expect("Do you want to Cancel Entry?", QMessageBox::No);
     press(Qt::Key_Escape);
     EXPECT_TRUE(isEditing());
@@ -442,7 +437,6 @@ TEST_F(BillScreen, TypedAmountsAndRatesAreNormalised)
     press(Qt::Key_Return);
     EXPECT_EQ(cell(firstLine, CgstRateColumn), "12.3457");
     EXPECT_EQ(cell(firstLine, CgstColumn), "12");
-    Boxes boxes;
     boxes.expect("Please Specify Valid Amount. Numeric Only.").icon(QMessageBox::Information);
     clickCell("vsB", firstLine, SgstRateColumn);
     type("abc");
@@ -544,7 +538,6 @@ TEST_F(BillScreen, PreviewHandsTheEngineWhatStandsOnTheScreen)
     press(Qt::Key_Home);
     alt('U');
     ASSERT_FALSE(isEditing());
-    Boxes boxes;
     boxes.expect("Missing Template File [" + folder() + "/GST_Templates/GST_Intra_Bill.doc]");
     alt('P');
     EXPECT_EQ(NotingReporter::asked(), QStringList());
