@@ -114,7 +114,8 @@ bool Screen::leave(QWidget *widget)
     if (widget->hasFocus())
         return true;
     const auto *button = qobject_cast<CommandButton *>(QApplication::focusWidget());
-    const bool mustPass = !button || button->causesValidation();
+    // A frame that went away took its fields along unchecked: only a command that skips checks hides them.
+    const bool mustPass = widget->isVisible() && (!button || button->causesValidation());
     if (mustPass && rules.validate && !rules.validate())
         return false;
     if (rules.lostFocus)
