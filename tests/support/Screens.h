@@ -10,7 +10,14 @@
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 #include <memory>
+#include <ostream>
 #include <stdexcept>
+
+/// Texts stand in the messages of failed tests as they are.
+inline void PrintTo(const QString &text, std::ostream *out)
+{
+    *out << '"' << text.toStdString() << '"';
+}
 
 namespace ledgora::test {
 
@@ -29,7 +36,7 @@ public:
 
 /// A working period as host "C" in June 2024, over one database a suite and a fresh folder a test, and the hands of a
 /// user: keys go to the window that has them at that moment. A test that leaves a line in the error log fails, unless
-/// it said that failures are part of it.
+/// it said that failures are part of it; a box that nobody expects fails it too, and is closed.
 class ScreenTest : public testing::Test
 {
 protected:
@@ -37,6 +44,8 @@ protected:
     static void TearDownTestSuite() { s_data.reset(); }
     void SetUp() override;
     void TearDown() override;
+
+    Boxes boxes; ///< what the test expects to be told and asked
 
     static Database &data() { return *s_data; }
     QString folder() const { return m_folder.path(); }
