@@ -53,6 +53,7 @@ private:
     void CMDFIRMDELETE_CLICK();
     void CMDFIRMSAVE_CLICK();
     void CMDFIRMCANCEL_CLICK();
+    void CMDIFSC_CLICK();
     bool TXTFIRMPASS_VALIDATE();
 
     // Other clients (OtherClientFrames.cpp).
