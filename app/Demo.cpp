@@ -4,8 +4,9 @@
 #include "MainWindow.h"
 #include "Office.h"
 #include "ServerFolder.h"
-#include "bills/BillStore.h"
+#include "bills/EntryRules.h"
 #include "host/WorkingState.h"
+#include "store/Dates.h"
 #include "store/NumberFormat.h"
 #include "store/Settings.h"
 #include "store/SqlText.h"
@@ -85,6 +86,9 @@ private:
     void keyInBill(const DemoBill &bill);
     void keyInLine(const DemoLine &line);
     void savePdf(const DemoBill &bill);
+    void modifyBill();
+    void outOfOrderBill();
+    void deleteBill();
     void refusedBill();
     void browse();
     void look(const char *name);
@@ -130,6 +134,9 @@ QString Demo::run()
         step(QStringLiteral("bill %1 keyed in and saved").arg(m_bills + 1), [&] { keyInBill(bill); });
         step(QStringLiteral("its preview saved as ") + QLatin1String(bill.pdf), [&] { savePdf(bill); });
     }
+    step(QStringLiteral("bill 3 modified"), [this] { modifyBill(); });
+    step(QStringLiteral("bill 4 refused for its number, then for its date, then saved"), [this] { outOfOrderBill(); });
+    step(QStringLiteral("bill 4 deleted"), [this] { deleteBill(); });
     step(QStringLiteral("bills browsed, by key and in the list"), [this] { browse(); });
     step(QStringLiteral("a bill refused by a check, and cancelled"), [this] { refusedBill(); });
     if (m_fault.isEmpty())
@@ -281,6 +288,59 @@ void Demo::savePdf(const DemoBill &bill)
     m_clerk.press(Qt::Key_S, Qt::ControlModifier);
     m_clerk.press(Qt::Key_Escape);
     check(QFileInfo(path).size() > 0, QStringLiteral("the PDF file is there"));
+}
+
+void Demo::modifyBill()
+{
+    m_clerk.alt('M');
+    m_clerk.press(Qt::Key_Return);
+    m_clerk.press(Qt::Key_Tab, Qt::NoModifier, 3);
+    m_clerk.type(QStringLiteral("1600"));
+    m_clerk.alt('U'); // the amount is still being typed
+    check(stored(QStringLiteral("Select sum(TotalAmt) from GST_BillD Where BillId=3")) == 1800,
+          QStringLiteral("the changed bill comes to 1800"));
+}
+
+/// A number in use is refused; a date before that of a lower number is asked about.
+void Demo::outOfOrderBill()
+{
+    const int year = financialYearOf(today());
+    const QString firstDay = QStringLiteral("01/04/%1").arg(year);
+    const QString question =
+        outOfOrderQuestion(QStringLiteral("Bill"), true, QStringLiteral("3"),
+                           formatDate(today(), QStringLiteral("DD/MM/YYYY")), QStringLiteral("4"), firstDay);
+    m_clerk.alt('A');
+    m_clerk.enter(QStringLiteral("KULKARNI"));
+    m_clerk.press(Qt::Key_Return); // series
+    m_clerk.press(Qt::Key_A, Qt::ControlModifier);
+    m_clerk.enter(QStringLiteral("2"));
+    m_clerk.press(Qt::Key_Home);
+    m_clerk.enter(QStringLiteral("0104%1").arg(year));
+    m_clerk.press(Qt::Key_Return, Qt::NoModifier, 2);
+    keyInLine({"Appeal before the tribunal", 5, "A", "40000", ""});
+    m_clerk.expectBox(QStringLiteral("Duplicate Bill No."));
+    m_clerk.alt('U');
+    m_clerk.type(QStringLiteral("4"));
+    const bool earlier = today() > QDate(year, 4, 1); // on the first day itself nothing is out of order
+    if (earlier) {
+        m_clerk.expectBox(question, QMessageBox::No);
+        m_clerk.alt('U');
+        check(stored(QStringLiteral("Select count(*) from GST_BillM")) == m_bills, QStringLiteral("No stores nothing"));
+        m_clerk.expectBox(question, QMessageBox::Yes);
+    }
+    m_clerk.alt('U');
+    look("bill-out-of-order");
+    check(stored(QStringLiteral("Select count(*) from GST_BillM Where BillNo=4")) == 1,
+          QStringLiteral("Yes stores the bill"));
+}
+
+void Demo::deleteBill()
+{
+    m_clerk.expectBox(QStringLiteral("Do you want to Delete the Selected Bill No. 4?"), QMessageBox::Yes);
+    m_clerk.alt('D');
+    check(stored(QStringLiteral("Select count(*) from GST_BillM")) == m_bills, QStringLiteral("the bill is gone"));
+    check(stored(QStringLiteral("Select count(*) from GST_BillD Where BillId>3")) == 0,
+          QStringLiteral("and its lines"));
 }
 
 void Demo::browse()

@@ -165,6 +165,8 @@ void frmBillGST::pointAt(const BillFault &fault)
 {
     auto *target = findChild<QWidget *>(fault.field);
     inform(fault.message, target);
+    if (auto *line = qobject_cast<QLineEdit *>(target))
+        line->selectAll();
     if (fault.row >= 0)
         ui->vsB->setCursor(fault.row, fault.column);
 }

@@ -99,11 +99,11 @@ void DocumentScreen::connectFields()
 
     on(m_list, &Grid::rowActivated, [this](int) {
         showCurrent();
-        hideDocumentList(m_fields.showList);
+        leaveDocumentList();
     });
     field(m_list).lostFocus = [this] {
         if (m_list->isVisible() && !m_fields.showList->hasFocus())
-            hideDocumentList(nullptr);
+            hideDocumentList();
     };
 }
 
@@ -158,7 +158,7 @@ void DocumentScreen::SETBUTTONS(bool browse)
 }
 
 /// While browsing the panel reads as a document: full ink, no boxes.
-void DocumentScreen::setReadable(bool browse)
+void DocumentScreen::setReadable(bool browse) const
 {
     QPalette palette = m_fields.editPanel->palette();
     for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText})
@@ -224,7 +224,7 @@ void DocumentScreen::CMDCANCEL_CLICK()
 void DocumentScreen::CMDSHLIST_CLICK()
 {
     if (m_fields.showList->text() != QLatin1String(showListCaption)) {
-        hideDocumentList(nullptr);
+        hideDocumentList();
         return;
     }
     m_list->setRow(m_list->cells().find(m_fields.number->hiddenValue(), m_kind.columns.id));
@@ -236,13 +236,17 @@ void DocumentScreen::CMDSHLIST_CLICK()
 }
 
 /// The cursor goes back to the document on show, and the list away.
-void DocumentScreen::hideDocumentList(QWidget *focusTarget)
+void DocumentScreen::hideDocumentList()
 {
     m_list->setRow(m_list->cells().find(m_fields.number->hiddenValue(), m_kind.columns.id));
-    if (focusTarget)
-        focusTarget->setFocus();
     m_list->hide();
     m_fields.showList->setText(QLatin1String(showListCaption));
+}
+
+void DocumentScreen::leaveDocumentList()
+{
+    m_fields.showList->setFocus();
+    hideDocumentList();
 }
 
 void DocumentScreen::moveTo(int delta)
@@ -348,7 +352,7 @@ bool DocumentScreen::isEditing() const
     return m_fields.editPanel->isEnabled();
 }
 
-void DocumentScreen::say(const QString &status)
+void DocumentScreen::say(const QString &status) const
 {
     m_fields.status->setText(status);
 }
@@ -365,7 +369,7 @@ void DocumentScreen::escapePressed()
         return m_parties->hide();
     }
     if (m_list->isVisible())
-        return hideDocumentList(m_fields.showList);
+        return leaveDocumentList();
     if (!isEditing()) {
         close();
         return;

@@ -106,7 +106,7 @@ protected:
     Grid *partyList() const { return m_parties; }
     const DocumentFields &fields() const { return m_fields; }
     void selectAfterRefresh(int id, int rememberedRow);
-    void say(const QString &status);
+    void say(const QString &status) const;
 
     /// Puts a pop-up under a field, inside the screen, on top, without covering the field.
     void placePopup(QWidget *popup, QWidget *under, QSize size);
@@ -124,14 +124,15 @@ private:
     void connectParty();
     void fillSeries();
     void moveTo(int delta);
-    void hideDocumentList(QWidget *focusTarget);
+    void hideDocumentList();
+    void leaveDocumentList();
     void findParty(const QString &typed);
     bool partyKey(QKeyEvent *key);
     void partyFocused();
     void partyFieldLeft();
     void takeParty(int row);
     void sortClientWise();
-    void setReadable(bool browse);
+    void setReadable(bool browse) const;
 
     DocumentFields m_fields{};
     Kind m_kind;

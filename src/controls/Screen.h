@@ -78,7 +78,7 @@ private:
     };
     void queueFocusChange(QWidget *field, bool left);
     bool applyFocusChanges();
-    bool leave(QWidget *field);
+    bool leave(QWidget *widget);
 
     QHash<QObject *, Field> m_fields;
     std::deque<FocusChange> m_focusChanges;

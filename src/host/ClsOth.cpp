@@ -10,7 +10,7 @@ namespace {
 
 int scaled(int length, float ratio)
 {
-    return length <= 0 || length >= QWIDGETSIZE_MAX ? length : int(std::lround(length * ratio));
+    return length <= 0 || length >= QWIDGETSIZE_MAX ? length : int(std::lround(double(length) * double(ratio)));
 }
 
 void scaleFont(QWidget &widget, float ratio)

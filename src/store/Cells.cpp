@@ -23,6 +23,23 @@ std::vector<int> sortedOrder(int first, int last, KeyOf keyOf)
     return order;
 }
 
+/// The text with its UTF-16 units moved so that they compare as code points do: surrogates behind the whole basic
+/// plane.
+QString byCodePoints(QString text)
+{
+    constexpr char16_t firstSurrogate = 0xD800;
+    constexpr char16_t pastSurrogates = 0xE000;
+    constexpr int surrogates = pastSurrogates - firstSurrogate;
+    constexpr int behind = 0x10000 - pastSurrogates;
+    if (std::ranges::none_of(text, [](QChar unit) { return unit >= firstSurrogate; }))
+        return text;
+    for (QChar &unit : text) {
+        if (unit >= firstSurrogate)
+            unit = QChar(unit.unicode() + (unit < pastSurrogates ? behind : -surrogates));
+    }
+    return text;
+}
+
 bool matches(const QString &cell, const QString &text, Cells::Match match)
 {
     switch (match) {
@@ -141,8 +158,9 @@ void Cells::sort(int column, Sort kind)
         order = sortedOrder<double>(m_fixedRows, rows(), [&](int row) { return value(row, column); });
         break;
     case Sort::Text:
-        order = sortedOrder<std::pair<QString, QString>>(
-            m_fixedRows, rows(), [&](int row) { return std::pair(text(row, column).toUpper(), text(row, column)); });
+        order = sortedOrder<std::pair<QString, QString>>(m_fixedRows, rows(), [&](int row) {
+            return std::pair(byCodePoints(text(row, column).toUpper()), byCodePoints(text(row, column)));
+        });
         break;
     case Sort::Date:
         order = sortedOrder<qint64>(m_fixedRows, rows(), [&](int row) {

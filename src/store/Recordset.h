@@ -39,7 +39,7 @@ private:
         void operator()(st_mysql_res *result) const;
     };
     std::unique_ptr<st_mysql_res, Free> m_result;
-    QHash<QString, int> m_columns;
+    mutable QHash<QString, int> m_columns; ///< -1 for one that was asked for and is not there
     char **m_row = nullptr;
     unsigned long *m_lengths = nullptr;
     qint64 m_count = 0;

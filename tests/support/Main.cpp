@@ -3,9 +3,17 @@
 #include <QLocale>
 #include <QStyleFactory>
 #include <clocale>
+#include <cstdio>
 #include <gtest/gtest.h>
 
 namespace {
+
+/// What the windowless platform can not do is no news; all else that Qt says is shown.
+void showMessage(QtMsgType, const QMessageLogContext &, const QString &text)
+{
+    if (!text.startsWith(QLatin1String("This plugin does not support")))
+        std::fprintf(stderr, "%s\n", qPrintable(text));
+}
 
 /// Every test begins on the same day; one that sets another spoils nothing for the next.
 class FixedDay : public testing::EmptyTestEventListener
@@ -24,6 +32,7 @@ int main(int argc, char **argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     qputenv("TZ", "Asia/Kolkata");
+    qInstallMessageHandler(showMessage);
     QLocale::setDefault(QLocale::c());
     QApplication application(argc, argv);
     std::setlocale(LC_ALL, "C.UTF-8"); // NOLINT(concurrency-mt-unsafe): before any thread

@@ -1,0 +1,224 @@
+#include "Screens.h"
+
+#include "controls/ChoiceBox.h"
+#include "host/WorkingState.h"
+#include "platform/Registry.h"
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QLineEdit>
+#include <QTest>
+#include <QWindow>
+
+namespace ledgora::test {
+
+namespace {
+
+QString quoted(QString text)
+{
+    return '\'' + text.replace('\'', "''") + '\'';
+}
+
+void letPostedEventsCome()
+{
+    QCoreApplication::sendPostedEvents();
+    QCoreApplication::processEvents();
+}
+
+} // namespace
+
+QStringList &NotingReporter::asked()
+{
+    static QStringList notes;
+    return notes;
+}
+
+void NotingReporter::newreportnew(const QString &templatePath)
+{
+    asked() << "newreportnew " + QFileInfo(templatePath).fileName();
+}
+
+void NotingReporter::SetText(const QString &placeholder, const PlaceholderValue &value)
+{
+    const auto *text = std::get_if<QString>(&value);
+    asked() << placeholder + '=' + (text ? *text : QString::number(std::get<double>(value), 'g', 15));
+}
+
+void NotingReporter::ShowReport(bool)
+{
+    asked() << "ShowReport";
+}
+
+void NotingReporter::SaveToPDF(const QString &path, int)
+{
+    asked() << "SaveToPDF " + path;
+}
+
+void ScreenTest::SetUp()
+{
+    data().empty();
+    NotingReporter::asked().clear();
+    Registry::instance().add<Reporter>(Reporter::progId, [] { return std::make_unique<NotingReporter>(); });
+    ASSERT_TRUE(QDir(folder()).mkdir("GST_Templates"));
+    m_gst = std::make_unique<ClsGST>();
+    m_gst->AppPath(folder());
+    m_gst->TmpPath(folder());
+    m_gst->CnnObj(&data().db());
+    m_gst->GetRegYr(2024);
+    m_gst->ObjMdi(nullptr);
+    ASSERT_TRUE(m_gst->CallBilling("ZoRbItWaLkErX", "C", 2));
+    CompanyState().apply();
+}
+
+void ScreenTest::TearDown()
+{
+    delete m_screen;
+    if (!m_mayLog) {
+        EXPECT_EQ(errorLog(), "");
+    }
+    m_gst.reset();
+}
+
+QString ScreenTest::errorLog()
+{
+    QFile log(gLogPath);
+    return log.open(QIODevice::ReadOnly) ? QString::fromUtf8(log.readAll()) : QString();
+}
+
+void ScreenTest::addCompany(int id, const QString &name, const QString &state, const QString &password)
+{
+    data().run(QStringLiteral("Insert Into GST_FirmMas (FirmSrNo,Nm,StateNm,Pass) Values (%1,%2,%3,%4)")
+                   .arg(id)
+                   .arg(quoted(name), quoted(state), quoted(password)));
+}
+
+QString ScreenTest::clientCode(int id)
+{
+    return QStringLiteral("BILL~OTHCL-%1").arg(id, 6, 10, QLatin1Char('0'));
+}
+
+void ScreenTest::addClient(int id, const QString &name, const QString &state)
+{
+    data().run(QStringLiteral("Insert Into GST_OthCl (OthClSrNo,OthClCode,Nm,StateNm) Values (%1,%2,%3,%4)")
+                   .arg(id)
+                   .arg(quoted(clientCode(id)), quoted(name), quoted(state)));
+}
+
+/// A bill of company 1 without tax, of one line.
+void ScreenTest::addBill(int id, int number, QDate date, int client, int amount, int seriesId)
+{
+    const int year = date.month() < 4 ? date.year() - 1 : date.year();
+    data().run(QStringLiteral("Insert Into GST_BillM Values (%1,1,%2,%3,%4,%5,'%6','DELHI','NO','Narration %5')")
+                   .arg(id)
+                   .arg(year)
+                   .arg(quoted(clientCode(client)))
+                   .arg(seriesId)
+                   .arg(number)
+                   .arg(date.toString(Qt::ISODate)));
+    data().run(QStringLiteral("Insert Into GST_BillD Values (%1,1,'Work %1','','',0,%2,0,%2,'N',0,0,0,0,0,0,%2)")
+                   .arg(id)
+                   .arg(amount));
+}
+
+void ScreenTest::addReceipt(int id, int billId, int amount, int discount)
+{
+    data().run(
+        QStringLiteral("Insert Into GST_RecpD Values (%1,1,%2,%3,%4,0)").arg(id).arg(billId).arg(amount).arg(discount));
+}
+
+void ScreenTest::show(QWidget *screen)
+{
+    m_screen = screen;
+    screen->resize(1280, 720);
+    screen->show();
+    screen->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(screen));
+    letPostedEventsCome();
+}
+
+QString ScreenTest::text(const char *lineEdit) const
+{
+    return find<QLineEdit>(lineEdit)->text();
+}
+
+QString ScreenTest::choice(const char *list) const
+{
+    return find<ChoiceBox>(list)->currentText();
+}
+
+QString ScreenTest::focus()
+{
+    target();
+    for (const QWidget *widget = QApplication::focusWidget(); widget; widget = widget->parentWidget()) {
+        if (!widget->objectName().isEmpty() && !widget->objectName().startsWith("qt_"))
+            return widget->objectName();
+    }
+    return {};
+}
+
+/// The window that a user's keys reach: a list that is open, a box, else the screen.
+QWindow *ScreenTest::target()
+{
+    QWidget *widget = QApplication::activePopupWidget();
+    if (!widget)
+        widget = QApplication::activeModalWidget();
+    if (!widget && m_screen && !m_screen->isActiveWindow()) {
+        m_screen->activateWindow(); // no window manager gives the keys back after a box
+        if (!QTest::qWaitForWindowActive(m_screen))
+            throw std::runtime_error("the screen does not get the keys");
+        letPostedEventsCome();
+    }
+    if (!widget)
+        widget = m_screen;
+    if (!widget)
+        throw std::runtime_error("no window takes the keys");
+    return widget->window()->windowHandle();
+}
+
+void ScreenTest::press(Qt::Key key, Qt::KeyboardModifiers modifiers, int times)
+{
+    for (int i = 0; i < times; ++i) {
+        QTest::keyClick(target(), key, modifiers);
+        letPostedEventsCome();
+    }
+}
+
+void ScreenTest::alt(char letter)
+{
+    press(Qt::Key(Qt::Key_A + (letter - 'A')), Qt::AltModifier);
+}
+
+void ScreenTest::type(const QString &text)
+{
+    for (const QChar c : text) {
+        QTest::keyClick(target(), c.toLatin1());
+        letPostedEventsCome();
+    }
+}
+
+void ScreenTest::click(const char *control)
+{
+    target();
+    QTest::mouseClick(find<QWidget>(control), Qt::LeftButton);
+    letPostedEventsCome();
+}
+
+void ScreenTest::retype(const char *lineEdit, const QString &text)
+{
+    click(lineEdit);
+    press(Qt::Key_A, Qt::ControlModifier);
+    text.isEmpty() ? press(Qt::Key_Delete) : type(text);
+}
+
+void ScreenTest::clickCell(const char *grid, int row, int column)
+{
+    target();
+    auto *view = find<Grid>(grid);
+    const QModelIndex cell = view->model()->index(row, column);
+    view->scrollTo(cell);
+    QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, view->visualRect(cell).center());
+    letPostedEventsCome();
+}
+
+} // namespace ledgora::test

@@ -1,0 +1,91 @@
+#pragma once
+
+#include "Boxes.h"
+#include "Database.h"
+#include "controls/Grid.h"
+#include "host/ClsGST.h"
+#include "platform/Reporter.h"
+#include <QDate>
+#include <QPointer>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+#include <memory>
+#include <stdexcept>
+
+namespace ledgora::test {
+
+/// The report engine as a test sees it: notes what is asked of it, one text an operation, and does nothing.
+class NotingReporter : public Reporter
+{
+public:
+    void newreportnew(const QString &templatePath) override;
+    void SetText(const QString &placeholder, const PlaceholderValue &value) override; ///< "#BILL_NO#=7"
+    void ShowReport(bool flag) override;
+    void SaveToPDF(const QString &path, int option) override;
+
+    /// What was asked of the engine of the running test.
+    static QStringList &asked();
+};
+
+/// A working period as host "C" in June 2024, over one database a suite and a fresh folder a test, and the hands of a
+/// user: keys go to the window that has them at that moment. A test that leaves a line in the error log fails, unless
+/// it said that failures are part of it.
+class ScreenTest : public testing::Test
+{
+protected:
+    static void SetUpTestSuite() { s_data = std::make_unique<Database>(); }
+    static void TearDownTestSuite() { s_data.reset(); }
+    void SetUp() override;
+    void TearDown() override;
+
+    static Database &data() { return *s_data; }
+    QString folder() const { return m_folder.path(); }
+    ClsGST &gst() { return *m_gst; }
+    void failuresAreExpected() { m_mayLog = true; }
+    static QString errorLog();
+
+    // Rows that other screens would have written.
+    static void addCompany(int id, const QString &name, const QString &state = "DELHI", const QString &password = {});
+    static void addClient(int id, const QString &name, const QString &state);
+    static void addBill(int id, int number, QDate date, int client, int amount, int seriesId = 0);
+    static void addReceipt(int id, int billId, int amount, int discount = 0);
+    static QString clientCode(int id); ///< "BILL~OTHCL-000001"
+
+    /// Shows a screen as a window and waits until it has the keys. The test owns it.
+    void show(QWidget *screen);
+    QWidget *screen() const { return m_screen; }
+    /// The control of that name.
+    template<class Control>
+    Control *find(const char *name) const
+    {
+        auto *control = m_screen ? m_screen->findChild<Control *>(QLatin1String(name)) : nullptr;
+        if (!control)
+            throw std::runtime_error(std::string("the screen has no control ") + name);
+        return control;
+    }
+    QString text(const char *lineEdit) const;
+    QString choice(const char *list) const;
+    bool isShown(const char *control) const { return find<QWidget>(control)->isVisible(); }
+    /// Name of the control that has the keys; of the grid while one of its cells is edited.
+    QString focus();
+
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier, int times = 1);
+    void alt(char letter);
+    void type(const QString &text);
+    /// Clicks into a field.
+    void click(const char *control);
+    /// Clicks into a field, and types over what it holds.
+    void retype(const char *lineEdit, const QString &text);
+    void clickCell(const char *grid, int row, int column);
+
+private:
+    QWindow *target();
+
+    static inline std::unique_ptr<Database> s_data;
+    QTemporaryDir m_folder;
+    std::unique_ptr<ClsGST> m_gst;
+    QPointer<QWidget> m_screen;
+    bool m_mayLog = false;
+};
+
+} // namespace ledgora::test
