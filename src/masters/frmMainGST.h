@@ -81,7 +81,6 @@ private:
     MasterRow readFields(std::span<const MasterField> fields) const;
     void writeFields(std::span<const MasterField> fields, const MasterRow &row);
     void connectIdentifiers(const QString &prefix);
-    bool panIsValid(QWidget *panField);
     bool keepsEntry(bool saved, int id);
 
     void escapePressed() override;
