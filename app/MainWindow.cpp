@@ -1,5 +1,6 @@
 #include "MainWindow.h"
 
+#include "ClientEditor.h"
 #include "Office.h"
 #include "controls/WaitBar.h"
 #include <QApplication>
@@ -34,6 +35,12 @@ void MainWindow::makeMenu()
         ->setObjectName(QStringLiteral("actGstBilling"));
     billing->addSeparator();
     billing->addAction(QStringLiteral("&Quit"), QKeySequence(Qt::CTRL | Qt::Key_Q), this, &QWidget::close);
+    // The access letter is one that no screen has on a command.
+    QMenu *clients = menuBar()->addMenu(QStringLiteral("Cl&ients"));
+    clients
+        ->addAction(QStringLiteral("&Clients of the Office"), QKeySequence(Qt::CTRL | Qt::Key_L), this,
+                    &MainWindow::openClients)
+        ->setObjectName(QStringLiteral("actClients"));
     QMenu *window = menuBar()->addMenu(QStringLiteral("&Window"));
     window->addAction(QStringLiteral("&Next Screen"), QKeySequence(Qt::CTRL | Qt::Key_Tab), m_area,
                       &QMdiArea::activateNextSubWindow);
@@ -51,6 +58,15 @@ void MainWindow::makeMenu()
 void MainWindow::openGst()
 {
     m_billing.gst().OpenBilling();
+}
+
+void MainWindow::openClients()
+{
+    if (!m_billing.isOpen())
+        return;
+    if (!m_clients)
+        m_clients = new ClientEditor;
+    showScreen(*m_clients);
 }
 
 void MainWindow::showScreen(QWidget &screen)

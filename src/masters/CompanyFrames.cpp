@@ -4,12 +4,17 @@
 
 #include "masters/CompanyStore.h"
 #include "masters/frmLogin1.h"
+#include "platform/BankLookup.h"
+#include "platform/HostObject.h"
+#include "platform/Registry.h"
 #include "store/Connection.h"
 #include "store/ErrorLog.h"
 #include "store/Identifiers.h"
 #include "store/Settings.h"
 #include "ui_frmMainGST.h"
 #include <QDir>
+#include <QFileInfo>
+#include <QKeyEvent>
 
 namespace ledgora {
 
@@ -24,6 +29,13 @@ void frmMainGST::connectCompanies()
         return valid;
     };
     field(ui->txtFirmPass).validate = [this] { return TXTFIRMPASS_VALIDATE(); };
+    for (VTxt *bankField : {ui->txtFirmBankNm, ui->txtFirmBankIFSC})
+        field(bankField).keyDown = [this](const QKeyEvent *key) {
+            if (key->key() == Qt::Key_F12)
+                CMDIFSC_CLICK();
+            return key->key() == Qt::Key_F12;
+        };
+    command(ui->cmdIFSC, [this] { CMDIFSC_CLICK(); });
     command(ui->cmdFirmCreate, [this] { CMDFIRMCREATE_CLICK(); });
     command(ui->cmdFirmAlter, [this] { CMDFIRMALTER_CLICK(); });
     command(ui->cmdFirmDelete, [this] { CMDFIRMDELETE_CLICK(); });
@@ -120,6 +132,29 @@ void frmMainGST::CMDFIRMSAVE_CLICK()
 void frmMainGST::CMDFIRMCANCEL_CLICK()
 {
     showHome(m_addMode ? ui->cmdFirmCreate : ui->cmdFirmAlter);
+}
+
+void frmMainGST::CMDIFSC_CLICK()
+{
+    const ErrorSite site("frmMainGST", "CMDIFSC_CLICK");
+    BankChoice choice;
+    choice[ChosenBank] = BankLookup::noData;
+    if (const auto lookup = Registry::instance().create<BankLookup>(QLatin1String(BankLookup::progId))) {
+        lookup->InitMe(gAppPath, gCnn, QFileInfo(gLogPath).fileName(), gHostObj->vScreenRatX(), gHostObj->vScreenRatY(),
+                       gHostObj->vScreenRatFS());
+        lookup->GetMICRIFSC(choice, ui->txtFirmBankNm->text().trimmed(), ui->txtFirmCity->text().trimmed(), {});
+    } else {
+        WriteErrLog(429, QStringLiteral("No component is registered as ") + QLatin1String(BankLookup::progId),
+                    QStringLiteral("frmMainGST"));
+    }
+    ui->txtFirmBankIFSC->setFocus();
+    if (choice[ChosenBank] == BankLookup::noData)
+        return inform(QStringLiteral("Missing Latest Update File ! Please update the software again."));
+    if (choice[ChosenBank].isEmpty())
+        return;
+    ui->txtFirmBankNm->setText(choice[ChosenBank]);
+    ui->txtFirmBankBr->setText(choice[ChosenBranch]);
+    ui->txtFirmBankIFSC->setText(choice[ChosenIfsCode]);
 }
 
 void frmMainGST::CMDFIRMDELETE_CLICK()
