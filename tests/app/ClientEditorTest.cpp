@@ -5,6 +5,7 @@
 #include "controls/ChoiceBox.h"
 #include "support/Print.h"
 #include "support/Screens.h"
+#include <QLabel>
 
 namespace ledgora::test {
 namespace {
