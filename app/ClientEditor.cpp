@@ -178,6 +178,8 @@ void ClientEditor::showEdit(ClientKind kind, const MasterRow &row)
     for (const ClientKind any : {ClientKind::Company, ClientKind::Partnership})
         writeEditFields(*this, clientFields(any), {});
     writeEditFields(*this, clientFields(kind), row);
+    QString title = m_addMode ? QStringLiteral("New Client") : QString("Client " + m_client.code);
+    ui->famClientEdit->setTitle(title.replace(u'&', QStringLiteral("&&")));
     ui->cboClientKind->setCurrentIndex(int(kind));
     ui->cboClientKind->setEnabled(m_addMode);
     ui->txtClientCode->setEnabled(m_addMode);

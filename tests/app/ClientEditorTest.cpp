@@ -2,9 +2,15 @@
 
 #include "app/ClientEditor.h"
 
+#include "app/MainWindow.h"
+#include "app/Office.h"
 #include "controls/ChoiceBox.h"
 #include "support/Print.h"
 #include "support/Screens.h"
+#include <QLabel>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QTest>
 
 namespace ledgora::test {
 namespace {
@@ -269,6 +275,23 @@ TEST_F(ClientEditorTest, HistoryThatFailedIsWrittenByTheNextSave)
     EXPECT_TRUE(isListShown());
     EXPECT_EQ(data().rows("Select NewName From ChangeName Order By ChDate"),
               (QStringList{"ACME LTD.", "ACME INDIA LTD."}));
+}
+
+TEST(ClientMenu, ShowsOneEditorHoweverOften)
+{
+    const QTemporaryDir folder;
+    app::Office office(folder.path());
+    ASSERT_TRUE(office.open()) << office.error().toStdString();
+    app::MainWindow window(office);
+    window.show();
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    const auto *screens = window.findChild<QMdiArea *>("screens");
+    for (int i = 0; i < 2; ++i) {
+        QTest::keyClick(&window, Qt::Key_L, Qt::ControlModifier);
+        ASSERT_EQ(screens->subWindowList().size(), 1);
+        EXPECT_TRUE(qobject_cast<app::ClientEditor *>(screens->activeSubWindow()->widget()));
+    }
 }
 
 } // namespace
