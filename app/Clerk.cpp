@@ -1,5 +1,6 @@
 #include "Clerk.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QFileDialog>
 #include <QLineEdit>
@@ -81,7 +82,8 @@ void Clerk::expectBox(const QString &text, QMessageBox::StandardButton answer)
     m_expected.emplace_back([this, text, answer](QWidget &window) {
         const auto *box = qobject_cast<QMessageBox *>(&window);
         if (!box || box->text() != text || !box->button(answer)) {
-            noteFault(QStringLiteral("expected the message \"%1\", came \"%2\"").arg(text, box ? box->text() : window.windowTitle()));
+            noteFault(QStringLiteral("expected the message \"%1\", came \"%2\"")
+                          .arg(text, box ? box->text() : window.windowTitle()));
             window.close();
             return;
         }

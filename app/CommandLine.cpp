@@ -15,31 +15,37 @@ CommandLine wrong(const QString &text)
     return line;
 }
 
-struct Words {
+struct Words
+{
     const char *name;
     CommandLine::Command command;
     const char *description;
 };
 constexpr Words commands[] = {
-    {"demo", CommandLine::Command::Demo, "ledgora demo --out DIR: make a new office in DIR and key in bills as a clerk would"},
-    {"balance", CommandLine::Command::Balance, "ledgora balance --firm ID --party CODE: what a client owes a company, in rupees"},
+    {"demo", CommandLine::Command::Demo,
+     "ledgora demo --out DIR: make a new office in DIR and key in bills as a clerk would"},
+    {"balance", CommandLine::Command::Balance,
+     "ledgora balance --firm ID --party CODE: what a client owes a company, in rupees"},
 };
 
 void addOptions(QCommandLineParser &parser, CommandLine::Command command)
 {
     parser.addOption({QStringLiteral("data"), QStringLiteral("Data folder of the office."), QStringLiteral("DIR")});
-    parser.addOption({QStringLiteral("today"), QStringLiteral("Work as on this day (DD/MM/YYYY or YYYY-MM-DD)."), QStringLiteral("DATE")});
+    parser.addOption({QStringLiteral("today"), QStringLiteral("Work as on this day (DD/MM/YYYY or YYYY-MM-DD)."),
+                      QStringLiteral("DATE")});
     parser.addOption({{QStringLiteral("h"), QStringLiteral("help")}, QStringLiteral("Show this help.")});
     switch (command) {
     case CommandLine::Command::Demo:
-        parser.addOption({QStringLiteral("out"), QStringLiteral("Folder for the office and the PDF files."), QStringLiteral("DIR")});
+        parser.addOption(
+            {QStringLiteral("out"), QStringLiteral("Folder for the office and the PDF files."), QStringLiteral("DIR")});
         break;
     case CommandLine::Command::Balance:
         parser.addOption({QStringLiteral("firm"), QStringLiteral("Number of the company."), QStringLiteral("ID")});
         parser.addOption({QStringLiteral("party"), QStringLiteral("Code of the client."), QStringLiteral("CODE")});
         break;
     default:
-        parser.addOption({QStringLiteral("open"), QStringLiteral("Open a home screen at once: gst."), QStringLiteral("SCREEN")});
+        parser.addOption(
+            {QStringLiteral("open"), QStringLiteral("Open a home screen at once: gst."), QStringLiteral("SCREEN")});
         parser.addOption({QStringLiteral("version"), QStringLiteral("Show the version.")});
     }
 }
@@ -93,7 +99,8 @@ CommandLine readCommandLine(const QStringList &arguments)
         }
     }
     QCommandLineParser parser;
-    parser.setApplicationDescription(QStringLiteral("Ledgora, billing for Indian tax practitioners and small accounting offices."));
+    parser.setApplicationDescription(
+        QStringLiteral("Ledgora, billing for Indian tax practitioners and small accounting offices."));
     addOptions(parser, line.command);
     if (!parser.parse(words))
         return wrong(parser.errorText());
@@ -108,7 +115,8 @@ CommandLine readCommandLine(const QStringList &arguments)
     line.today = dateArgument(value("today")).value_or(QDate());
     line.dataFolder = value("data");
     if (line.dataFolder.isEmpty())
-        line.dataFolder = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + QStringLiteral("/ledgora");
+        line.dataFolder =
+            QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + QStringLiteral("/ledgora");
     if (parser.isSet(QStringLiteral("help"))) {
         line.text = helpText(parser, line.command);
         line.command = CommandLine::Command::Help;

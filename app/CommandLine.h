@@ -8,7 +8,8 @@
 namespace ledgora::app {
 
 /// The words of a call of `ledgora`.
-struct CommandLine {
+struct CommandLine
+{
     enum class Command { Window, Demo, Balance, Help, Version, Wrong };
     Command command = Command::Window;
     QString dataFolder; ///< --data, else the XDG data folder

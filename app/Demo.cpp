@@ -4,8 +4,9 @@
 #include "MainWindow.h"
 #include "Office.h"
 #include "ServerFolder.h"
-#include "bills/BillStore.h"
+#include "bills/EntryRules.h"
 #include "host/WorkingState.h"
+#include "store/Dates.h"
 #include "store/NumberFormat.h"
 #include "store/Settings.h"
 #include "store/SqlText.h"
@@ -19,7 +20,8 @@ namespace ledgora::app {
 
 namespace {
 
-struct DemoLine {
+struct DemoLine
+{
     const char *particulars;
     int sac;            ///< entry of the pick list, 0 for none
     const char *period; ///< "F" or "A" picks FY or AY, "" none
@@ -27,9 +29,10 @@ struct DemoLine {
     const char *discount;
 };
 
-struct DemoBill {
-    const char *party;   ///< as far as it is typed
-    char taxType;        ///< typed in the list of tax types; 0 leaves what the place of supply gave
+struct DemoBill
+{
+    const char *party; ///< as far as it is typed
+    char taxType;      ///< typed in the list of tax types; 0 leaves what the place of supply gave
     std::vector<DemoLine> lines;
     const char *narration;
     double expectedTotal; ///< worked out by hand
@@ -37,15 +40,25 @@ struct DemoBill {
 };
 
 const DemoBill demoBills[] = {
-    {"GUPTA", 0,
+    {"GUPTA",
+     0,
      {{"Statutory audit for the year", 1, "F", "25000", ""},
       {"Income tax return of the firm", 5, "A", "7500", "500"},
       {"Certificates u/s 15CB (3 nos.)", 4, "", "1050", ""}},
-     "Payable within 15 days", 39000, "Bill_1_Intra-State.pdf"},
-    {"KULKARNI", 0,
+     "Payable within 15 days",
+     39000,
+     "Bill_1_Intra-State.pdf"},
+    {"KULKARNI",
+     0,
      {{"GST returns, April to June", 4, "F", "12345", ""}, {"Book-keeping charges", 2, "F", "9000", "750"}},
-     "", 24302, "Bill_2_Inter-State.pdf"},
-    {"GUPTA", 'N', {{"Reimbursement of filing fees", 0, "", "1500", ""}, {"Stamp paper", 0, "", "200", ""}}, "Exempted supply", 1700,
+     "",
+     24302,
+     "Bill_2_Inter-State.pdf"},
+    {"GUPTA",
+     'N',
+     {{"Reimbursement of filing fees", 0, "", "1500", ""}, {"Stamp paper", 0, "", "200", ""}},
+     "Exempted supply",
+     1700,
      "Bill_3_No-Tax.pdf"},
 };
 
@@ -54,7 +67,11 @@ class Demo
 {
 public:
     Demo(Office &office, MainWindow &window, QString outFolder, Look look)
-        : m_office(office), m_clerk(window), m_window(window), m_out(std::move(outFolder)), m_look(std::move(look))
+        : m_office(office)
+        , m_clerk(window)
+        , m_window(window)
+        , m_out(std::move(outFolder))
+        , m_look(std::move(look))
     {
     }
 
@@ -69,6 +86,9 @@ private:
     void keyInBill(const DemoBill &bill);
     void keyInLine(const DemoLine &line);
     void savePdf(const DemoBill &bill);
+    void modifyBill();
+    void outOfOrderBill();
+    void deleteBill();
     void refusedBill();
     void browse();
     void look(const char *name);
@@ -94,13 +114,16 @@ QString Demo::run()
     step(QStringLiteral("two other clients added"), [this] {
         m_clerk.alt('O');
         look("other-clients-first-start");
-        addOtherClient({"GUPTA TRADING COMPANY", "14", "GUPTA HOUSE", "CHANDNI CHOWK", "OLD DELHI", "DELHI", "110006"}, "DEL",
+        addOtherClient({"GUPTA TRADING COMPANY", "14", "GUPTA HOUSE", "CHANDNI CHOWK", "OLD DELHI", "DELHI", "110006"},
+                       "DEL",
                        {"23456789", "", "", "9810012345", "accounts@gupta.example", "AABFG1234C", "07AABFG1234C1Z5"});
-        addOtherClient({"KULKARNI FOODS PVT. LTD.", "7/2", "SHREE APARTMENTS", "F C ROAD", "SHIVAJINAGAR", "PUNE", "411004"},
-                       "MAH", {"", "", "", "9822054321", "", "AADCK4321F", "27AADCK4321F1Z8"});
+        addOtherClient(
+            {"KULKARNI FOODS PVT. LTD.", "7/2", "SHREE APARTMENTS", "F C ROAD", "SHIVAJINAGAR", "PUNE", "411004"},
+            "MAH", {"", "", "", "9822054321", "", "AADCK4321F", "27AADCK4321F1Z8"});
         look("other-clients");
         m_clerk.press(Qt::Key_Escape);
-        check(stored(QStringLiteral("Select count(*) from GST_OthCl")) == 2, QStringLiteral("two other clients are stored"));
+        check(stored(QStringLiteral("Select count(*) from GST_OthCl")) == 2,
+              QStringLiteral("two other clients are stored"));
     });
     step(QStringLiteral("templates chosen"), [this] { chooseTemplates(); });
     step(QStringLiteral("bill screen opened"), [this] {
@@ -111,6 +134,9 @@ QString Demo::run()
         step(QStringLiteral("bill %1 keyed in and saved").arg(m_bills + 1), [&] { keyInBill(bill); });
         step(QStringLiteral("its preview saved as ") + QLatin1String(bill.pdf), [&] { savePdf(bill); });
     }
+    step(QStringLiteral("bill 3 modified"), [this] { modifyBill(); });
+    step(QStringLiteral("bill 4 refused for its number, then for its date, then saved"), [this] { outOfOrderBill(); });
+    step(QStringLiteral("bill 4 deleted"), [this] { deleteBill(); });
     step(QStringLiteral("bills browsed, by key and in the list"), [this] { browse(); });
     step(QStringLiteral("a bill refused by a check, and cancelled"), [this] { refusedBill(); });
     if (m_fault.isEmpty())
@@ -156,18 +182,21 @@ double Demo::stored(const QString &query)
 void Demo::createCompany()
 {
     m_clerk.alt('C');
-    for (const char *text : {"SHARMA & ASSOCIATES", "CHARTERED ACCOUNTANTS", "305, NEHRU PLACE", "", "NEW DELHI", "110019"})
+    for (const char *text :
+         {"SHARMA & ASSOCIATES", "CHARTERED ACCOUNTANTS", "305, NEHRU PLACE", "", "NEW DELHI", "110019"})
         m_clerk.enter(QLatin1String(text));
     m_clerk.choose(QStringLiteral("DEL"));
     m_clerk.press(Qt::Key_Return);
-    for (const char *text : {"26412345", "", "", "", "", "9810098100", "office@sharma.example", "www.sharma.example", "AAAFS1234K",
-                             "07AAAFS1234K1Z5", "SHARMA & ASSOCIATES", "STATE BANK OF INDIA", "NEHRU PLACE", "30123456789",
-                             "SBIN0001234", "BY CHEQUE OR NEFT", "R K SHARMA", "PARTNER", ""})
+    for (const char *text :
+         {"26412345", "", "", "", "", "9810098100", "office@sharma.example", "www.sharma.example", "AAAFS1234K",
+          "07AAAFS1234K1Z5", "SHARMA & ASSOCIATES", "STATE BANK OF INDIA", "NEHRU PLACE", "30123456789", "SBIN0001234",
+          "BY CHEQUE OR NEFT", "R K SHARMA", "PARTNER", ""})
         m_clerk.enter(QLatin1String(text));
     look("company-edit");
     m_clerk.alt('S');
     look("home");
-    check(stored(QStringLiteral("Select count(*) from GST_FirmMas Where StateNm='DELHI' and GSTIN='07AAAFS1234K1Z5'")) == 1,
+    check(stored(QStringLiteral("Select count(*) from GST_FirmMas Where StateNm='DELHI' and GSTIN='07AAAFS1234K1Z5'"))
+              == 1,
           QStringLiteral("the company is stored"));
 }
 
@@ -187,13 +216,16 @@ void Demo::addOtherClient(const QStringList &fields, const QString &state, const
 void Demo::chooseTemplates()
 {
     m_clerk.alt('T');
-    m_clerk.press(Qt::Key_Return); // the common templates
-    m_clerk.choose(QStringLiteral("S"));                // single copy of bills
+    m_clerk.press(Qt::Key_Return);       // the common templates
+    m_clerk.choose(QStringLiteral("S")); // single copy of bills
     m_clerk.press(Qt::Key_Return);
     m_clerk.choose(QStringLiteral("S")); // and of receipts
     look("template-setup");
     m_clerk.alt('B');
-    check(QFileInfo(joinPath(joinPath(m_office.dataFolder(), QStringLiteral("GST_Templates")), QStringLiteral("Settings.txt"))).size() > 0,
+    check(QFileInfo(joinPath(joinPath(m_office.dataFolder(), QStringLiteral("GST_Templates")),
+                             QStringLiteral("Settings.txt")))
+                  .size()
+              > 0,
           QStringLiteral("the choice of templates is stored"));
 }
 
@@ -228,7 +260,7 @@ void Demo::keyInBill(const DemoBill &bill)
     m_clerk.type(QLatin1String(bill.party)); // the list follows; Enter takes the row
     look("bill-type-ahead");
     m_clerk.press(Qt::Key_Return);
-    m_clerk.press(Qt::Key_Return, Qt::NoModifier, 4);    // series, number, date, place of supply
+    m_clerk.press(Qt::Key_Return, Qt::NoModifier, 4); // series, number, date, place of supply
     if (bill.taxType)
         m_clerk.choose(QString(QLatin1Char(bill.taxType)));
     m_clerk.press(Qt::Key_Return);
@@ -258,6 +290,59 @@ void Demo::savePdf(const DemoBill &bill)
     check(QFileInfo(path).size() > 0, QStringLiteral("the PDF file is there"));
 }
 
+void Demo::modifyBill()
+{
+    m_clerk.alt('M');
+    m_clerk.press(Qt::Key_Return);
+    m_clerk.press(Qt::Key_Tab, Qt::NoModifier, 3);
+    m_clerk.type(QStringLiteral("1600"));
+    m_clerk.alt('U'); // the amount is still being typed
+    check(stored(QStringLiteral("Select sum(TotalAmt) from GST_BillD Where BillId=3")) == 1800,
+          QStringLiteral("the changed bill comes to 1800"));
+}
+
+/// A number in use is refused; a date before that of a lower number is asked about.
+void Demo::outOfOrderBill()
+{
+    const int year = financialYearOf(today());
+    const QString firstDay = QStringLiteral("01/04/%1").arg(year);
+    const QString question =
+        outOfOrderQuestion(QStringLiteral("Bill"), true, QStringLiteral("3"),
+                           formatDate(today(), QStringLiteral("DD/MM/YYYY")), QStringLiteral("4"), firstDay);
+    m_clerk.alt('A');
+    m_clerk.enter(QStringLiteral("KULKARNI"));
+    m_clerk.press(Qt::Key_Return); // series
+    m_clerk.press(Qt::Key_A, Qt::ControlModifier);
+    m_clerk.enter(QStringLiteral("2"));
+    m_clerk.press(Qt::Key_Home);
+    m_clerk.enter(QStringLiteral("0104%1").arg(year));
+    m_clerk.press(Qt::Key_Return, Qt::NoModifier, 2);
+    keyInLine({"Appeal before the tribunal", 5, "A", "40000", ""});
+    m_clerk.expectBox(QStringLiteral("Duplicate Bill No."));
+    m_clerk.alt('U');
+    m_clerk.type(QStringLiteral("4"));
+    const bool earlier = today() > QDate(year, 4, 1); // on the first day itself nothing is out of order
+    if (earlier) {
+        m_clerk.expectBox(question, QMessageBox::No);
+        m_clerk.alt('U');
+        check(stored(QStringLiteral("Select count(*) from GST_BillM")) == m_bills, QStringLiteral("No stores nothing"));
+        m_clerk.expectBox(question, QMessageBox::Yes);
+    }
+    m_clerk.alt('U');
+    look("bill-out-of-order");
+    check(stored(QStringLiteral("Select count(*) from GST_BillM Where BillNo=4")) == 1,
+          QStringLiteral("Yes stores the bill"));
+}
+
+void Demo::deleteBill()
+{
+    m_clerk.expectBox(QStringLiteral("Do you want to Delete the Selected Bill No. 4?"), QMessageBox::Yes);
+    m_clerk.alt('D');
+    check(stored(QStringLiteral("Select count(*) from GST_BillM")) == m_bills, QStringLiteral("the bill is gone"));
+    check(stored(QStringLiteral("Select count(*) from GST_BillD Where BillId>3")) == 0,
+          QStringLiteral("and its lines"));
+}
+
 void Demo::browse()
 {
     m_clerk.alt('V');
@@ -284,7 +369,8 @@ void Demo::refusedBill()
     m_clerk.alt('U');
     m_clerk.expectBox(QStringLiteral("Do you want to Cancel Entry?"), QMessageBox::Yes);
     m_clerk.press(Qt::Key_Escape);
-    check(stored(QStringLiteral("Select count(*) from GST_BillM")) == m_bills, QStringLiteral("the refused bill is not stored"));
+    check(stored(QStringLiteral("Select count(*) from GST_BillM")) == m_bills,
+          QStringLiteral("the refused bill is not stored"));
 }
 
 void Demo::tellFiguresAndFiles()
@@ -307,13 +393,16 @@ QString clearOffice(const QString &folder)
     if (!QFileInfo::exists(folder))
         return {};
     if (!QFileInfo::exists(joinPath(folder, QStringLiteral("server"))))
-        return QStringLiteral("the folder [") + folder + QStringLiteral("] is there and is no office; it is left alone");
+        return QStringLiteral("the folder [") + folder
+               + QStringLiteral("] is there and is no office; it is left alone");
     ServerFolder server(folder);
     if (const QString fault = server.open(); !fault.isEmpty())
         return fault;
     if (server.serverLives())
         return QStringLiteral("the office in [") + folder + QStringLiteral("] is open in another program");
-    return QDir(folder).removeRecursively() ? QString() : QStringLiteral("the folder [") + folder + QStringLiteral("] could not be replaced");
+    return QDir(folder).removeRecursively()
+               ? QString()
+               : QStringLiteral("the folder [") + folder + QStringLiteral("] could not be replaced");
 }
 
 } // namespace

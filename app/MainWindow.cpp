@@ -1,5 +1,6 @@
 #include "MainWindow.h"
 
+#include "ClientEditor.h"
 #include "Office.h"
 #include "controls/WaitBar.h"
 #include <QApplication>
@@ -34,22 +35,38 @@ void MainWindow::makeMenu()
         ->setObjectName(QStringLiteral("actGstBilling"));
     billing->addSeparator();
     billing->addAction(QStringLiteral("&Quit"), QKeySequence(Qt::CTRL | Qt::Key_Q), this, &QWidget::close);
+    // The access letter is one that no screen has on a command.
+    QMenu *clients = menuBar()->addMenu(QStringLiteral("Cl&ients"));
+    clients
+        ->addAction(QStringLiteral("&Clients of the Office"), QKeySequence(Qt::CTRL | Qt::Key_L), this,
+                    &MainWindow::openClients)
+        ->setObjectName(QStringLiteral("actClients"));
     QMenu *window = menuBar()->addMenu(QStringLiteral("&Window"));
     window->addAction(QStringLiteral("&Next Screen"), QKeySequence(Qt::CTRL | Qt::Key_Tab), m_area,
                       &QMdiArea::activateNextSubWindow);
     window->addAction(QStringLiteral("&Tile"), m_area, &QMdiArea::tileSubWindows);
     QMenu *help = menuBar()->addMenu(QStringLiteral("He&lp"));
     help->addAction(QStringLiteral("&About Ledgora"), this, [this] {
-        QMessageBox::about(this, QStringLiteral("Ledgora"),
-                           QStringLiteral("Ledgora %1\nBilling for Indian tax practitioners and small accounting offices.\n"
-                                          "Copyright the Ledgora authors. Licence: GPL, version 3 or later.")
-                               .arg(QStringLiteral(LEDGORA_VERSION)));
+        QMessageBox::about(
+            this, QStringLiteral("Ledgora"),
+            QStringLiteral("Ledgora %1\nBilling for Indian tax practitioners and small accounting offices.\n"
+                           "Copyright the Ledgora authors. Licence: GPL, version 3 or later.")
+                .arg(QStringLiteral(LEDGORA_VERSION)));
     });
 }
 
 void MainWindow::openGst()
 {
     m_billing.gst().OpenBilling();
+}
+
+void MainWindow::openClients()
+{
+    if (!m_billing.isOpen())
+        return;
+    if (!m_clients)
+        m_clients = new ClientEditor;
+    showScreen(*m_clients);
 }
 
 void MainWindow::showScreen(QWidget &screen)
@@ -87,8 +104,9 @@ void MainWindow::tellServer(bool connected)
     if (m_serverAway == !connected)
         return;
     m_serverAway = !connected;
-    statusBar()->showMessage(connected ? QStringLiteral("The database server is back.")
-                                       : QStringLiteral("The database server is away. Ledgora tries again with every key."));
+    statusBar()->showMessage(connected
+                                 ? QStringLiteral("The database server is back.")
+                                 : QStringLiteral("The database server is away. Ledgora tries again with every key."));
 }
 
 void MainWindow::closeEvent(QCloseEvent *event)

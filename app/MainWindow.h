@@ -3,11 +3,13 @@
 #include "Billing.h"
 #include "platform/HostObject.h"
 #include <QMainWindow>
+#include <QPointer>
 
 class QMdiArea;
 
 namespace ledgora::app {
 
+class ClientEditor;
 class Office;
 
 /// The reference host's main window: takes the library's screens as its children and keeps the connection alive
@@ -22,6 +24,8 @@ public:
     ClsGST &gst() { return m_billing.gst(); }
     /// Shows the GST home screen.
     void openGst();
+    /// Shows the clients of the office.
+    void openClients();
 
     void showScreen(QWidget &screen) override;
     void ReloadMenu() override;
@@ -37,6 +41,7 @@ private:
     Office &m_office;
     Billing m_billing;
     QMdiArea *m_area;
+    QPointer<ClientEditor> m_clients;
     bool m_serverAway = false;
 };
 

@@ -6,12 +6,14 @@
 #include "store/SqlText.h"
 #include <QDir>
 #include <QFile>
+#include <algorithm>
 #include <mysql.h>
 
 namespace ledgora::app {
 
 Office::Office(const QString &dataFolder)
-    : m_dataFolder(QDir(dataFolder).absolutePath()), m_server({.dataFolder = m_dataFolder})
+    : m_dataFolder(QDir(dataFolder).absolutePath())
+    , m_server({.dataFolder = m_dataFolder})
 {
 }
 
@@ -83,17 +85,16 @@ bool Office::installTemplates()
         return false;
     }
     const QDir stock(QStringLiteral(":/templates"));
-    for (const QString &name : stock.entryList(QDir::Files)) {
+    return std::ranges::all_of(stock.entryList(QDir::Files), [&](const QString &name) {
         const QString copy = joinPath(folder, name);
         if (QFile::exists(copy))
-            continue;
-        if (!QFile::copy(stock.filePath(name), copy)) {
+            return true;
+        const bool copied = QFile::copy(stock.filePath(name), copy)
+                            && QFile::setPermissions(copy, QFile::ReadOwner | QFile::WriteOwner);
+        if (!copied)
             m_error = QStringLiteral("The template [") + copy + QStringLiteral("] could not be written.");
-            return false;
-        }
-        QFile::setPermissions(copy, QFile::ReadOwner | QFile::WriteOwner);
-    }
-    return true;
+        return copied;
+    });
 }
 
 } // namespace ledgora::app

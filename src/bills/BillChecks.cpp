@@ -7,16 +7,20 @@ namespace ledgora {
 
 namespace {
 
-struct HeadCheck {
+struct HeadCheck
+{
     const char *field;
     QString (*fault)(const BillDraft &bill);
 };
 
 const std::array headChecks{
     HeadCheck{"txtpartynm",
-              [](const BillDraft &b) { return b.code.isEmpty() ? QStringLiteral("Please Select a 'Receiver'.") : QString(); }},
+              [](const BillDraft &b) {
+                  return b.code.isEmpty() ? QStringLiteral("Please Select a 'Receiver'.") : QString();
+              }},
     HeadCheck{"txtbillno", [](const BillDraft &b) { return documentNumberFault(b.number, QStringLiteral("Bill")); }},
-    HeadCheck{"txtbilldt", [](const BillDraft &b) { return documentDateFault(b.date, b.year, QStringLiteral("Bill")); }},
+    HeadCheck{"txtbilldt",
+              [](const BillDraft &b) { return documentDateFault(b.date, b.year, QStringLiteral("Bill")); }},
     HeadCheck{"cboPOS",
               [](const BillDraft &b) {
                   return b.state.isEmpty() ? QStringLiteral("Please specify 'Place of Supply' !") : QString();
@@ -27,7 +31,8 @@ const std::array headChecks{
               }},
 };
 
-struct Line {
+struct Line
+{
     const Cells &cells;
     int row;
     double value(int column) const { return cells.value(row, column); }
@@ -38,7 +43,8 @@ bool isNegative(const Line &line, int column)
     return line.value(column) < 0;
 }
 
-struct LineCheck {
+struct LineCheck
+{
     int column;
     bool (*fails)(const Line &line, int column);
     const char *message;
@@ -84,8 +90,8 @@ std::optional<BillFault> lineFault(const BillDraft &bill)
         }
     }
     if (!anyInUse)
-        return BillFault{QStringLiteral("Please specify atleast one 'Particular'."), QStringLiteral("vsB"), billFixedRows,
-                         ParticularsColumn};
+        return BillFault{QStringLiteral("Please specify atleast one 'Particular'."), QStringLiteral("vsB"),
+                         billFixedRows, ParticularsColumn};
     return std::nullopt;
 }
 

@@ -8,7 +8,8 @@ namespace ledgora {
 
 /// A bill as it travels from the screen to the database. Lines are the text of the grid's cells, hidden tax cells of
 /// the other type included; amounts become numbers where they are stored.
-struct BillDraft {
+struct BillDraft
+{
     int id = 0; ///< 0 for a new bill
     int firmId = 0;
     int year = 0;     ///< starting year of the financial year
@@ -23,7 +24,8 @@ struct BillDraft {
 };
 
 /// The first fault of a bill: what to say and where to point. A line's fault names its cell.
-struct BillFault {
+struct BillFault
+{
     QString message;
     QString field; ///< object name of the field or grid that gets the focus
     int row = -1;

@@ -2,13 +2,15 @@
 
 #include "store/Dates.h"
 #include "store/NumberFormat.h"
+#include <algorithm>
 #include <array>
 
 namespace ledgora {
 
 namespace {
 
-constexpr std::array totalledColumns{AmountColumn, DiscountColumn, NetColumn, CgstColumn, SgstColumn, IgstColumn, TotalColumn};
+constexpr std::array totalledColumns{AmountColumn, DiscountColumn, NetColumn,  CgstColumn,
+                                     SgstColumn,   IgstColumn,     TotalColumn};
 constexpr std::array taxAmountColumns{CgstColumn, SgstColumn, IgstColumn};
 
 QString rupees(double amount)
@@ -27,6 +29,14 @@ bool isChecked(const Cells &lines, int row)
     return lines.text(row, EditTaxColumn) == QLatin1String("Y");
 }
 
+/// The tax that counts towards the line's total; that of the other type sits in hidden cells.
+double taxOfType(const Cells &lines, int row, std::optional<TaxType> type)
+{
+    if (type == TaxType::Intra)
+        return lines.value(row, CgstColumn) + lines.value(row, SgstColumn);
+    return type == TaxType::Inter ? lines.value(row, IgstColumn) : 0;
+}
+
 void recomputeLine(Cells &lines, int row, std::optional<TaxType> type)
 {
     const auto value = [&](int column) { return lines.value(row, column); };
@@ -35,9 +45,7 @@ void recomputeLine(Cells &lines, int row, std::optional<TaxType> type)
         for (const int column : taxAmountColumns)
             lines.setText(row, column, rupees(lineTax(value(NetColumn), value(column - 1))));
     }
-    const double tax = type == TaxType::Intra   ? value(CgstColumn) + value(SgstColumn)
-                       : type == TaxType::Inter ? value(IgstColumn)
-                                                : 0;
+    const double tax = taxOfType(lines, row, type);
     lines.setText(row, TotalColumn, rupeesFromZero(value(NetColumn) + tax));
     if (value(AmountColumn) != 0 || value(DiscountColumn) != 0)
         return;
@@ -58,14 +66,16 @@ void fillIfEmpty(Cells &lines, int row, int column, const QString &rate)
 Cells emptyBillLines()
 {
     Cells lines(BillColumnCount, billFixedRows);
-    lines.setRow(0, {QStringLiteral("Sr. No."), QStringLiteral("Particulars"), QStringLiteral("SAC"), QStringLiteral("Period"),
-                     QStringLiteral("Period"), QStringLiteral("Amount"), QStringLiteral("Discount"), QStringLiteral("Net Amount"),
-                     QStringLiteral("Edit Tax"), QStringLiteral("CGST"), QStringLiteral("CGST"), QStringLiteral("SGST"),
-                     QStringLiteral("SGST"), QStringLiteral("IGST"), QStringLiteral("IGST"), QStringLiteral("Total Amount")});
-    lines.setRow(1, {QStringLiteral("Sr. No."), QStringLiteral("Particulars"), QStringLiteral("SAC"), QStringLiteral("FY/AY"),
-                     QStringLiteral("Year"), QStringLiteral("Amount"), QStringLiteral("Discount"), QStringLiteral("Net Amount"),
-                     QStringLiteral("Edit Tax"), QStringLiteral("%"), QStringLiteral("Amount"), QStringLiteral("%"),
-                     QStringLiteral("Amount"), QStringLiteral("%"), QStringLiteral("Amount"), QStringLiteral("Total Amount")});
+    lines.setRow(0, {QStringLiteral("Sr. No."), QStringLiteral("Particulars"), QStringLiteral("SAC"),
+                     QStringLiteral("Period"), QStringLiteral("Period"), QStringLiteral("Amount"),
+                     QStringLiteral("Discount"), QStringLiteral("Net Amount"), QStringLiteral("Edit Tax"),
+                     QStringLiteral("CGST"), QStringLiteral("CGST"), QStringLiteral("SGST"), QStringLiteral("SGST"),
+                     QStringLiteral("IGST"), QStringLiteral("IGST"), QStringLiteral("Total Amount")});
+    lines.setRow(1, {QStringLiteral("Sr. No."), QStringLiteral("Particulars"), QStringLiteral("SAC"),
+                     QStringLiteral("FY/AY"), QStringLiteral("Year"), QStringLiteral("Amount"),
+                     QStringLiteral("Discount"), QStringLiteral("Net Amount"), QStringLiteral("Edit Tax"),
+                     QStringLiteral("%"), QStringLiteral("Amount"), QStringLiteral("%"), QStringLiteral("Amount"),
+                     QStringLiteral("%"), QStringLiteral("Amount"), QStringLiteral("Total Amount")});
     lines.setText(billTotalRow, ParticularsColumn, QStringLiteral("Total"));
     return lines;
 }
@@ -139,7 +149,8 @@ std::optional<QString> normaliseBillCell(Cells &lines, int row, int column)
         text.clear();
     }
     const bool isRate = column == CgstRateColumn || column == SgstRateColumn || column == IgstRateColumn;
-    const QString rounded = isRate ? plainNumber(Val(formatNumber(Val(text), QStringLiteral("###0.0000")))) : rupees(Val(text));
+    const QString rounded =
+        isRate ? plainNumber(Val(formatNumber(Val(text), QStringLiteral("###0.0000")))) : rupees(Val(text));
     lines.setText(row, column, Val(rounded) > 0 ? rounded : QString());
     return message;
 }
@@ -159,7 +170,8 @@ bool isBillCellEditable(const Cells &lines, int row, int column)
     case TotalColumn:
         return false;
     case YearColumn:
-        return lines.text(row, PeriodColumn) == QLatin1String("FY") || lines.text(row, PeriodColumn) == QLatin1String("AY");
+        return lines.text(row, PeriodColumn) == QLatin1String("FY")
+               || lines.text(row, PeriodColumn) == QLatin1String("AY");
     case CgstColumn:
     case SgstColumn:
     case IgstColumn:
@@ -197,15 +209,10 @@ EnterTarget billEnterTarget(const Cells &lines, int row, int column, std::option
 
 bool isBillLineInUse(const Cells &lines, int row)
 {
-    for (const int column : {ParticularsColumn, SacColumn, PeriodColumn}) {
-        if (!lines.text(row, column).trimmed().isEmpty())
-            return true;
-    }
-    for (const int column : {AmountColumn, DiscountColumn, CgstColumn, SgstColumn, IgstColumn}) {
-        if (lines.value(row, column) != 0)
-            return true;
-    }
-    return false;
+    constexpr std::array texts{ParticularsColumn, SacColumn, PeriodColumn};
+    constexpr std::array amounts{AmountColumn, DiscountColumn, CgstColumn, SgstColumn, IgstColumn};
+    return std::ranges::any_of(texts, [&](int column) { return !lines.text(row, column).trimmed().isEmpty(); })
+           || std::ranges::any_of(amounts, [&](int column) { return lines.value(row, column) != 0; });
 }
 
 const std::vector<Pick> &sacPicks()

@@ -29,10 +29,10 @@ enum BillColumn {
     BillColumnCount
 };
 
-inline constexpr int billFixedRows = 3;           ///< two heading rows and the total row
+inline constexpr int billFixedRows = 3; ///< two heading rows and the total row
 inline constexpr int billTotalRow = 2;
-inline constexpr int billLastRow = 12;            ///< ten lines, numbered 1 to 10
-inline constexpr int wholeRupeeDigits = 12;       ///< an amount takes no more digits
+inline constexpr int billLastRow = 12;      ///< ten lines, numbered 1 to 10
+inline constexpr int wholeRupeeDigits = 12; ///< an amount takes no more digits
 
 /// The grid with its two-line heading and total row, without lines.
 Cells emptyBillLines();
@@ -61,7 +61,8 @@ bool isBillCellEditable(const Cells &lines, int row, int column);
 bool isBillCellEditedOnEntry(const Cells &lines, int row, int column);
 
 /// Where Enter leads from a cell.
-struct EnterTarget {
+struct EnterTarget
+{
     bool toNarration = false;
     int row = -1; ///< with `column`: the cell; -1 stays where it is
     int column = -1;

@@ -54,10 +54,9 @@ QString insertHeader(const BillDraft &bill, int id)
 
 QString updateHeader(const BillDraft &bill)
 {
-    return "UPDATE GST_BillM SET Code_No=" + quoted(bill.code) + ",BillSerId=" + number(bill.seriesId)
-           + ",BillNo=" + numberText(bill) + ",BillDt=" + storedDate(bill) + ",PlaceOfServ=" + quoted(bill.state)
-           + ",AppTaxType=" + quoted(taxWord(bill)) + ",Narr=" + quoted(bill.narration)
-           + " WHERE BillSrNo=" + number(bill.id);
+    return "UPDATE GST_BillM SET Code_No=" + quoted(bill.code) + ",BillSerId=" + number(bill.seriesId) + ",BillNo="
+           + numberText(bill) + ",BillDt=" + storedDate(bill) + ",PlaceOfServ=" + quoted(bill.state) + ",AppTaxType="
+           + quoted(taxWord(bill)) + ",Narr=" + quoted(bill.narration) + " WHERE BillSrNo=" + number(bill.id);
 }
 
 /// Tax of the type that is not chosen is never stored, even though it sits in the line's hidden cells.
@@ -68,11 +67,11 @@ QString insertLine(const BillDraft &bill, int row, int id, int serial)
     const auto amountFor = [&](TaxType type, int column) { return bill.taxType == type ? amount(column) : number(0); };
     const QString period = lines.text(row, PeriodColumn).trimmed();
     return "Insert Into GST_BillD Values (" + number(id) + ',' + number(serial) + ','
-           + quoted(lines.text(row, ParticularsColumn).trimmed()) + ',' + quoted(lines.text(row, SacColumn).trimmed()) + ','
-           + quoted(period) + ',' + (period.isEmpty() ? number(0) : amount(YearColumn)) + ',' + amount(AmountColumn) + ','
-           + amount(DiscountColumn) + ',' + amount(NetColumn) + ','
-           + quoted(lines.text(row, EditTaxColumn) == QLatin1String("Y") ? QStringLiteral("Y") : QStringLiteral("N")) + ','
-           + amountFor(TaxType::Intra, CgstRateColumn) + ',' + amountFor(TaxType::Intra, CgstColumn) + ','
+           + quoted(lines.text(row, ParticularsColumn).trimmed()) + ',' + quoted(lines.text(row, SacColumn).trimmed())
+           + ',' + quoted(period) + ',' + (period.isEmpty() ? number(0) : amount(YearColumn)) + ','
+           + amount(AmountColumn) + ',' + amount(DiscountColumn) + ',' + amount(NetColumn) + ','
+           + quoted(lines.text(row, EditTaxColumn) == QLatin1String("Y") ? QStringLiteral("Y") : QStringLiteral("N"))
+           + ',' + amountFor(TaxType::Intra, CgstRateColumn) + ',' + amountFor(TaxType::Intra, CgstColumn) + ','
            + amountFor(TaxType::Intra, SgstRateColumn) + ',' + amountFor(TaxType::Intra, SgstColumn) + ','
            + amountFor(TaxType::Inter, IgstRateColumn) + ',' + amountFor(TaxType::Inter, IgstColumn) + ','
            + amount(TotalColumn) + ')';
@@ -132,14 +131,14 @@ std::optional<BillFault> storedFault(Connection &db, const BillDraft &bill)
 
 std::optional<Neighbour> lowerWithLaterDate(Connection &db, const BillDraft &bill)
 {
-    return firstNeighbour(db.Open(sameSeries(bill) + " and (BillNo<" + numberText(bill) + " and BillDt>" + storedDate(bill)
-                                  + ')' + exceptItself(bill) + " Order by BillNo DESC,BillSrNo"));
+    return firstNeighbour(db.Open(sameSeries(bill) + " and (BillNo<" + numberText(bill) + " and BillDt>"
+                                  + storedDate(bill) + ')' + exceptItself(bill) + " Order by BillNo DESC,BillSrNo"));
 }
 
 std::optional<Neighbour> higherWithEarlierDate(Connection &db, const BillDraft &bill)
 {
-    return firstNeighbour(db.Open(sameSeries(bill) + " and (BillNo>" + numberText(bill) + " and BillDt<" + storedDate(bill)
-                                  + ')' + exceptItself(bill) + " Order by BillNo ASC,BillSrNo"));
+    return firstNeighbour(db.Open(sameSeries(bill) + " and (BillNo>" + numberText(bill) + " and BillDt<"
+                                  + storedDate(bill) + ')' + exceptItself(bill) + " Order by BillNo ASC,BillSrNo"));
 }
 
 SaveResult saveBill(Connection &db, const BillDraft &bill)
@@ -179,7 +178,9 @@ void readBillLines(Connection &db, int billId, TaxType type, Cells &lines)
     Recordset stored = db.Open("Select * from GST_BillD Where BillId=" + number(billId) + " order by SrNo");
     while (stored.next()) {
         const int row = lines.addRow();
-        const auto put = [&](int column, const char *name) { lines.setText(row, column, stored.text(QLatin1String(name))); };
+        const auto put = [&](int column, const char *name) {
+            lines.setText(row, column, stored.text(QLatin1String(name)));
+        };
         const auto putAmount = [&](int column, const char *name) {
             lines.setText(row, column, plainNumber(stored.number(QLatin1String(name))));
         };
@@ -193,7 +194,8 @@ void readBillLines(Connection &db, int billId, TaxType type, Cells &lines)
         putAmount(DiscountColumn, "DiscAmt");
         putAmount(NetColumn, "TaxServAmt");
         lines.setText(row, EditTaxColumn,
-                      stored.text(QStringLiteral("FlagEdit")) == QLatin1String("Y") ? QStringLiteral("Y") : QStringLiteral("N"));
+                      stored.text(QStringLiteral("FlagEdit")) == QLatin1String("Y") ? QStringLiteral("Y")
+                                                                                    : QStringLiteral("N"));
         if (type == TaxType::Intra) {
             putAmount(CgstRateColumn, "RtCGST");
             putAmount(CgstColumn, "CGST");
@@ -226,8 +228,8 @@ QStringList earlierParticulars(Connection &db)
 
 QStringList earlierNarrations(Connection &db)
 {
-    return firstColumn(
-        db.Open(QStringLiteral("Select distinct Narr from GST_BillM WHERE Narr<>'' AND Narr IS NOT NULL Order by Narr")));
+    return firstColumn(db.Open(
+        QStringLiteral("Select distinct Narr from GST_BillM WHERE Narr<>'' AND Narr IS NOT NULL Order by Narr")));
 }
 
 } // namespace ledgora

@@ -12,7 +12,8 @@ class Connection;
 std::optional<BillFault> storedFault(Connection &db, const BillDraft &bill);
 
 /// A bill of the same company, year and series whose number and date are out of order with the one being saved.
-struct Neighbour {
+struct Neighbour
+{
     QString number;
     QString date; ///< DD/MM/YYYY
 };
@@ -21,7 +22,8 @@ std::optional<Neighbour> lowerWithLaterDate(Connection &db, const BillDraft &bil
 std::optional<Neighbour> higherWithEarlierDate(Connection &db, const BillDraft &bill);
 
 /// What came of a save. A bill is not written as one unit: `notIn` names, for the user, what did not go in.
-struct SaveResult {
+struct SaveResult
+{
     int id = 0;            ///< 0 when no id could be allotted: nothing was written
     bool headerIn = false; ///< from here on the bill exists under `id`
     QStringList notIn;

@@ -97,8 +97,9 @@ QString proposedDate(int year, QDate day)
 QString outOfOrderQuestion(const QString &noun, bool lower, const QString &foundNumber, const QString &foundDate,
                            const QString &number, const QString &date)
 {
-    return QStringLiteral("Invalid Entry. %1 No. %2 (Which is %3 than %4) Dated %5 (Which is %6 than %7) already exists. "
-                          "Do you want to Save anyway?")
+    return QStringLiteral(
+               "Invalid Entry. %1 No. %2 (Which is %3 than %4) Dated %5 (Which is %6 than %7) already exists. "
+               "Do you want to Save anyway?")
         .arg(noun, foundNumber, lower ? QStringLiteral("lesser") : QStringLiteral("greater"), number, foundDate,
              lower ? QStringLiteral("greater") : QStringLiteral("lesser"), date);
 }

@@ -30,12 +30,17 @@ void frmBillGST::FORM_LOAD()
     const ErrorSite site("frmBillGST", "FORM_LOAD");
     gHostObj->Resize_For_Resolution(*this);
     setWindowTitle(QStringLiteral("GST Billing - ") + gFirmName);
-    setUpDocument({ui->cbofyr, ui->cbosr, ui->txtbillno, ui->txtbilldt, ui->txtpartynm, ui->txtpartyPAN, ui->txtpartygstin,
-                   ui->txtpartyadd, ui->txtNarr, ui->famedit, ui->chkClientWise, ui->lblKeys, ui->lblStatus, ui->cmdnext,
-                   ui->cmdprev, ui->cmdshlist, ui->cmdAdd, ui->cmdmodify, ui->cmddelete, ui->cmdupdate, ui->cmdCancel,
-                   ui->cmdPreview, ui->cmdback},
-                  {.noun = QStringLiteral("Bill"), .seriesKind = QStringLiteral("B"), .columns = billListColumns,
-                   .seriesColumn = ListBillSerId, .narrationColumn = ListNarration, .listName = QStringLiteral("vsListB"),
+    setUpDocument({ui->cbofyr,        ui->cbosr,         ui->txtbillno,   ui->txtbilldt, ui->txtpartynm,
+                   ui->txtpartyPAN,   ui->txtpartygstin, ui->txtpartyadd, ui->txtNarr,   ui->famedit,
+                   ui->chkClientWise, ui->lblKeys,       ui->lblStatus,   ui->cmdnext,   ui->cmdprev,
+                   ui->cmdshlist,     ui->cmdAdd,        ui->cmdmodify,   ui->cmddelete, ui->cmdupdate,
+                   ui->cmdCancel,     ui->cmdPreview,    ui->cmdback},
+                  {.noun = QStringLiteral("Bill"),
+                   .seriesKind = QStringLiteral("B"),
+                   .columns = billListColumns,
+                   .seriesColumn = ListBillSerId,
+                   .narrationColumn = ListNarration,
+                   .listName = QStringLiteral("vsListB"),
                    .emptyList = emptyBillList()});
     LOADSTATELISTGST(*ui->cboPOS);
     ui->cboTaxType->addItems({QStringLiteral("Intra-State (CGST/SGST)"), QStringLiteral("Inter-State (IGST)"),
@@ -43,7 +48,8 @@ void frmBillGST::FORM_LOAD()
     setUpLines();
     connectLines();
     Grid *list = documentList();
-    for (const int hidden : {ListBillSrNo, ListPartyCode, ListBillSerId, ListGstin, ListPlace, ListTaxType, ListNarration})
+    for (const int hidden :
+         {ListBillSrNo, ListPartyCode, ListBillSerId, ListGstin, ListPlace, ListTaxType, ListNarration})
         list->setColumnHidden(hidden, true);
     list->column(ListBillAmount).rightAligned = true;
     list->setWidths({0, 0, 0, 0.14, 0.16, 0, 0, 0, 0, 0, 0.2}, ListReceiverName);
@@ -54,8 +60,8 @@ void frmBillGST::setUpLines()
 {
     Grid *lines = ui->vsB;
     lines->setMergedHeadingRows(2);
-    for (const int amount : {SrNoColumn, AmountColumn, DiscountColumn, NetColumn, CgstRateColumn, CgstColumn, SgstRateColumn, SgstColumn,
-                             IgstRateColumn, IgstColumn, TotalColumn}) {
+    for (const int amount : {SrNoColumn, AmountColumn, DiscountColumn, NetColumn, CgstRateColumn, CgstColumn,
+                             SgstRateColumn, SgstColumn, IgstRateColumn, IgstColumn, TotalColumn}) {
         lines->column(amount).rightAligned = true;
         lines->column(amount).maxLength = wholeRupeeDigits;
     }
@@ -64,8 +70,9 @@ void frmBillGST::setUpLines()
     lines->column(EditTaxColumn).check = true;
     lines->column(SacColumn).picks = sacPicks();
     lines->column(PeriodColumn).picks = periodPicks();
-    lines->setWidths({0.044, 0, 0.054, 0.048, 0.072, 0.078, 0.066, 0.078, 0.04, 0.04, 0.074, 0.04, 0.074, 0.04, 0.074, 0.078},
-                     ParticularsColumn);
+    lines->setWidths(
+        {0.044, 0, 0.054, 0.048, 0.072, 0.078, 0.066, 0.078, 0.04, 0.04, 0.074, 0.04, 0.074, 0.04, 0.074, 0.078},
+        ParticularsColumn);
     lines->setEditRules(
         [this](int row, int column) { return isEditing() && isBillCellEditable(ui->vsB->cells(), row, column); },
         [this](int row, int column) { return isEditing() && isBillCellEditedOnEntry(ui->vsB->cells(), row, column); });
@@ -94,10 +101,8 @@ void frmBillGST::LOADBILLGRID(int id)
 {
     const ErrorSite site("frmBillGST", "LOADBILLGRID");
     const int remembered = documentList()->row();
-    partyList()->change([&](Cells &parties) {
-        documentList()->change([&](Cells &bills) {
-            loadBillList(*gCnn, bills, parties, gFirmId, year(), id, ui->chkClientWise->isChecked());
-        });
+    documentList()->change([&](Cells &bills) {
+        loadBillList(*gCnn, bills, partyList()->cells(), gFirmId, year(), id, ui->chkClientWise->isChecked());
     });
     selectAfterRefresh(id, remembered);
 }
@@ -132,7 +137,8 @@ bool frmBillGST::agreesToOutOfOrder(const BillDraft &draft)
 {
     const auto agrees = [&](const std::optional<Neighbour> &found, bool lower) {
         return !found
-               || ask(outOfOrderQuestion(QStringLiteral("Bill"), lower, found->number, found->date, draft.number, draft.date),
+               || ask(outOfOrderQuestion(QStringLiteral("Bill"), lower, found->number, found->date, draft.number,
+                                         draft.date),
                       QMessageBox::No);
     };
     return agrees(lowerWithLaterDate(*gCnn, draft), true) && agrees(higherWithEarlierDate(*gCnn, draft), false);
@@ -157,6 +163,8 @@ void frmBillGST::pointAt(const BillFault &fault)
 {
     auto *target = findChild<QWidget *>(fault.field);
     inform(fault.message, target);
+    if (auto *line = qobject_cast<QLineEdit *>(target))
+        line->selectAll();
     if (fault.row >= 0)
         ui->vsB->setCursor(fault.row, fault.column);
 }
@@ -298,7 +306,7 @@ void frmBillGST::VSB_AFTEREDIT(int row, int column)
     if (changesBillTotals(column))
         recomputeTotals();
     if (message)
-        QMetaObject::invokeMethod(this, [this, text = *message] { run([&] { inform(text); }); }, Qt::QueuedConnection);
+        post(*message);
 }
 
 void frmBillGST::VSB_KEYPRESS_ENTER(int row, int column)
@@ -318,7 +326,8 @@ void frmBillGST::GETLISTP()
     if (m_particulars->count() == 0)
         m_particulars->addItems(earlierParticulars(*gCnn));
     const QModelIndex cell = ui->vsB->currentIndex();
-    showTexts(m_particulars, {}, ui->vsB->cells().text(cell.row(), cell.column()), ui->vsB->viewport(), ui->vsB->visualRect(cell));
+    showTexts(m_particulars, {}, ui->vsB->cells().text(cell.row(), cell.column()), ui->vsB->viewport(),
+              ui->vsB->visualRect(cell));
 }
 
 bool frmBillGST::closeOwnPopup()

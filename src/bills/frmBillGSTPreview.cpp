@@ -49,7 +49,7 @@ BillDocumentLine documentLine(const Cells &lines, int row, const QString &yearSh
 BillDocument::Totals totalsOf(const Cells &lines)
 {
     const auto total = [&](int column) { return lines.value(billTotalRow, column); };
-    return {total(AmountColumn), total(DiscountColumn), total(NetColumn), total(CgstColumn),
+    return {total(AmountColumn), total(DiscountColumn), total(NetColumn),  total(CgstColumn),
             total(SgstColumn),   total(IgstColumn),     total(TotalColumn)};
 }
 
@@ -68,7 +68,8 @@ BillDocument frmBillGST::documentFromScreen() const
     bill.partyAddress = ui->txtpartyadd->text();
     bill.placeOfSupply = ui->cboPOS->currentText();
     bill.billDate = ui->txtbilldt->text();
-    bill.billNumber = seriesId() > 0 ? COMBNOSERIESGST(*gCnn, seriesId(), ui->txtbillno->text()) : ui->txtbillno->text();
+    bill.billNumber =
+        seriesId() > 0 ? COMBNOSERIESGST(*gCnn, seriesId(), ui->txtbillno->text()) : ui->txtbillno->text();
     bill.narration = ui->txtNarr->text();
     const Cells &lines = ui->vsB->cells();
     for (int row = billFixedRows; row < lines.rows(); ++row) {
@@ -91,7 +92,8 @@ void frmBillGST::CMDPREVIEW_CLICK()
         return inform(QStringLiteral("Missing Template File [") + path + u']');
     const auto placeholders = billPlaceholders(bill);
     if (!placeholders)
-        return WriteErrLog(6, QStringLiteral("A bill document has ten lines at the most"), QStringLiteral("frmBillGST"));
+        return WriteErrLog(6, QStringLiteral("A bill document has ten lines at the most"),
+                           QStringLiteral("frmBillGST"));
     gReporter->newreportnew(path);
     for (const Placeholder &placeholder : *placeholders)
         gReporter->SetText(placeholder.name, placeholder.value);

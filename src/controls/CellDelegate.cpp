@@ -101,9 +101,11 @@ void CellDelegate::setEditorData(QWidget *editor, const QModelIndex &index) cons
 
 void CellDelegate::setModelData(QWidget *editor, QAbstractItemModel *model, const QModelIndex &index) const
 {
-    const auto *box = qobject_cast<QComboBox *>(editor);
-    const auto *line = qobject_cast<QLineEdit *>(editor);
-    const QString text = box ? box->currentData().toString() : line ? line->text() : QString();
+    QString text;
+    if (const auto *box = qobject_cast<QComboBox *>(editor))
+        text = box->currentData().toString();
+    else if (const auto *line = qobject_cast<QLineEdit *>(editor))
+        text = line->text();
     if (text != index.data(Qt::EditRole).toString())
         model->setData(index, text);
 }

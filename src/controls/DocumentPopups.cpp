@@ -121,7 +121,8 @@ void DocumentScreen::placePopup(QWidget *popup, QWidget *under, QSize size)
     m_fields.editPanel->layout()->activate(); // fields that have just opened may still be moving
     const int rowHeight = popup->fontMetrics().height() + 8;
     const QPoint below = under->mapTo(this, QPoint(0, under->height() + 1));
-    const int height = std::min(size.height() > 0 ? size.height() : (popupRows + 1) * rowHeight, this->height() - below.y() - 4);
+    const int height =
+        std::min(size.height() > 0 ? size.height() : (popupRows + 1) * rowHeight, this->height() - below.y() - 4);
     const int width = std::clamp(size.width(), 320, this->width() - 8);
     popup->setGeometry(std::min(below.x(), this->width() - width - 4), below.y(), width, height);
 }
@@ -169,8 +170,10 @@ void DocumentScreen::showTexts(QListWidget *popup, const QStringList &texts, con
     const int rowHeight = popup->fontMetrics().height() + 6;
     const QSize size(std::max(360, at.width()), std::clamp(popup->count() + 1, 4, popupRows) * rowHeight);
     const QPoint corner = under->mapTo(this, at.bottomLeft());
-    const int top = corner.y() + size.height() <= height() ? corner.y() : under->mapTo(this, at.topLeft()).y() - size.height();
-    popup->setGeometry(std::clamp(corner.x(), 0, std::max(0, width() - size.width())), std::max(0, top), size.width(), size.height());
+    const int top =
+        corner.y() + size.height() <= height() ? corner.y() : under->mapTo(this, at.topLeft()).y() - size.height();
+    popup->setGeometry(std::clamp(corner.x(), 0, std::max(0, width() - size.width())), std::max(0, top), size.width(),
+                       size.height());
     popup->show();
     popup->raise();
     popup->setFocus();

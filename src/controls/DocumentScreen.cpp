@@ -12,6 +12,7 @@
 #include "store/ErrorLog.h"
 #include "store/StateList.h"
 #include <QCheckBox>
+#include <QCloseEvent>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QListWidget>
@@ -99,11 +100,11 @@ void DocumentScreen::connectFields()
 
     on(m_list, &Grid::rowActivated, [this](int) {
         showCurrent();
-        hideDocumentList(m_fields.showList);
+        leaveDocumentList();
     });
     field(m_list).lostFocus = [this] {
         if (m_list->isVisible() && !m_fields.showList->hasFocus())
-            hideDocumentList(nullptr);
+            hideDocumentList();
     };
 }
 
@@ -146,9 +147,9 @@ void DocumentScreen::fillSeries()
 
 void DocumentScreen::SETBUTTONS(bool browse)
 {
-    const std::initializer_list<QWidget *> browsing{m_fields.year,       m_fields.add,      m_fields.modify, m_fields.remove,
-                                                    m_fields.showList,   m_fields.clientWise, m_fields.previous,
-                                                    m_fields.next,       m_fields.preview,  m_fields.back};
+    const std::initializer_list<QWidget *> browsing{
+        m_fields.year,       m_fields.add,      m_fields.modify, m_fields.remove,  m_fields.showList,
+        m_fields.clientWise, m_fields.previous, m_fields.next,   m_fields.preview, m_fields.back};
     for (QWidget *widget : browsing)
         widget->setEnabled(browse);
     for (QWidget *widget : std::initializer_list<QWidget *>{m_fields.editPanel, m_fields.update, m_fields.cancel})
@@ -158,7 +159,7 @@ void DocumentScreen::SETBUTTONS(bool browse)
 }
 
 /// While browsing the panel reads as a document: full ink, no boxes.
-void DocumentScreen::setReadable(bool browse)
+void DocumentScreen::setReadable(bool browse) const
 {
     QPalette palette = m_fields.editPanel->palette();
     for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText})
@@ -224,7 +225,7 @@ void DocumentScreen::CMDCANCEL_CLICK()
 void DocumentScreen::CMDSHLIST_CLICK()
 {
     if (m_fields.showList->text() != QLatin1String(showListCaption)) {
-        hideDocumentList(nullptr);
+        hideDocumentList();
         return;
     }
     m_list->setRow(m_list->cells().find(m_fields.number->hiddenValue(), m_kind.columns.id));
@@ -236,13 +237,17 @@ void DocumentScreen::CMDSHLIST_CLICK()
 }
 
 /// The cursor goes back to the document on show, and the list away.
-void DocumentScreen::hideDocumentList(QWidget *focusTarget)
+void DocumentScreen::hideDocumentList()
 {
     m_list->setRow(m_list->cells().find(m_fields.number->hiddenValue(), m_kind.columns.id));
-    if (focusTarget)
-        focusTarget->setFocus();
     m_list->hide();
     m_fields.showList->setText(QLatin1String(showListCaption));
+}
+
+void DocumentScreen::leaveDocumentList()
+{
+    m_fields.showList->setFocus();
+    hideDocumentList();
 }
 
 void DocumentScreen::moveTo(int delta)
@@ -282,8 +287,9 @@ void DocumentScreen::showCurrent()
     clearPanel();
     const Cells &list = m_list->cells();
     const int row = m_list->row();
-    say(list.hasData() ? QString()
-                       : QStringLiteral("There is no %1 in this year yet. Press Alt+A to add one.").arg(m_kind.noun.toLower()));
+    say(list.hasData()
+            ? QString()
+            : QStringLiteral("There is no %1 in this year yet. Press Alt+A to add one.").arg(m_kind.noun.toLower()));
     m_fields.previous->setEnabled(!isEditing() && list.isData(row - 1));
     m_fields.next->setEnabled(!isEditing() && hasCurrent() && list.isData(row + 1));
     if (!hasCurrent())
@@ -347,7 +353,7 @@ bool DocumentScreen::isEditing() const
     return m_fields.editPanel->isEnabled();
 }
 
-void DocumentScreen::say(const QString &status)
+void DocumentScreen::say(const QString &status) const
 {
     m_fields.status->setText(status);
 }
@@ -364,13 +370,22 @@ void DocumentScreen::escapePressed()
         return m_parties->hide();
     }
     if (m_list->isVisible())
-        return hideDocumentList(m_fields.showList);
+        return leaveDocumentList();
     if (!isEditing()) {
         close();
         return;
     }
     if (ask(QStringLiteral("Do you want to Cancel Entry?"), QMessageBox::No))
         CMDCANCEL_CLICK();
+}
+
+/// A window can be closed in the middle of an entry, by its frame or with the whole program.
+void DocumentScreen::closeEvent(QCloseEvent *event)
+{
+    if (isEditing() && !ask(QStringLiteral("Do you want to Cancel Entry?"), QMessageBox::No))
+        event->ignore();
+    else
+        Screen::closeEvent(event);
 }
 
 void DocumentScreen::resizeEvent(QResizeEvent *event)

@@ -18,7 +18,8 @@ class Grid;
 class LineField;
 
 /// The fields that every entry screen has, made by its .ui file.
-struct DocumentFields {
+struct DocumentFields
+{
     ChoiceBox *year, *series;
     LineField *number;
     DateField *date;
@@ -41,7 +42,8 @@ public:
 
 protected:
     /// What a kind of document calls its things.
-    struct Kind {
+    struct Kind
+    {
         QString noun;       ///< "Bill"
         QString seriesKind; ///< `BR` of its series: "B"
         DocumentListColumns columns;
@@ -57,19 +59,19 @@ protected:
     void openYears();
 
     // What differs by kind.
-    virtual void loadList(int id) = 0;           ///< rebuilds the list (0), or refreshes one document; selects a row
-    virtual void clearPanel() = 0;               ///< the fields that are not common
-    virtual void showPanel(int listRow) = 0;     ///< the same, from a row of the list
-    virtual void yearChanged(int) {}             ///< what else depends on the year
-    virtual void beginAdd() = 0;                 ///< the rest of Add, focus included
-    virtual void beginModify() = 0;              ///< the rest of Modify
-    virtual int highestNumber() = 0;             ///< of company and year, over all series
-    virtual bool removeStored(int id) = 0;       ///< deletes the document; False when it was refused
-    virtual void partyLeft() {}                  ///< the party field was left
+    virtual void loadList(int id) = 0;       ///< rebuilds the list (0), or refreshes one document; selects a row
+    virtual void clearPanel() = 0;           ///< the fields that are not common
+    virtual void showPanel(int listRow) = 0; ///< the same, from a row of the list
+    virtual void yearChanged(int) {}         ///< what else depends on the year
+    virtual void beginAdd() = 0;             ///< the rest of Add, focus included
+    virtual void beginModify() = 0;          ///< the rest of Modify
+    virtual int highestNumber() = 0;         ///< of company and year, over all series
+    virtual bool removeStored(int id) = 0;   ///< deletes the document; False when it was refused
+    virtual void partyLeft() {}              ///< the party field was left
     virtual QStringList narrationsUsed() = 0;
     virtual void updatePressed() = 0;
     virtual void previewPressed() = 0;
-    virtual void placeList() = 0;                ///< where the list lies
+    virtual void placeList() = 0;                  ///< where the list lies
     virtual bool closeOwnPopup() { return false; } ///< Esc: True when a pop-up of the kind's own was closed
 
     void SETBUTTONS(bool browse);
@@ -90,9 +92,9 @@ protected:
     bool checkNumber();
     bool checkDate();
 
-    int year() const;            ///< starting year of the chosen financial year
-    int seriesId() const;        ///< 0 for "(None)"
-    int currentId() const;       ///< id of the selected row of the list, 0 for none
+    int year() const;      ///< starting year of the chosen financial year
+    int seriesId() const;  ///< 0 for "(None)"
+    int currentId() const; ///< id of the selected row of the list, 0 for none
     bool hasCurrent() const;
     bool isEditing() const;
     bool isAdding() const { return m_isAdding; }
@@ -104,7 +106,7 @@ protected:
     Grid *partyList() const { return m_parties; }
     const DocumentFields &fields() const { return m_fields; }
     void selectAfterRefresh(int id, int rememberedRow);
-    void say(const QString &status);
+    void say(const QString &status) const;
 
     /// Puts a pop-up under a field, inside the screen, on top, without covering the field.
     void placePopup(QWidget *popup, QWidget *under, QSize size);
@@ -115,6 +117,7 @@ protected:
 
     void escapePressed() override;
     void resizeEvent(QResizeEvent *event) override;
+    void closeEvent(QCloseEvent *event) override;
 
 private:
     void connectCommands();
@@ -122,14 +125,15 @@ private:
     void connectParty();
     void fillSeries();
     void moveTo(int delta);
-    void hideDocumentList(QWidget *focusTarget);
+    void hideDocumentList();
+    void leaveDocumentList();
     void findParty(const QString &typed);
     bool partyKey(QKeyEvent *key);
     void partyFocused();
     void partyFieldLeft();
     void takeParty(int row);
     void sortClientWise();
-    void setReadable(bool browse);
+    void setReadable(bool browse) const;
 
     DocumentFields m_fields{};
     Kind m_kind;

@@ -129,7 +129,10 @@ void Grid::setRow(int row)
 
 void Grid::setCursor(int row, int column)
 {
-    setCurrentIndex(m_model.index(row, column));
+    // The cursor shows only where keys go.
+    const bool shown = hasFocus() || isEditing();
+    selectionModel()->setCurrentIndex(m_model.index(row, column),
+                                      shown ? QItemSelectionModel::ClearAndSelect : QItemSelectionModel::NoUpdate);
     scrollTo(m_model.index(row, column));
 }
 

@@ -24,7 +24,8 @@ public:
     bool setData(const QModelIndex &index, const QVariant &value, int role) override;
     Qt::ItemFlags flags(const QModelIndex &index) const override;
 
-    struct Column {
+    struct Column
+    {
         bool rightAligned = false;
         bool check = false;    ///< "Y" and "N" as a check box
         bool computed = false; ///< a shade darker
@@ -45,7 +46,8 @@ Q_SIGNALS:
 };
 
 /// The grid control on `Cells`: fixed rows painted by the heading (equal neighbours merged), pick lists, check cells,
-/// hidden rows and columns, editing on entry. Enter is told, not interpreted; Tab walks the cells and leaves at the end.
+/// hidden rows and columns, editing on entry. Enter is told, not interpreted; Tab walks the cells and leaves at the
+/// end.
 class Grid : public QTableView
 {
     Q_OBJECT

@@ -74,7 +74,8 @@ void GridHeader::paintMergedRow(QPainter &painter, int row) const
         const int left = sectionViewportPosition(columns[first]);
         const int right = sectionViewportPosition(columns[last]) + sectionSize(columns[last]);
         if (!shownAbove)
-            paintField(painter, QRect(left, row * rowHeight(), right - left, rows * rowHeight()), text, Qt::AlignCenter, false);
+            paintField(painter, QRect(left, row * rowHeight(), right - left, rows * rowHeight()), text, Qt::AlignCenter,
+                       false);
         first = last + 1;
     }
 }
@@ -100,7 +101,8 @@ void GridHeader::paintField(QPainter &painter, const QRect &rect, const QString 
     font.setBold(total);
     painter.setFont(font);
     painter.setPen(palette().color(total ? QPalette::Text : QPalette::ButtonText));
-    painter.drawText(rect.adjusted(3, 0, -4, 0), alignment, painter.fontMetrics().elidedText(text, Qt::ElideRight, rect.width() - 4));
+    painter.drawText(rect.adjusted(3, 0, -4, 0), alignment,
+                     painter.fontMetrics().elidedText(text, Qt::ElideRight, rect.width() - 4));
 }
 
 } // namespace ledgora

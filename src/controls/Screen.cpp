@@ -73,6 +73,8 @@ bool Screen::settle()
 {
     for (Grid *grid : findChildren<Grid *>())
         grid->commitEditor();
+    if (showPosted())
+        return false;
     for (VTxt *text : findChildren<VTxt *>()) {
         if (!text->settle())
             return false;
@@ -173,6 +175,20 @@ void Screen::alarm(const QString &text)
     QMessageBox box(QMessageBox::Critical, windowTitle(), text, QMessageBox::Ok, this);
     box.setTextFormat(Qt::PlainText);
     box.exec();
+}
+
+void Screen::post(const QString &text)
+{
+    m_posted << text;
+    QMetaObject::invokeMethod(this, &Screen::showPosted, Qt::QueuedConnection);
+}
+
+bool Screen::showPosted()
+{
+    const bool any = !m_posted.isEmpty();
+    while (!m_posted.isEmpty())
+        inform(m_posted.takeFirst());
+    return any;
 }
 
 bool Screen::ask(const QString &text, QMessageBox::StandardButton defaultButton, QMessageBox::Icon icon)

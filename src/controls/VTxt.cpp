@@ -70,7 +70,7 @@ bool hasTwoDecimals(const QString &text)
 
 QString dateFault(const QString &text, qsizetype length, const char *lengthFault, const char *separatorFault)
 {
-    if (!isDateText(text) || Val(text.mid(3, 2)) > 12)
+    if (!isDateText(text)) // a month above 12 is none
         return QStringLiteral("Not a valid date");
     if (text.size() != length)
         return QString::fromLatin1(lengthFault);
@@ -373,9 +373,10 @@ void VTxt::showFocusColour(bool focused)
         setPalette(m_plainPalette);
         return;
     }
-    m_plainPalette = palette();
+    // A palette that was only inherited must stay so, or the field would miss the desktop's change to dark.
+    m_plainPalette = testAttribute(Qt::WA_SetPalette) ? palette() : QPalette();
     QPalette coloured = m_plainPalette;
-    coloured.setColor(QPalette::Base, focusColour(coloured));
+    coloured.setColor(QPalette::Base, focusColour(palette()));
     setPalette(coloured);
 }
 

@@ -10,7 +10,8 @@
 namespace ledgora {
 
 /// What a bill's document says of the billing company: columns of `GST_FirmMas`, NULL read as "".
-struct FirmTexts {
+struct FirmTexts
+{
     QString name, designation, gstin, pan;
     QString addr1, addr2, city, pinCode, state;
     QString mobile, officePhone1, officePhone2, residencePhone1, residencePhone2, fax, email, website;
@@ -20,7 +21,8 @@ struct FirmTexts {
 
 /// One filled line of a bill document. Texts stand as their source gives them: the screen's SAC is trimmed where it
 /// stands alone (`sacAlone`), the stored one is not; `yearShown` is the year range ("2017-18").
-struct BillDocumentLine {
+struct BillDocumentLine
+{
     QString particulars, sac, sacAlone, yearType, yearShown;
     double year = 0;
     double amount = 0, discount = 0, net = 0;
@@ -29,7 +31,8 @@ struct BillDocumentLine {
 
 /// Everything a bill's document shows, whatever its source: the entry screen as it stands, or the stored bill.
 /// Amounts in rupees; rates in percent. `totals` are the bill's, which need not be the sum of the lines shown.
-struct BillDocument {
+struct BillDocument
+{
     TaxType taxType = TaxType::Intra;
     bool properCase = true; ///< names and party address in proper case, else upper case
     FirmTexts firm;
@@ -39,12 +42,14 @@ struct BillDocument {
     QString billNumber;    ///< as printed, series included
     QString narration;
     std::vector<BillDocumentLine> lines;
-    struct Totals {
+    struct Totals
+    {
         double amount = 0, discount = 0, net = 0, cgst = 0, sgst = 0, igst = 0, total = 0;
     } totals;
 };
 
-struct Placeholder {
+struct Placeholder
+{
     QString name; ///< with its "#" signs
     PlaceholderValue value;
 };

@@ -10,7 +10,7 @@ namespace {
 
 int scaled(int length, float ratio)
 {
-    return length <= 0 || length >= QWIDGETSIZE_MAX ? length : int(std::lround(length * ratio));
+    return length <= 0 || length >= QWIDGETSIZE_MAX ? length : int(std::lround(double(length) * double(ratio)));
 }
 
 void scaleFont(QWidget &widget, float ratio)
@@ -23,7 +23,9 @@ void scaleFont(QWidget &widget, float ratio)
 
 } // namespace
 
-ClsOth::ClsOth(float ratioX, float ratioY, float ratioFontSize) : m_ratX(ratioX), m_ratY(ratioY), m_ratFS(ratioFontSize) {}
+ClsOth::ClsOth(float ratioX, float ratioY, float ratioFontSize) : m_ratX(ratioX), m_ratY(ratioY), m_ratFS(ratioFontSize)
+{
+}
 
 void ClsOth::Resize_For_Resolution(QWidget &screen)
 {

@@ -34,7 +34,8 @@ extern qint16 gBillCopy;       ///< 0 single, 1 double copy, -1 not chosen yet
 extern qint16 gRecpCopy;       ///< likewise for receipts
 
 /// The part of the working state that belongs to one company.
-struct CompanyState {
+struct CompanyState
+{
     qint32 firmId = 0;
     QString firmName;
     QString firmStateCode;

@@ -4,12 +4,17 @@
 
 #include "masters/CompanyStore.h"
 #include "masters/frmLogin1.h"
+#include "platform/BankLookup.h"
+#include "platform/HostObject.h"
+#include "platform/Registry.h"
 #include "store/Connection.h"
 #include "store/ErrorLog.h"
 #include "store/Identifiers.h"
 #include "store/Settings.h"
 #include "ui_frmMainGST.h"
 #include <QDir>
+#include <QFileInfo>
+#include <QKeyEvent>
 
 namespace ledgora {
 
@@ -24,6 +29,13 @@ void frmMainGST::connectCompanies()
         return valid;
     };
     field(ui->txtFirmPass).validate = [this] { return TXTFIRMPASS_VALIDATE(); };
+    for (VTxt *bankField : {ui->txtFirmBankNm, ui->txtFirmBankIFSC})
+        field(bankField).keyDown = [this](const QKeyEvent *key) {
+            if (key->key() == Qt::Key_F12)
+                CMDIFSC_CLICK();
+            return key->key() == Qt::Key_F12;
+        };
+    command(ui->cmdIFSC, [this] { CMDIFSC_CLICK(); });
     command(ui->cmdFirmCreate, [this] { CMDFIRMCREATE_CLICK(); });
     command(ui->cmdFirmAlter, [this] { CMDFIRMALTER_CLICK(); });
     command(ui->cmdFirmDelete, [this] { CMDFIRMDELETE_CLICK(); });
@@ -122,19 +134,44 @@ void frmMainGST::CMDFIRMCANCEL_CLICK()
     showHome(m_addMode ? ui->cmdFirmCreate : ui->cmdFirmAlter);
 }
 
+void frmMainGST::CMDIFSC_CLICK()
+{
+    const ErrorSite site("frmMainGST", "CMDIFSC_CLICK");
+    BankChoice choice;
+    choice[ChosenBank] = BankLookup::noData;
+    if (const auto lookup = Registry::instance().create<BankLookup>(QLatin1String(BankLookup::progId))) {
+        lookup->InitMe(gAppPath, gCnn, QFileInfo(gLogPath).fileName(), gHostObj->vScreenRatX(), gHostObj->vScreenRatY(),
+                       gHostObj->vScreenRatFS());
+        lookup->GetMICRIFSC(choice, ui->txtFirmBankNm->text().trimmed(), ui->txtFirmCity->text().trimmed(), {});
+    } else {
+        WriteErrLog(429, QStringLiteral("No component is registered as ") + QLatin1String(BankLookup::progId),
+                    QStringLiteral("frmMainGST"));
+    }
+    ui->txtFirmBankIFSC->setFocus();
+    if (choice[ChosenBank] == BankLookup::noData)
+        return inform(QStringLiteral("Missing Latest Update File ! Please update the software again."));
+    if (choice[ChosenBank].isEmpty())
+        return;
+    ui->txtFirmBankNm->setText(choice[ChosenBank]);
+    ui->txtFirmBankBr->setText(choice[ChosenBranch]);
+    ui->txtFirmBankIFSC->setText(choice[ChosenIfsCode]);
+}
+
 void frmMainGST::CMDFIRMDELETE_CLICK()
 {
     const ErrorSite site("frmMainGST", "CMDFIRMDELETE_CLICK");
     if (!hasChosenCompany() || !passwordAgrees())
         return;
-    if (!ask(QStringLiteral("All the bills and receipts of the selected 'Company' will be deleted. Do you really want to "
-                            "Delete the selected 'Company' ?"),
+    if (!ask(QStringLiteral(
+                 "All the bills and receipts of the selected 'Company' will be deleted. Do you really want to "
+                 "Delete the selected 'Company' ?"),
              QMessageBox::No, QMessageBox::Critical))
         return;
     const int id = chosenCompany();
     QDir templates(joinPath(gTmplPath, QString::number(id)));
     if (templates.exists() && !templates.removeRecursively())
-        WriteErrLog(75, QStringLiteral("The template folder of the company could not be deleted"), QStringLiteral("frmMainGST"));
+        WriteErrLog(75, QStringLiteral("The template folder of the company could not be deleted"),
+                    QStringLiteral("frmMainGST"));
     if (!deleteCompany(*gCnn, id))
         alarm(QStringLiteral("The database did not delete everything of this company. Please try again."));
     LOADGRIDFIRM(id);

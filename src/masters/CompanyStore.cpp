@@ -10,15 +10,32 @@ namespace ledgora {
 namespace {
 
 constexpr MasterField fields[] = {
-    {"Nm", "txtFirmName"},         {"Desig", "txtFirmDesig"},          {"Addr1", "txtFirmAddr1"},
-    {"Addr2", "txtFirmAddr2"},     {"City", "txtFirmCity"},            {"PinCode", "txtFirmPIN"},
-    {"StateNm", "cboFirmState"},   {"PhNoO1", "txtFirmPhNoO1"},        {"PhNoO2", "txtFirmPhNoO2"},
-    {"PhNoR1", "txtFirmPhNoR1"},   {"PhNoR2", "txtFirmPhNoR2"},        {"FaxNo", "txtFirmFaxNo"},
-    {"MobNo", "txtFirmMobNo"},     {"Email", "txtFirmEmail"},          {"WebURL", "txtFirmWebURL"},
-    {"PAN", "txtFirmPAN"},         {"GSTIN", "txtFirmGSTIN"},          {"BankAcName", "txtFirmBankAcName"},
-    {"BankName", "txtFirmBankNm"}, {"BankBrAdd", "txtFirmBankBr"},     {"BankAcNo", "txtFirmBankAcNo"},
-    {"BankIFSC", "txtFirmBankIFSC"}, {"PayComments", "txtFirmPayComments"}, {"SignName", "txtFirmSignName"},
-    {"SignDesig", "txtFirmSignDesig"}, {"Pass", "txtFirmPass"},
+    {"Nm", "txtFirmName"},
+    {"Desig", "txtFirmDesig"},
+    {"Addr1", "txtFirmAddr1"},
+    {"Addr2", "txtFirmAddr2"},
+    {"City", "txtFirmCity"},
+    {"PinCode", "txtFirmPIN"},
+    {"StateNm", "cboFirmState"},
+    {"PhNoO1", "txtFirmPhNoO1"},
+    {"PhNoO2", "txtFirmPhNoO2"},
+    {"PhNoR1", "txtFirmPhNoR1"},
+    {"PhNoR2", "txtFirmPhNoR2"},
+    {"FaxNo", "txtFirmFaxNo"},
+    {"MobNo", "txtFirmMobNo"},
+    {"Email", "txtFirmEmail"},
+    {"WebURL", "txtFirmWebURL"},
+    {"PAN", "txtFirmPAN"},
+    {"GSTIN", "txtFirmGSTIN"},
+    {"BankAcName", "txtFirmBankAcName"},
+    {"BankName", "txtFirmBankNm"},
+    {"BankBrAdd", "txtFirmBankBr"},
+    {"BankAcNo", "txtFirmBankAcNo"},
+    {"BankIFSC", "txtFirmBankIFSC"},
+    {"PayComments", "txtFirmPayComments"},
+    {"SignName", "txtFirmSignName"},
+    {"SignDesig", "txtFirmSignDesig"},
+    {"Pass", "txtFirmPass"},
 };
 
 } // namespace
@@ -31,7 +48,8 @@ std::span<const MasterField> companyFields()
 Cells emptyCompanyList()
 {
     Cells companies(CompanyColumnCount, 1);
-    companies.setRow(0, {QStringLiteral("FirmSrNo"), QStringLiteral("Pass"), QStringLiteral("StateNm"), QStringLiteral("Name")});
+    companies.setRow(
+        0, {QStringLiteral("FirmSrNo"), QStringLiteral("Pass"), QStringLiteral("StateNm"), QStringLiteral("Name")});
     return companies;
 }
 
@@ -39,7 +57,8 @@ void loadCompanyList(Connection &db, Cells &companies, int id)
 {
     if (id == 0)
         companies.clearData();
-    for (int row = companies.find(QString::number(id), CompanyId); row >= 0; row = companies.find(QString::number(id), CompanyId))
+    for (int row = companies.find(QString::number(id), CompanyId); row >= 0;
+         row = companies.find(QString::number(id), CompanyId))
         companies.removeRow(row);
     Recordset rows = id == 0 ? db.Open(QStringLiteral("Select * from GST_FirmMas")) : companyRow(db, id);
     while (rows.next())
@@ -55,8 +74,9 @@ Recordset companyRow(Connection &db, int id)
 
 bool isCompanyNameTaken(Connection &db, const QString &name, int id)
 {
-    return db.Open("SELECT * FROM GST_FirmMas WHERE Nm=" + quoted(name)
-                   + (id > 0 ? QString(" AND FirmSrNo<>" + number(id)) : QString()))
+    return db
+        .Open("SELECT * FROM GST_FirmMas WHERE Nm=" + quoted(name)
+              + (id > 0 ? QString(" AND FirmSrNo<>" + number(id)) : QString()))
         .next();
 }
 

@@ -31,7 +31,8 @@ bool updateCompany(Connection &db, int id, const MasterRow &company);
 bool deleteCompany(Connection &db, int id);
 
 /// First fault of a company's fields in the order told, and the field to point at; `stateShown` is the list entry.
-struct FieldFault {
+struct FieldFault
+{
     QString message;
     QString field;
 };

@@ -13,7 +13,8 @@ class Connection;
 using MasterRow = QMap<QString, QString>;
 
 /// Column of a master and the object name of the field that shows it, in the table's order.
-struct MasterField {
+struct MasterField
+{
     const char *column;
     const char *field;
 };

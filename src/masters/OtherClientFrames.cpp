@@ -44,8 +44,8 @@ void frmMainGST::LOADGRIDOTHCL(int clientId)
     const Cells &clients = ui->vsOthCl->cells();
     const int row = clientId != 0 ? clients.find(QString::number(clientId), OtherClientId) : -1;
     ui->vsOthCl->setRow(row >= 0 ? row : clients.fixedRows());
-    ui->lblOthClHint->setText(clients.hasData() ? QString()
-                                                : QStringLiteral("There is no other client yet. Press Alt+A to add one."));
+    ui->lblOthClHint->setText(
+        clients.hasData() ? QString() : QStringLiteral("There is no other client yet. Press Alt+A to add one."));
 }
 
 bool frmMainGST::hasChosenOtherClient()
@@ -111,8 +111,9 @@ void frmMainGST::CMDOTHCLDELETE_CLICK()
     const ErrorSite site("frmMainGST", "CMDOTHCLDELETE_CLICK");
     if (!hasChosenOtherClient())
         return;
-    if (!ask(QStringLiteral("All the bills and receipts of the selected 'Other Client' will be deleted. Do you really want to "
-                            "delete the selected 'Other Client' ?"),
+    if (!ask(QStringLiteral(
+                 "All the bills and receipts of the selected 'Other Client' will be deleted. Do you really want to "
+                 "delete the selected 'Other Client' ?"),
              QMessageBox::No, QMessageBox::Critical))
         return;
     const Cells &clients = ui->vsOthCl->cells();

@@ -11,10 +11,10 @@ namespace ledgora {
 namespace {
 
 constexpr MasterField fields[] = {
-    {"Nm", "txtOthClName"},       {"h_no", "txtOthClHNo"},     {"h_nm", "txtOthClHNm"},   {"street", "txtOthClStreet"},
-    {"area", "txtOthClArea"},     {"city", "txtOthClCity"},    {"pincode", "txtOthClPIN"}, {"StateNm", "cboOthClState"},
-    {"PhNo1", "txtOthClPhNo1"},   {"PhNo2", "txtOthClPhNo2"},  {"FaxNo", "txtOthClFaxNo"}, {"MobNo", "txtOthClMobNo"},
-    {"email", "txtOthClEmail"},   {"PAN", "txtOthClPAN"},      {"GSTIN", "txtOthClGSTIN"},
+    {"Nm", "txtOthClName"},     {"h_no", "txtOthClHNo"},    {"h_nm", "txtOthClHNm"},    {"street", "txtOthClStreet"},
+    {"area", "txtOthClArea"},   {"city", "txtOthClCity"},   {"pincode", "txtOthClPIN"}, {"StateNm", "cboOthClState"},
+    {"PhNo1", "txtOthClPhNo1"}, {"PhNo2", "txtOthClPhNo2"}, {"FaxNo", "txtOthClFaxNo"}, {"MobNo", "txtOthClMobNo"},
+    {"email", "txtOthClEmail"}, {"PAN", "txtOthClPAN"},     {"GSTIN", "txtOthClGSTIN"},
 };
 
 } // namespace
@@ -35,11 +35,13 @@ void loadOtherClientList(Connection &db, Cells &clients, int id)
 {
     if (id == 0)
         clients.clearData();
-    for (int row = clients.find(QString::number(id), OtherClientId); row >= 0; row = clients.find(QString::number(id), OtherClientId))
+    for (int row = clients.find(QString::number(id), OtherClientId); row >= 0;
+         row = clients.find(QString::number(id), OtherClientId))
         clients.removeRow(row);
     Recordset rows = id == 0 ? db.Open(QStringLiteral("Select * from GST_OthCl")) : otherClientRow(db, id);
     while (rows.next())
-        clients.addRow({rows.text(QStringLiteral("OthClSrNo")), rows.text(QStringLiteral("OthClCode")), rows.text(QStringLiteral("Nm"))});
+        clients.addRow({rows.text(QStringLiteral("OthClSrNo")), rows.text(QStringLiteral("OthClCode")),
+                        rows.text(QStringLiteral("Nm"))});
     clients.sort(OtherClientName, Cells::Sort::Text);
 }
 
@@ -63,8 +65,9 @@ InsertResult insertOtherClient(Connection &db, const MasterRow &client)
 
 bool updateOtherClient(Connection &db, int id, const MasterRow &client)
 {
-    const bool updated = db.Execute("UPDATE GST_OthCl SET " + updateValues(fields, client) + " WHERE OthClSrNo=" + number(id))
-                         && db.affectedRows() > 0;
+    const bool updated =
+        db.Execute("UPDATE GST_OthCl SET " + updateValues(fields, client) + " WHERE OthClSrNo=" + number(id))
+        && db.affectedRows() > 0;
     db.Execute(QStringLiteral("flush tables"));
     return updated;
 }

@@ -3,6 +3,8 @@
 #include "bills/DocumentList.h"
 #include "store/Connection.h"
 #include "store/ErrorLog.h"
+#include <array>
+#include <vector>
 
 namespace ledgora {
 
@@ -10,7 +12,8 @@ namespace {
 
 /// A table that parties come from: its columns for a party's code, name, PAN, GSTIN and state, and its address
 /// fields, the postal code last.
-struct PartySource {
+struct PartySource
+{
     const char *query;
     const char *codeMark;
     const char *code, *name, *pan, *gstin, *state;
@@ -18,28 +21,58 @@ struct PartySource {
     bool zeroAddressIsEmpty;
 };
 
-const PartySource companies{"Select * from Comp_Master", "", "Code", "Nm", "PAN", nullptr, "State",
-                            {"Flat", "Building", "street", "area", "city", "State", "PIN"}, false};
-const PartySource partnerships{"Select * from LLP_Master", "LLP!~!", "Code", "Nm", "PAN", nullptr, "State",
-                               {"Line1", "Line2", "city", "State", "PIN"}, false};
-const PartySource otherClients{"Select * from GST_OthCl", "", "OthClCode", "Nm", "PAN", "GSTIN", "StateNm",
-                               {"h_no", "h_nm", "street", "area", "city", "StateNm", "pincode"}, true};
+const PartySource companies{"Select * from Comp_Master",
+                            "",
+                            "Code",
+                            "Nm",
+                            "PAN",
+                            nullptr,
+                            "State",
+                            {"Flat", "Building", "street", "area", "city", "State", "PIN"},
+                            false};
+const PartySource partnerships{"Select * from LLP_Master",
+                               "LLP!~!",
+                               "Code",
+                               "Nm",
+                               "PAN",
+                               nullptr,
+                               "State",
+                               {"Line1", "Line2", "city", "State", "PIN"},
+                               false};
+const PartySource otherClients{"Select * from GST_OthCl",
+                               "",
+                               "OthClCode",
+                               "Nm",
+                               "PAN",
+                               "GSTIN",
+                               "StateNm",
+                               {"h_no", "h_nm", "street", "area", "city", "StateNm", "pincode"},
+                               true};
 
 void addParties(Connection &db, Cells &parties, const PartySource &source)
 {
     Recordset rows = db.Open(QLatin1String(source.query));
+    const auto column = [&rows](const char *name) { return name ? rows.column(QLatin1String(name)) : -1; };
+    const int code = column(source.code);
+    const std::array<std::pair<int, int>, 4> sources{{{PartyName, column(source.name)},
+                                                      {PartyPan, column(source.pan)},
+                                                      {PartyGstin, column(source.gstin)},
+                                                      {PartyState, column(source.state)}}};
+    std::vector<int> address;
+    for (const QString &name : source.address)
+        address.push_back(rows.column(name));
     const int firstRow = parties.rows();
     parties.setRows(firstRow + int(rows.recordCount()));
     for (int row = firstRow; rows.next(); ++row) {
-        const auto text = [&rows](const char *column) { return column ? rows.text(QLatin1String(column)) : QString(); };
+        parties.setText(row, PartyCode, QLatin1String(source.codeMark) + rows.text(code));
+        for (const auto &[cell, from] : sources)
+            parties.setText(row, cell, rows.text(from));
         QStringList parts;
-        for (const QString &column : source.address)
-            parts << rows.text(column);
-        QString address = oneLineAddress(parts);
-        if (source.zeroAddressIsEmpty && address == QLatin1String("0"))
-            address.clear();
-        parties.setRow(row, {QLatin1String(source.codeMark) + text(source.code), text(source.name), text(source.pan),
-                             text(source.gstin), text(source.state), address});
+        for (const int part : address)
+            parts << rows.text(part);
+        const QString line = oneLineAddress(parts);
+        const bool empty = source.zeroAddressIsEmpty && line == QLatin1String("0");
+        parties.setText(row, PartyAddress, empty ? QString() : line);
     }
 }
 
@@ -63,8 +96,8 @@ void addRegisteredGstins(Connection &db, Cells &parties)
 Cells emptyPartyDirectory()
 {
     Cells parties(PartyColumnCount, 1);
-    parties.setRow(0, {QStringLiteral("Code No."), QStringLiteral("Name"), QStringLiteral("PAN"), QStringLiteral("GSTIN"),
-                       QStringLiteral("State"), QStringLiteral("Addr")});
+    parties.setRow(0, {QStringLiteral("Code No."), QStringLiteral("Name"), QStringLiteral("PAN"),
+                       QStringLiteral("GSTIN"), QStringLiteral("State"), QStringLiteral("Addr")});
     return parties;
 }
 

@@ -7,7 +7,8 @@ namespace ledgora {
 
 class Connection;
 
-struct Series {
+struct Series
+{
     int id = 0;
     QString text;
 };

@@ -7,6 +7,7 @@
 #include "store/Settings.h"
 #include "ui_frmMainGST.h"
 #include <QFile>
+#include <algorithm>
 #include <array>
 
 namespace ledgora {
@@ -73,13 +74,13 @@ QString frmMainGST::companyTemplateFolder() const
 
 bool frmMainGST::hasCopyChoices()
 {
-    for (ChoiceBox *copies : {ui->cboCopyTmpl_0, ui->cboCopyTmpl_1}) {
-        if (copies->currentIndex() < 0) {
-            inform(QStringLiteral("Please specify an Option !"), copies);
-            return false;
-        }
-    }
-    return true;
+    const std::array lists{ui->cboCopyTmpl_0, ui->cboCopyTmpl_1};
+    const auto *const unchosen =
+        std::ranges::find_if(lists, [](const ChoiceBox *copies) { return copies->currentIndex() < 0; });
+    if (unchosen == lists.end())
+        return true;
+    inform(QStringLiteral("Please specify an Option !"), *unchosen);
+    return false;
 }
 
 /// Makes the company's own copy of a template, unless it has one.
@@ -111,9 +112,11 @@ void frmMainGST::CMDBACKTMPL_CLICK()
             continue;
         CommandButton *button = buttons.at(size_t(index));
         const ChoiceBox *copies = index == receiptTemplate ? ui->cboCopyTmpl_1 : ui->cboCopyTmpl_0;
-        return inform(QStringLiteral("Please Setup Template for '%1 - %2' !").arg(button->text(), copies->currentText()), button);
+        return inform(
+            QStringLiteral("Please Setup Template for '%1 - %2' !").arg(button->text(), copies->currentText()), button);
     }
-    if (!saveTemplateSetup(customized, gTmplCustom == 1, ui->cboCopyTmpl_0->currentIndex(), ui->cboCopyTmpl_1->currentIndex()))
+    if (!saveTemplateSetup(customized, gTmplCustom == 1, ui->cboCopyTmpl_0->currentIndex(),
+                           ui->cboCopyTmpl_1->currentIndex()))
         return alarm(QStringLiteral("The choice could not be written to [") + gTmplPath + u']');
     READTMPLSETUP();
     showHome(ui->cmdTemplateSetup);

@@ -3,13 +3,13 @@
 #include "bills/frmBillGST.h"
 #include "controls/StateChoice.h"
 #include "masters/CompanyStore.h"
+#include "masters/EditFields.h"
 #include "masters/OtherClientStore.h"
 #include "masters/frmLogin1.h"
 #include "platform/HostObject.h"
 #include "store/Connection.h"
 #include "store/ErrorLog.h"
 #include "store/Identifiers.h"
-#include "store/NewId.h"
 #include "store/Settings.h"
 #include "store/StateList.h"
 #include "ui_frmMainGST.h"
@@ -176,33 +176,19 @@ void frmMainGST::closeEvent(QCloseEvent *event)
 
 MasterRow frmMainGST::readFields(std::span<const MasterField> fields) const
 {
-    MasterRow row;
-    for (const MasterField &field : fields) {
-        const QString name = QLatin1String(field.field);
-        const auto *line = findChild<QLineEdit *>(name);
-        const auto *states = findChild<ChoiceBox *>(name);
-        row.insert(QLatin1String(field.column),
-                   line ? line->text() : GETSTATENAMEFORNAMECODEGST(states ? states->currentText() : QString()));
-    }
-    return row;
+    return readEditFields(*this, fields);
 }
 
 void frmMainGST::writeFields(std::span<const MasterField> fields, const MasterRow &row)
 {
-    for (const MasterField &field : fields) {
-        const QString text = row.value(QLatin1String(field.column));
-        if (auto *line = findChild<QLineEdit *>(QLatin1String(field.field)))
-            line->setText(text);
-        else if (auto *states = findChild<ChoiceBox *>(QLatin1String(field.field)))
-            FILLCBOSTATEFORNAMEONLYGST(*states, text);
-    }
+    writeEditFields(*this, fields, row);
 }
 
 void frmMainGST::connectIdentifiers(const QString &prefix)
 {
     auto *pan = findChild<QLineEdit *>(prefix + QStringLiteral("PAN"));
     auto *gstin = findChild<QLineEdit *>(prefix + QStringLiteral("GSTIN"));
-    field(pan).validate = [this, pan] { return panIsValid(pan); };
+    field(pan).validate = [this, pan] { return panFieldIsValid(*this, *pan); };
     field(gstin).validate = [this, gstin] {
         const bool valid = gstin->text().isEmpty() || IsGstinShape(gstin->text());
         if (!valid)
@@ -211,27 +197,9 @@ void frmMainGST::connectIdentifiers(const QString &prefix)
     };
 }
 
-bool frmMainGST::panIsValid(QWidget *panField)
-{
-    auto *pan = static_cast<QLineEdit *>(panField);
-    const PanFault fault = panFault(pan->text());
-    if (fault == PanFault::None)
-        return true;
-    if (fault == PanFault::FourthCharacter)
-        inform(QStringLiteral("Fourth Character of PAN Should be [P,H,C,J,F,A,T,B,L,G]."));
-    inform(QStringLiteral("PAN No is not Valid."), pan);
-    pan->selectAll();
-    return false;
-}
-
-/// Tells a save of a master that did not go in; the frame then stays with all that was typed.
 bool frmMainGST::keepsEntry(bool saved, int id)
 {
-    if (!saved)
-        alarm(id < 1 ? QLatin1String(invalidIdMessage)
-                     : QStringLiteral("The database did not take the entry. What was typed is still here; press Save to "
-                                      "try again."));
-    return !saved;
+    return tellsUnsaved(*this, saved, id);
 }
 
 } // namespace ledgora

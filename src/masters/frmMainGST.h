@@ -53,6 +53,7 @@ private:
     void CMDFIRMDELETE_CLICK();
     void CMDFIRMSAVE_CLICK();
     void CMDFIRMCANCEL_CLICK();
+    void CMDIFSC_CLICK();
     bool TXTFIRMPASS_VALIDATE();
 
     // Other clients (OtherClientFrames.cpp).
@@ -80,7 +81,6 @@ private:
     MasterRow readFields(std::span<const MasterField> fields) const;
     void writeFields(std::span<const MasterField> fields, const MasterRow &row);
     void connectIdentifiers(const QString &prefix);
-    bool panIsValid(QWidget *panField);
     bool keepsEntry(bool saved, int id);
 
     void escapePressed() override;

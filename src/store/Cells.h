@@ -59,7 +59,8 @@ public:
     quint64 shape() const { return m_shape; }
 
 private:
-    struct Row {
+    struct Row
+    {
         std::vector<QString> texts;
         bool hidden = false;
     };

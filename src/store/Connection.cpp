@@ -10,7 +10,8 @@ namespace ledgora {
 
 namespace {
 
-struct EventPair {
+struct EventPair
+{
     int client;
     short system;
 };
@@ -71,7 +72,7 @@ bool Connection::checkHandle()
     m_lastErrorNumber = m_handle ? CR_COMMANDS_OUT_OF_SYNC : CR_SERVER_GONE_ERROR;
     m_lastError = m_handle ? QStringLiteral("Another statement is still running")
                            : QStringLiteral("There is no connection to the database server");
-    logFailure();
+    WriteErrLog(m_lastErrorNumber, m_lastError, QStringLiteral("Database"));
     return false;
 }
 
@@ -110,11 +111,11 @@ bool Connection::Execute(const QString &sql)
     if (!checkHandle())
         return false;
     const QScopedValueRollback running(m_running, true);
-    m_lastErrorNumber = 0;
     if (!run(sql.toUtf8())) {
         logFailure();
         return false;
     }
+    m_lastErrorNumber = 0;
     if (mysql_field_count(m_handle) > 0)
         mysql_free_result(storeResult());
     m_affected = qint64(mysql_affected_rows(m_handle));
@@ -128,8 +129,9 @@ Recordset Connection::Open(const QString &sql)
     if (!checkHandle())
         return {};
     const QScopedValueRollback running(m_running, true);
-    m_lastErrorNumber = 0;
     MYSQL_RES *result = run(sql.toUtf8()) ? storeResult() : nullptr;
+    // Not before: a statement refused during the wait has left its own number.
+    m_lastErrorNumber = 0;
     if (!result)
         logFailure();
     return Recordset(result);
@@ -142,10 +144,8 @@ bool Connection::isLost() const
 
 void Connection::logFailure()
 {
-    if (m_handle && mysql_errno(m_handle) != 0 && m_lastErrorNumber == 0) {
-        m_lastErrorNumber = mysql_errno(m_handle);
-        m_lastError = QString::fromUtf8(mysql_error(m_handle));
-    }
+    m_lastErrorNumber = mysql_errno(m_handle);
+    m_lastError = QString::fromUtf8(mysql_error(m_handle));
     WriteErrLog(m_lastErrorNumber, m_lastError, QStringLiteral("Database"));
 }
 

@@ -23,7 +23,9 @@ QString oneField(QString text)
 } // namespace
 
 ErrorSite::ErrorSite(const char *object, const char *procedure)
-    : m_object(object), m_procedure(procedure), m_outer(innermost)
+    : m_object(object)
+    , m_procedure(procedure)
+    , m_outer(innermost)
 {
     innermost = this;
 }

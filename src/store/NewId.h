@@ -9,7 +9,8 @@ class Connection;
 
 /// What came of an insert under a new id. `id` is 0 when none could be allotted (the lock or the reading of the
 /// highest id failed); then nothing was inserted and the user is to be told `invalidIdMessage`.
-struct InsertResult {
+struct InsertResult
+{
     int id = 0;
     bool inserted = false;
 };

@@ -5,7 +5,8 @@
 namespace ledgora {
 
 /// An entry of a pick list: the cell keeps `key` and shows `shown`; the open list shows `entry`.
-struct Pick {
+struct Pick
+{
     QString key, shown, entry;
 };
 

@@ -34,8 +34,10 @@ int Recordset::indexOf(const QString &column) const
     const auto found = m_columns.constFind(column.toLower());
     if (found != m_columns.cend())
         return found.value();
-    if (m_result)
+    if (m_result) {
         WriteErrLog(3265, QStringLiteral("The query has no column [") + column + u']', QStringLiteral("Recordset"));
+        m_columns.insert(column.toLower(), -1);
+    }
     return -1;
 }
 

@@ -20,6 +20,9 @@ public:
     qint64 recordCount() const { return m_count; }
     bool next();
 
+    /// Position of a column, -1 when there is none: for loops over many rows, which then read by position.
+    int column(const QString &name) const { return indexOf(name); }
+
     bool isNull(const QString &column) const;
     QString text(const QString &column) const;   ///< NULL is ""
     double number(const QString &column) const;  ///< NULL is 0
@@ -34,11 +37,12 @@ private:
     int indexOf(const QString &column) const;
     const char *cell(int column, unsigned long &length) const;
 
-    struct Free {
+    struct Free
+    {
         void operator()(st_mysql_res *result) const;
     };
     std::unique_ptr<st_mysql_res, Free> m_result;
-    QHash<QString, int> m_columns;
+    mutable QHash<QString, int> m_columns; ///< -1 for one that was asked for and is not there
     char **m_row = nullptr;
     unsigned long *m_lengths = nullptr;
     qint64 m_count = 0;

@@ -44,7 +44,9 @@ bool createSchema(Connection &db, const QString &hostCode)
     const ErrorSite site("SCHEMA", "CREATESCHEMA");
     bool whole = runScript(db, QStringLiteral(":/sql/gst.sql"));
     whole = runScript(db, QStringLiteral(":/sql/host_") + hostCode + QStringLiteral(".sql")) && whole;
-    return db.Execute(QStringLiteral("Insert Ignore Into Ledgora_Schema Values (1,") + number(schemaVersion) + u')')
+    // No "Insert Ignore": its warning would go to the error log at every start.
+    return db.Execute(QStringLiteral("Insert Into Ledgora_Schema Select 1,") + number(schemaVersion)
+                      + QStringLiteral(" From dual Where Not Exists (Select * From Ledgora_Schema)"))
            && whole;
 }
 

@@ -12,7 +12,10 @@ QString quoted(const QString &text);
 
 /// A number as SQL text: plain digits, "." as point, no exponent, shortest text that reads back as the same double.
 QString number(qint64 value);
-inline QString number(int value) { return number(qint64(value)); }
+inline QString number(int value)
+{
+    return number(qint64(value));
+}
 QString number(double value);
 
 } // namespace ledgora

@@ -24,6 +24,7 @@ PageList layout(const QByteArray &body)
 std::vector<QString> words(const Page &page)
 {
     std::vector<QString> words;
+    words.reserve(page.drawing.texts.size());
     for (const TextPiece &piece : page.drawing.texts)
         words.push_back(piece.text);
     return words;
@@ -70,7 +71,7 @@ TEST(ParagraphLayout, AlignmentSetsTheEdges)
 TEST(ParagraphLayout, TabsStandWhereTheyAreSet)
 {
     const PageList pages =
-        layout("\\pard\\tx1000\\tqr\\tx3000 a\\tab b\\tab c\\par\\pard\\li1200\\fi-1200\\tx1200 d\\tab e\\par");
+        layout(R"(\pard\tx1000\tqr\tx3000 a\tab b\tab c\par\pard\li1200\fi-1200\tx1200 d\tab e\par)");
     EXPECT_NEAR(piece(pages, "b").baseline.x(), 1500, 1);
     EXPECT_NEAR(rightOf(piece(pages, "c")), 3500, 1);
     EXPECT_NEAR(piece(pages, "e").baseline.x(), 1700, 1);
@@ -101,8 +102,7 @@ TEST(ParagraphLayout, JustifiedLinesReachBothEdgesButNotTheLast)
 
 TEST(ParagraphLayout, SpacesAndLineHeightsAddUp)
 {
-    const PageList pages =
-        layout("\\pard\\sl-400 a\\par\\pard\\sl-400\\sb100\\sa50 b\\line c\\par\\pard\\sl-400 d\\par");
+    const PageList pages = layout(R"(\pard\sl-400 a\par\pard\sl-400\sb100\sa50 b\line c\par\pard\sl-400 d\par)");
     const qreal top = piece(pages, "a").baseline.y();
     EXPECT_NEAR(piece(pages, "b").baseline.y() - top, 500, 1);
     EXPECT_NEAR(piece(pages, "c").baseline.y() - top, 900, 1);
@@ -111,8 +111,8 @@ TEST(ParagraphLayout, SpacesAndLineHeightsAddUp)
 
 TEST(ParagraphLayout, AnEmptyParagraphIsAsTallAsItsEnd)
 {
-    const PageList small = layout("\\pard a\\par{\\fs2\\par}b\\par");
-    const PageList large = layout("\\pard a\\par{\\fs60\\par}b\\par");
+    const PageList small = layout(R"(\pard a\par{\fs2\par}b\par)");
+    const PageList large = layout(R"(\pard a\par{\fs60\par}b\par)");
     const auto distance = [](const PageList &pages) {
         return piece(pages, "b").baseline.y() - piece(pages, "a").baseline.y();
     };
@@ -121,7 +121,7 @@ TEST(ParagraphLayout, AnEmptyParagraphIsAsTallAsItsEnd)
 
 TEST(Paging, LinesFlowOnAndGapsVanishAtThePageTop)
 {
-    const PageList pages = layout(repeated("\\pard\\sl-1000\\sb100 p%\\par", 6));
+    const PageList pages = layout(repeated(R"(\pard\sl-1000\sb100 p%\par)", 6));
     ASSERT_EQ(pages.size(), 3U);
     EXPECT_EQ(words(pages[0]), (Words{"p1", "p2"}));
     EXPECT_EQ(words(pages[2]), (Words{"p5", "p6"}));
@@ -130,7 +130,7 @@ TEST(Paging, LinesFlowOnAndGapsVanishAtThePageTop)
 
 TEST(Paging, APageBreakBeginsAPage)
 {
-    const PageList pages = layout("\\pard a\\par\\page b\\par\\pard\\pagebb c\\par");
+    const PageList pages = layout(R"(\pard a\par\page b\par\pard\pagebb c\par)");
     ASSERT_EQ(pages.size(), 3U);
     EXPECT_EQ(words(pages[1]), Words{"b"});
 }
@@ -153,7 +153,7 @@ TEST(TableLayout, HeadingRowsAreRepeated)
 {
     const PageList pages = layout("\\trowd\\trhdr\\trrh-500\\cellx5000\\intbl h1\\cell\\row"
                                   "\\trowd\\trhdr\\trrh-500\\cellx5000\\intbl h2\\cell\\row"
-                                  + repeated("\\trowd\\trrh-900\\cellx5000\\intbl r%\\cell\\row", 5));
+                                  + repeated(R"(\trowd\trrh-900\cellx5000\intbl r%\cell\row)", 5));
     ASSERT_EQ(pages.size(), 3U);
     EXPECT_EQ(words(pages[0]), (Words{"h1", "h2", "r1", "r2"}));
     EXPECT_EQ(words(pages[1]), (Words{"h1", "h2", "r3", "r4"}));
@@ -164,7 +164,7 @@ TEST(TableLayout, ARowTallerThanThePageIsSplitBetweenLines)
 {
     const PageList pages = layout("\\trowd\\trhdr\\trrh-500\\cellx5000\\intbl h\\cell\\row"
                                   "\\trowd\\trkeep\\cellx2500\\cellx5000\\intbl\\sl-500 "
-                                  + repeated("l%\\line ", 7) + "l8\\cell x\\cell\\row\\pard z\\par");
+                                  + repeated("l%\\line ", 7) + R"(l8\cell x\cell\row\pard z\par)");
     ASSERT_EQ(pages.size(), 2U);
     EXPECT_EQ(words(pages[0]), (Words{"h", "l1", "l2", "l3", "l4", "l5", "x"}));
     EXPECT_EQ(words(pages[1]), (Words{"h", "l6", "l7", "l8", "z"}));
@@ -184,7 +184,7 @@ TEST(TableLayout, RowHeightsFollowTheirRule)
           HeightCase{"least", "\\trrh1200", 1200}, HeightCase{"exact", "\\trrh-300", 300},
           HeightCase{"padding adds", "\\trpaddt100\\trpaddb50", 950}}) {
         const PageList pages = layout("\\trowd" + QByteArray(c.words)
-                                      + "\\clbrdrl\\brdrs\\brdrw10\\cellx5000\\intbl\\sl-400 a\\line b\\cell\\row");
+                                      + R"(\clbrdrl\brdrs\brdrw10\cellx5000\intbl\sl-400 a\line b\cell\row)");
         ASSERT_FALSE(pages[0].drawing.rules.empty()) << c.name;
         const Rule &left = pages[0].drawing.rules[0];
         EXPECT_NEAR(left.to.y() - left.from.y(), c.height, 0.5) << c.name;
@@ -193,8 +193,7 @@ TEST(TableLayout, RowHeightsFollowTheirRule)
 
 TEST(TableLayout, AnUpperBorderAddsItsWidthToTheRow)
 {
-    const PageList pages =
-        layout("\\trowd\\clbrdrt\\brdrs\\brdrw40\\clbrdrl\\brdrs\\cellx5000\\intbl\\sl-400 a\\cell\\row");
+    const PageList pages = layout(R"(\trowd\clbrdrt\brdrs\brdrw40\clbrdrl\brdrs\cellx5000\intbl\sl-400 a\cell\row)");
     const Rule &left = pages[0].drawing.rules.back();
     EXPECT_NEAR(left.to.y() - left.from.y(), 440, 0.5);
 }

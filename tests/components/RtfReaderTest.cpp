@@ -98,7 +98,7 @@ const Paragraph &paragraphOf(const Document &document)
 
 TEST(RtfReader, CharacterWordsSetTheRun)
 {
-    const Document document = read("\\plain\\f1\\b\\i\\ul\\fs17\\cf2 x\\par");
+    const Document document = read(R"(\plain\f1\b\i\ul\fs17\cf2 x\par)");
     const CharFormat &format = paragraphOf(document).runs.at(0).format;
     EXPECT_EQ(format.font.toStdString(), "Two Words");
     EXPECT_TRUE(format.bold && format.italic && format.underline);
@@ -108,7 +108,7 @@ TEST(RtfReader, CharacterWordsSetTheRun)
 
 TEST(RtfReader, PlainAndPardGoBackToTheDefaults)
 {
-    const Document document = read("\\deff0\\b\\fs40\\qr\\li99\\plain\\pard x\\par");
+    const Document document = read(R"(\deff0\b\fs40\qr\li99\plain\pard x\par)");
     CharFormat expected;
     expected.font = QStringLiteral("Liberation Sans");
     expected.halfPoints = 24;
@@ -118,7 +118,7 @@ TEST(RtfReader, PlainAndPardGoBackToTheDefaults)
 
 TEST(RtfReader, ParagraphEndKeepsItsOwnFormat)
 {
-    const Document document = read("{\\fs18 }\\fs2\\par");
+    const Document document = read(R"({\fs18 }\fs2\par)");
     EXPECT_TRUE(paragraphOf(document).runs.empty());
     EXPECT_EQ(paragraphOf(document).endFormat.halfPoints, 2);
 }
@@ -180,7 +180,7 @@ TEST(RtfReader, RowAndCellWordsSetTheTable)
 
 TEST(RtfReader, PageHasSizeAndMargins)
 {
-    const PageSetup page = read("\\paperw8000\\paperh9000\\margl1\\margr2\\margt3\\margb4 x\\par").page;
+    const PageSetup page = read(R"(\paperw8000\paperh9000\margl1\margr2\margt3\margb4 x\par)").page;
     EXPECT_EQ(page, (PageSetup{8000, 9000, {3, 1, 4, 2}}));
 }
 

@@ -32,7 +32,7 @@ Page pageSaying(const QString &word)
 
 class ViewerTest : public testing::Test
 {
-protected:
+public:
     ViewerTest()
         : viewer(new Viewer({pageSaying(QStringLiteral("first")), pageSaying(QStringLiteral("second")),
                              pageSaying(QStringLiteral("third"))},
@@ -158,7 +158,7 @@ struct HoldingHost : HostWindow
 
 class StockReporterTest : public testing::Test
 {
-protected:
+public:
     StockReporterTest()
     {
         Registry registry;

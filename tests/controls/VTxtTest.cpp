@@ -135,6 +135,13 @@ TEST_F(ValidatedText, PastedTextRunsThroughTheSameFilter)
     boxes.expect("Enter AlphaNumeric Characters Only");
     QTest::keySequence(&field, QKeySequence::Paste);
     EXPECT_EQ(shown(), "ABCPE1234FX");
+
+    field.clear();
+    field.setValidateData(1);
+    field.setMaxLength(2);
+    QApplication::clipboard()->setText("++++++"); // no limit to signs when typed
+    QTest::keySequence(&field, QKeySequence::Paste);
+    EXPECT_EQ(shown(), "+++");
 }
 
 TEST_F(ValidatedText, MenuDropAndInputMethodRunThroughTheSameFilter)
@@ -240,16 +247,19 @@ TEST_F(ValidatedText, TabAndEnterMoveOnOnlyPastTheCheck)
     const QSignalSpy heard(&field, &VTxt::keyPressed);
     {
         Boxes boxes;
-        boxes.expect("Data must be at least of 3 characters");
-        QTest::keyClick(&field, Qt::Key_Tab);
-        EXPECT_TRUE(isFocused(field));
+        for (const auto key : {Qt::Key_Tab, Qt::Key_Return}) {
+            boxes.expect("Data must be at least of 3 characters");
+            QTest::keyClick(&field, key);
+            EXPECT_TRUE(isFocused(field));
+        }
     }
     type("c");
     QTest::keyClick(&field, Qt::Key_Return);
     EXPECT_TRUE(isFocused(next));
-    ASSERT_EQ(heard.size(), 2);
-    EXPECT_EQ(heard.at(0).at(0).toInt(), 'C');
-    EXPECT_EQ(heard.at(1).at(0).toInt(), 13);
+    ASSERT_EQ(heard.size(), 3);
+    EXPECT_EQ(heard.at(0).at(0).toInt(), 13);
+    EXPECT_EQ(heard.at(1).at(0).toInt(), 'C');
+    EXPECT_EQ(heard.at(2).at(0).toInt(), 13);
 }
 
 TEST_F(ValidatedText, CommandThatCausesNoValidationTakesTheFocusUnasked)
@@ -285,8 +295,10 @@ TEST_F(ValidatedText, FieldInFocusHasALegibleColourOfItsOwn)
         palette.setColor(QPalette::Base, base);
         palette.setColor(QPalette::Text, base.lightness() < 128 ? Qt::white : Qt::black);
         QApplication::setPalette(palette);
+        QCoreApplication::processEvents();
         field.setFocus();
         const QPalette coloured = field.palette();
+        EXPECT_EQ(coloured.color(QPalette::Text), base.lightness() < 128 ? QColor(Qt::white) : QColor(Qt::black));
         EXPECT_NE(coloured.color(QPalette::Base), base);
         EXPECT_GT(qAbs(coloured.color(QPalette::Base).lightness() - coloured.color(QPalette::Text).lightness()), 120);
         leave();

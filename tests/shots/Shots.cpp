@@ -39,7 +39,8 @@ int main(int argc, char *argv[])
     ledgora::setToday(QDate(2024, 6, 15));
     int count = 0;
     const QString fault = ledgora::app::runDemo(out.path(), [&](const QString &name, QWidget &window) {
-        pictureOf(window).save(out.filePath(QStringLiteral("%1-%2.png").arg(++count, 2, 10, QLatin1Char('0')).arg(name)));
+        pictureOf(window).save(
+            out.filePath(QStringLiteral("%1-%2.png").arg(++count, 2, 10, QLatin1Char('0')).arg(name)));
     });
     if (!fault.isEmpty())
         std::fprintf(stderr, "ledgora_shots: %s\n", qPrintable(fault));

@@ -55,6 +55,31 @@ TEST(Gstin, AgreesWithStateAndPanOfItsHolder)
               "Invalid 'GSTIN' ! Should contain PAN [ABCPE1234G] from 3rd to 12th Character.");
 }
 
+TEST(Gstin, ItsMiddleIsAPanOrATan)
+{
+    const struct
+    {
+        const char *text;
+        bool pan, tan;
+    } cases[] = {{"ABCPE1234F", true, false},  {"DELA12345B", false, true},   {"ABCX51234F", false, true},
+                 {"abcpe1234f", false, false}, {"ABCPE1234", false, false},   {"ABCPE12345", false, false},
+                 {"", false, false},           {"DELAA2345B", true, false},   {"DELA1234BB", false, false},
+                 {"DELA12345", false, false},  {"DELA12345BC", false, false}, {"1ELA12345B", false, false}};
+    for (const auto &c : cases) {
+        EXPECT_EQ(hasPanShape(QString(c.text)), c.pan) << c.text;
+        EXPECT_EQ(hasTanShape(QString(c.text)), c.tan) << c.text;
+    }
+}
+
+TEST(Email, NeedsACharacterBetweenTheAtAndTheNextPoint)
+{
+    for (const char *good : {"", "  ", "a@b.c", "@b.", "first.last@office.example", "a@b.c@d", " a@b.c "})
+        EXPECT_TRUE(isEmailAddress(good)) << good;
+    for (const char *bad : {"a", "a.b", "a@b", "a@.c", "a.b@c", "a@.b.c"})
+        EXPECT_FALSE(isEmailAddress(bad)) << bad;
+    EXPECT_EQ(emailMessage().toStdString(), "Insert a valid E-mail address.");
+}
+
 TEST(IfsCode, IsFourLettersAZeroAndSixLettersOrDigits)
 {
     for (const char *good : {"", "SBIN0001234", "sbin0AbC12z"})

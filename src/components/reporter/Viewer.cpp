@@ -22,7 +22,7 @@ namespace ledgora::reporter {
 
 namespace {
 
-/// Where the last file of this session was saved.
+/// Where the last file was saved, as long as the program runs.
 QString &lastFolder()
 {
     static QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
