@@ -2,6 +2,7 @@
 
 #include "Boxes.h"
 #include "Database.h"
+#include "Print.h"
 #include "controls/Grid.h"
 #include "host/ClsGST.h"
 #include "platform/Reporter.h"
@@ -10,14 +11,7 @@
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 #include <memory>
-#include <ostream>
 #include <stdexcept>
-
-/// Texts stand in the messages of failed tests as they are.
-inline void PrintTo(const QString &text, std::ostream *out)
-{
-    *out << '"' << text.toStdString() << '"';
-}
 
 namespace ledgora::test {
 
