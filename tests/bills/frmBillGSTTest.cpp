@@ -655,6 +655,34 @@ TEST_F(BillScreen, TenthLineIsTheLast)
     EXPECT_EQ(cell(2, TotalColumn), "1180");
 }
 
+TEST_F(BillScreen, UpdateTakesTheEntryThatAnOpenListStandsOn)
+{
+    open();
+    keyHead("ASHOK");
+    keyLine("Audit", "1000");
+    press(Qt::Key_Return);
+    clickCell("vsB", firstLine, SacColumn);
+    press(Qt::Key_Return); // opens the list
+    press(Qt::Key_Home);
+    press(Qt::Key_Down, Qt::NoModifier, 5);
+    ASSERT_NE(QApplication::activePopupWidget(), nullptr);
+    alt('U');
+    EXPECT_FALSE(isEditing());
+    EXPECT_EQ(data().rows("Select SAC From GST_BillD"), QStringList{"998231"});
+}
+
+TEST_F(BillScreen, PickListIsSearchedFromTheFirstKeyOn)
+{
+    open();
+    keyHead("ASHOK");
+    keyLine("Audit", "1000");
+    press(Qt::Key_Return);
+    clickCell("vsB", firstLine, SacColumn);
+    type("998231");
+    press(Qt::Key_Return);
+    EXPECT_EQ(cell(firstLine, SacColumn), "998231");
+}
+
 TEST_F(BillScreen, QuotesAndBackslashesInNamesAndTextsComeBackAsTyped)
 {
     data().run("Insert Into GST_OthCl (OthClSrNo,OthClCode,Nm,StateNm) Values (9,'BILL~OTHCL-000009','D''SOUZA \\\\ "
