@@ -105,13 +105,10 @@ TEST_F(CompanyStore, NameIsTakenByAnyOtherCompany)
         const char *name;
         int id;
         bool taken;
-    } cases[] = {{"O'Neil \\ Sons", 0, true},
-                 {"O'Neil \\ Sons", 1, false},
-                 {"O'Neil \\ Sons", 2, true},
-                 {"o'neil \\ SONS", 0, true},
-                 {"Neil", 0, false},
-                 {"' or '1'='1", 0, false},
-                 {"\\", 0, false}};
+    } cases[] = {{"O'Neil \\ Sons", 0, true}, {"O'Neil \\ Sons", 1, false},
+                 {"O'Neil \\ Sons", 2, true}, {"o'neil \\ SONS", 0, true},
+                 {"Bina", 1, true},           {"Neil", 0, false},
+                 {"' or '1'='1", 0, false},   {"\\", 0, false}};
     for (const auto &c : cases)
         EXPECT_EQ(isCompanyNameTaken(db(), c.name, c.id), c.taken) << c.name << c.id;
     EXPECT_TRUE(log.isEmpty());

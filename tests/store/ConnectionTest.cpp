@@ -189,6 +189,26 @@ TEST_F(ConnectionTest, SecondStatementDuringAWaitIsRefusedAndSpoilsNothing)
     EXPECT_EQ(log.lines().back().at(1), "1146");
 }
 
+TEST_F(ConnectionTest, InterruptEndsTheStatementAndNotTheConnection)
+{
+    const QString id = database->rows("Select Connection_Id()").value(0);
+    db().setInterrupt([&id] { database->other().Execute("Kill Query " + id); });
+    db().setWaitHook([](int socket, short events, int) -> short {
+        constexpr int patience = 20;
+        pollfd ready{socket, events, 0};
+        while (poll(&ready, 1, patience) == 0)
+            db().interrupt();
+        return ready.revents;
+    });
+    EXPECT_FALSE(db().Execute("Update Notes Set Amount=Sleep(60) Where Id=1"));
+    EXPECT_EQ(db().lastErrorNumber(), unsigned(ER_QUERY_INTERRUPTED));
+    EXPECT_FALSE(db().isLost());
+    db().setWaitHook({});
+    db().setInterrupt({});
+    EXPECT_EQ(log.lines().size(), 1U);
+    EXPECT_EQ(database->rows("Select Amount From Notes Where Id=1"), QStringList{"1.5"});
+}
+
 TEST_F(ConnectionTest, WithoutAHandleEveryStatementFailsAndIsLogged)
 {
     Connection none;
