@@ -34,10 +34,16 @@ QString addStoredBills(Cells &bills, Recordset &stored)
     const int firstRow = bills.rows();
     bills.setRows(firstRow + int(stored.recordCount()));
     QStringList ids;
+    QString day; // bills of one day come together
+    QString dayShown;
     for (int row = firstRow; stored.next(); ++row) {
         for (const Source &from : sources)
             bills.setText(row, from.cell, stored.text(from.column));
-        bills.setText(row, ListBillDate, shownDate(stored.text(date)));
+        if (const QString storedDay = stored.text(date); storedDay != day) {
+            day = storedDay;
+            dayShown = shownDate(day);
+        }
+        bills.setText(row, ListBillDate, dayShown);
         bills.setText(row, ListBillAmount, QStringLiteral("0"));
         ids << bills.text(row, ListBillSrNo);
     }

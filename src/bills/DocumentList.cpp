@@ -13,6 +13,7 @@ void fillPartyNames(Cells &list, const DocumentListColumns &columns, const Cells
     QHash<QStringView, int> placeOfCode;
     std::vector<int> places;
     places.reserve(size_t(list.rows() - firstRow));
+    placeOfCode.reserve(std::min(list.rows() - firstRow, parties.rows()));
     for (int row = firstRow; row < list.rows(); ++row) {
         int &place = placeOfCode[list.text(row, columns.party)];
         if (place == 0)

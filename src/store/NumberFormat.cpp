@@ -212,6 +212,9 @@ double roundHalfEven(double value)
 
 QString plainNumber(double value)
 {
+    constexpr double exactWhole = 1e15;
+    if (std::abs(value) < exactWhole && value == std::trunc(value))
+        return QString::number(qint64(value)); // nearly every amount, and -0 is 0
     const Decimal number = toDecimal(value);
     if (number.isZero())
         return QStringLiteral("0");
