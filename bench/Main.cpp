@@ -1,5 +1,5 @@
 #include "Ratios.h"
-#include <QCoreApplication>
+#include <QApplication>
 #include <cstdio>
 #include <exception>
 #include <string>
@@ -7,7 +7,7 @@
 
 int main(int argc, char **argv)
 {
-    const QCoreApplication application(argc, argv);
+    const QApplication application(argc, argv);
     // Medians of interleaved repetitions: a busy moment of the machine then hits ours and its rival alike.
     std::vector<std::string> words{argv[0], "--benchmark_repetitions=3", "--benchmark_enable_random_interleaving=true",
                                    "--benchmark_display_aggregates_only=true"};

@@ -20,6 +20,7 @@ public:
     ~Office();
 
     st_mysql *handle() const { return m_handle; }
+    QString socket() const { return m_server.socketPath(); }
 
 private:
     Office();

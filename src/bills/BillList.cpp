@@ -2,36 +2,46 @@
 
 #include "bills/BillStore.h"
 #include "store/Dates.h"
+#include <QStringList>
+#include <array>
 
 namespace ledgora {
 
 namespace {
 
+/// A stored date and time as dd/MM/yyyy.
+QString shownDate(const QString &stored)
+{
+    return formatDate(dateFromStore(stored), QStringLiteral("dd/MM/yyyy"));
+}
+
 /// Adds a row for each stored bill and returns their ids, separated by commas.
 QString addStoredBills(Cells &bills, Recordset &stored)
 {
+    struct Source
+    {
+        int cell;
+        int column;
+    };
+    const auto source = [&stored](int cell, const char *name) {
+        return Source{cell, stored.column(QLatin1String(name))};
+    };
+    const std::array sources{source(ListBillSrNo, "BillSrNo"),   source(ListPartyCode, "Code_No"),
+                             source(ListBillSerId, "BillSerId"), source(ListBillNo, "BillNo"),
+                             source(ListPlace, "PlaceOfServ"),   source(ListTaxType, "AppTaxType"),
+                             source(ListNarration, "Narr")};
+    const int date = stored.column(QStringLiteral("BillDt"));
     const int firstRow = bills.rows();
     bills.setRows(firstRow + int(stored.recordCount()));
-    QString ids;
+    QStringList ids;
     for (int row = firstRow; stored.next(); ++row) {
-        const auto put = [&](int column, const char *name) {
-            bills.setText(row, column, stored.text(QLatin1String(name)));
-        };
-        put(ListBillSrNo, "BillSrNo");
-        put(ListPartyCode, "Code_No");
-        put(ListBillSerId, "BillSerId");
-        put(ListBillNo, "BillNo");
-        bills.setText(row, ListBillDate,
-                      formatDate(dateFromStore(stored.text(QStringLiteral("BillDt"))), QStringLiteral("dd/MM/yyyy")));
-        put(ListPlace, "PlaceOfServ");
-        put(ListTaxType, "AppTaxType");
-        put(ListNarration, "Narr");
+        for (const Source &from : sources)
+            bills.setText(row, from.cell, stored.text(from.column));
+        bills.setText(row, ListBillDate, shownDate(stored.text(date)));
         bills.setText(row, ListBillAmount, QStringLiteral("0"));
-        if (!ids.isEmpty())
-            ids += u',';
-        ids += bills.text(row, ListBillSrNo);
+        ids << bills.text(row, ListBillSrNo);
     }
-    return ids;
+    return ids.join(u',');
 }
 
 } // namespace
@@ -46,7 +56,7 @@ Cells emptyBillList()
     return bills;
 }
 
-void loadBillList(Connection &db, Cells &bills, Cells &parties, int firmId, int year, int id, bool clientWise)
+void loadBillList(Connection &db, Cells &bills, const Cells &parties, int firmId, int year, int id, bool clientWise)
 {
     if (id == 0)
         bills.clearData();
@@ -55,7 +65,7 @@ void loadBillList(Connection &db, Cells &bills, Cells &parties, int firmId, int 
     const int firstRow = bills.rows();
     Recordset stored = billsOfYear(db, firmId, year, id);
     const QString ids = addStoredBills(bills, stored);
-    fillPartyNames(bills, billListColumns, parties, firstRow, id == 0);
+    fillPartyNames(bills, billListColumns, parties, firstRow);
     if (!ids.isEmpty()) {
         Recordset totals = billTotals(db, ids);
         fillAmounts(bills, billListColumns, totals);

@@ -28,7 +28,7 @@ inline constexpr DocumentListColumns billListColumns{.name = ListReceiverName, .
 Cells emptyBillList();
 
 /// Rebuilds the list of the year's bills (`id` 0), or refreshes one bill in it with as few queries: one for the
-/// bills, one for all their totals. `parties` is the directory; it comes back sorted by name.
-void loadBillList(Connection &db, Cells &bills, Cells &parties, int firmId, int year, int id, bool clientWise);
+/// bills, one for all their totals. `parties` is the directory.
+void loadBillList(Connection &db, Cells &bills, const Cells &parties, int firmId, int year, int id, bool clientWise);
 
 } // namespace ledgora

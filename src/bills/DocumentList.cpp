@@ -1,23 +1,32 @@
 #include "bills/DocumentList.h"
 
 #include "store/NumberFormat.h"
+#include <QHash>
 #include <algorithm>
+#include <vector>
 
 namespace ledgora {
 
-void fillPartyNames(Cells &list, const DocumentListColumns &columns, Cells &parties, int firstRow, bool all)
+void fillPartyNames(Cells &list, const DocumentListColumns &columns, const Cells &parties, int firstRow)
 {
-    if (all) {
-        list.sort(columns.party, Cells::Sort::Text);
-        parties.sort(PartyCode, Cells::Sort::Text);
-    }
-    int start = parties.fixedRows();
+    // Each code once, with the row of its party; each document knows its code's place.
+    QHash<QStringView, int> placeOfCode;
+    std::vector<int> places;
+    places.reserve(size_t(list.rows() - firstRow));
     for (int row = firstRow; row < list.rows(); ++row) {
-        const int found = parties.findMoving(list.text(row, columns.party), PartyCode, start);
-        list.setText(row, columns.name, found >= 0 ? parties.text(found, PartyName) : QString());
+        int &place = placeOfCode[list.text(row, columns.party)];
+        if (place == 0)
+            place = int(placeOfCode.size()); // places count from 1
+        places.push_back(place);
     }
-    if (all)
-        parties.sort(PartyName, Cells::Sort::Text);
+    std::vector<int> partyRows(size_t(placeOfCode.size()) + 1, -1);
+    for (int row = parties.fixedRows(); row < parties.rows(); ++row) {
+        const int place = placeOfCode.value(parties.text(row, PartyCode));
+        if (place > 0 && partyRows[size_t(place)] < 0) // of equal codes the first counts
+            partyRows[size_t(place)] = row;
+    }
+    for (int row = firstRow; row < list.rows(); ++row)
+        list.setText(row, columns.name, parties.text(partyRows[size_t(places[size_t(row - firstRow)])], PartyName));
 }
 
 void fillAmounts(Cells &list, const DocumentListColumns &columns, Recordset &totals)
@@ -33,6 +42,7 @@ void fillAmounts(Cells &list, const DocumentListColumns &columns, Recordset &tot
 
 void sortDocuments(Cells &list, const DocumentListColumns &columns, bool clientWise)
 {
+    list.sort(columns.id, Cells::Sort::Number); // equal ones must not show in which order the list was before
     list.sort(columns.number, Cells::Sort::Number);
     list.sort(columns.date, Cells::Sort::Date);
     if (clientWise)

@@ -6,7 +6,7 @@
 namespace ledgora {
 
 // The list of a year's bills or receipts, which is also the cursor through them: what both kinds have in common.
-// Names and amounts are not read document by document: two sorted merges fill them.
+// Names and amounts are not read document by document: the directory and one query of all sums fill them.
 
 /// Columns of the party directory.
 enum PartyColumn { PartyCode, PartyName, PartyPan, PartyGstin, PartyState, PartyAddress, PartyColumnCount };
@@ -18,15 +18,14 @@ struct DocumentListColumns
     int name, amount;
 };
 
-/// Puts the names of the parties into the rows from `firstRow` on. With `all` both tables are sorted by code first, so
-/// that one pass suffices, and `parties` is sorted by name again at the end. A party that left the directory leaves
-/// the name empty.
-void fillPartyNames(Cells &list, const DocumentListColumns &columns, Cells &parties, int firstRow, bool all);
+/// Puts the names of the parties into the rows from `firstRow` on, by exact code. A party that left the directory
+/// leaves the name empty.
+void fillPartyNames(Cells &list, const DocumentListColumns &columns, const Cells &parties, int firstRow);
 
 /// Puts each sum of `totals` (id, amount; ordered by id) into the row of its document.
 void fillAmounts(Cells &list, const DocumentListColumns &columns, Recordset &totals);
 
-/// By date, then number; with `clientWise` by name, then date, then number. Equal ones stay by id as they came.
+/// By date, then number; with `clientWise` by name, then date, then number. Equal ones are by id.
 void sortDocuments(Cells &list, const DocumentListColumns &columns, bool clientWise);
 
 /// The row to select after a refresh: that of `id`; else the remembered one, the last one when that is past the end,

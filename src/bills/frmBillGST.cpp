@@ -101,10 +101,8 @@ void frmBillGST::LOADBILLGRID(int id)
 {
     const ErrorSite site("frmBillGST", "LOADBILLGRID");
     const int remembered = documentList()->row();
-    partyList()->change([&](Cells &parties) {
-        documentList()->change([&](Cells &bills) {
-            loadBillList(*gCnn, bills, parties, gFirmId, year(), id, ui->chkClientWise->isChecked());
-        });
+    documentList()->change([&](Cells &bills) {
+        loadBillList(*gCnn, bills, partyList()->cells(), gFirmId, year(), id, ui->chkClientWise->isChecked());
     });
     selectAfterRefresh(id, remembered);
 }
@@ -308,7 +306,7 @@ void frmBillGST::VSB_AFTEREDIT(int row, int column)
     if (changesBillTotals(column))
         recomputeTotals();
     if (message)
-        QMetaObject::invokeMethod(this, [this, text = *message] { run([&] { inform(text); }); }, Qt::QueuedConnection);
+        post(*message);
 }
 
 void frmBillGST::VSB_KEYPRESS_ENTER(int row, int column)

@@ -1,5 +1,6 @@
 #include "controls/CellDelegate.h"
 
+#include "controls/CommandButton.h"
 #include "controls/Grid.h"
 #include <QApplication>
 #include <QComboBox>
@@ -14,11 +15,43 @@ namespace {
 
 constexpr auto originalTextProperty = "originalText";
 
+/// An access key works through an open list: the entry it stands on is taken, and the command gets its click. The list
+/// is a window of its own, in which the keys of the screen's commands would be lost.
+class AccessKeysOfList : public QObject
+{
+public:
+    explicit AccessKeysOfList(QComboBox *box) : QObject(box), m_box(box) { box->view()->installEventFilter(this); }
+
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        if (event->type() != QEvent::KeyPress)
+            return false;
+        const auto *key = static_cast<QKeyEvent *>(event);
+        if (key->modifiers() != Qt::AltModifier)
+            return false;
+        const QKeySequence pressed(key->keyCombination());
+        for (CommandButton *button : m_box->window()->findChildren<CommandButton *>()) {
+            if (button->shortcut() != pressed || !button->isVisible() || !button->isEnabled())
+                continue;
+            m_box->setCurrentIndex(m_box->view()->currentIndex().row());
+            m_box->hidePopup();
+            button->setFocus(Qt::ShortcutFocusReason);
+            QMetaObject::invokeMethod(button, &QAbstractButton::click, Qt::QueuedConnection);
+            return true;
+        }
+        return false;
+    }
+
+private:
+    QComboBox *m_box;
+};
+
 QComboBox *pickEditor(QWidget *parent, const std::vector<Pick> &picks)
 {
     auto *box = new QComboBox(parent);
     for (const Pick &pick : picks)
         box->addItem(pick.entry, pick.key);
+    new AccessKeysOfList(box); // owned by the box
     box->view()->setTextElideMode(Qt::ElideNone);
     box->view()->setMinimumWidth(box->minimumSizeHint().width());
     return box;
@@ -35,15 +68,17 @@ QWidget *CellDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem 
         return nullptr;
     if (!column.picks.empty()) {
         QComboBox *box = pickEditor(parent, column.picks);
-        // The choice ends the edit, as leaving the list with Enter does.
-        connect(box, &QComboBox::activated, this, [this, box, index] {
-            auto *self = const_cast<CellDelegate *>(this); // the signals of an editor's end are not const
-            const QPersistentModelIndex cell = index;
-            self->finish(box);
-            if (cell.isValid())
-                Q_EMIT m_grid->enterPressed(cell.row(), cell.column());
+        // The choice ends the edit, as leaving the list with Enter does. The key that opened the list has chosen
+        // nothing yet, though the box tells it as a choice: the rest of what is typed goes on searching.
+        QTimer::singleShot(0, box, [this, box, index = QPersistentModelIndex(index)] {
+            box->showPopup();
+            connect(box, &QComboBox::activated, this, [this, box, index] {
+                auto *self = const_cast<CellDelegate *>(this); // the signals of an editor's end are not const
+                self->finish(box);
+                if (index.isValid())
+                    Q_EMIT m_grid->enterPressed(index.row(), index.column());
+            });
         });
-        QTimer::singleShot(0, box, &QComboBox::showPopup);
         return box;
     }
     auto *line = new QLineEdit(parent);

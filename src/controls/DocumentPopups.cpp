@@ -63,7 +63,7 @@ bool DocumentScreen::partyKey(QKeyEvent *key)
         m_parties->setRow(row < first || row >= last ? first : row + 1);
         return true;
     case Qt::Key_PageDown:
-        m_parties->setRow(std::min(last, row < first ? first : row + (m_parties->lastVisibleRow() - row)));
+        m_parties->setRow(std::min(last, m_parties->lastVisibleRow()));
         m_parties->scrollTo(m_parties->currentIndex(), QAbstractItemView::PositionAtTop);
         return true;
     case Qt::Key_PageUp:

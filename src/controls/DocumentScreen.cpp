@@ -12,6 +12,7 @@
 #include "store/ErrorLog.h"
 #include "store/StateList.h"
 #include <QCheckBox>
+#include <QCloseEvent>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QListWidget>
@@ -376,6 +377,15 @@ void DocumentScreen::escapePressed()
     }
     if (ask(QStringLiteral("Do you want to Cancel Entry?"), QMessageBox::No))
         CMDCANCEL_CLICK();
+}
+
+/// A window can be closed in the middle of an entry, by its frame or with the whole program.
+void DocumentScreen::closeEvent(QCloseEvent *event)
+{
+    if (isEditing() && !ask(QStringLiteral("Do you want to Cancel Entry?"), QMessageBox::No))
+        event->ignore();
+    else
+        Screen::closeEvent(event);
 }
 
 void DocumentScreen::resizeEvent(QResizeEvent *event)

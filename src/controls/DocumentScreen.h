@@ -117,6 +117,7 @@ protected:
 
     void escapePressed() override;
     void resizeEvent(QResizeEvent *event) override;
+    void closeEvent(QCloseEvent *event) override;
 
 private:
     void connectCommands();

@@ -2,6 +2,7 @@
 
 #include "controls/CommandButton.h"
 #include "controls/Grid.h"
+#include "controls/LineField.h"
 #include "controls/VTxt.h"
 #include "store/ErrorLog.h"
 #include <QApplication>
@@ -72,6 +73,8 @@ bool Screen::settle()
 {
     for (Grid *grid : findChildren<Grid *>())
         grid->commitEditor();
+    if (showPosted())
+        return false;
     for (VTxt *text : findChildren<VTxt *>()) {
         if (!text->settle())
             return false;
@@ -114,7 +117,8 @@ bool Screen::leave(QWidget *widget)
     if (widget->hasFocus())
         return true;
     const auto *button = qobject_cast<CommandButton *>(QApplication::focusWidget());
-    const bool mustPass = !button || button->causesValidation();
+    // A frame that went away took its fields along unchecked: only a command that skips checks hides them.
+    const bool mustPass = widget->isVisible() && (!button || button->causesValidation());
     if (mustPass && rules.validate && !rules.validate())
         return false;
     if (rules.lostFocus)
@@ -158,8 +162,12 @@ void Screen::inform(const QString &text, QWidget *field)
     QMessageBox box(QMessageBox::Information, windowTitle(), text, QMessageBox::Ok, this);
     box.setTextFormat(Qt::PlainText);
     box.exec();
-    if (field)
-        field->setFocus();
+    if (!field)
+        return;
+    field->setFocus();
+    // A refused date is typed over from its first digit; behind the last one its mask takes no key.
+    if (auto *date = qobject_cast<DateField *>(field))
+        date->home(false);
 }
 
 void Screen::alarm(const QString &text)
@@ -167,6 +175,20 @@ void Screen::alarm(const QString &text)
     QMessageBox box(QMessageBox::Critical, windowTitle(), text, QMessageBox::Ok, this);
     box.setTextFormat(Qt::PlainText);
     box.exec();
+}
+
+void Screen::post(const QString &text)
+{
+    m_posted << text;
+    QMetaObject::invokeMethod(this, &Screen::showPosted, Qt::QueuedConnection);
+}
+
+bool Screen::showPosted()
+{
+    const bool any = !m_posted.isEmpty();
+    while (!m_posted.isEmpty())
+        inform(m_posted.takeFirst());
+    return any;
 }
 
 bool Screen::ask(const QString &text, QMessageBox::StandardButton defaultButton, QMessageBox::Icon icon)

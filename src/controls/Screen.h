@@ -2,6 +2,7 @@
 
 #include "host/WorkingState.h"
 #include <QMessageBox>
+#include <QStringList>
 #include <QWidget>
 #include <deque>
 #include <functional>
@@ -30,6 +31,9 @@ public:
     /// A plain box with one OK button, with the focus back in `field` afterwards.
     void inform(const QString &text, QWidget *field = nullptr);
     void alarm(const QString &text);
+    /// A plain box that comes when the present event is over; a command given meanwhile shows it at once and does not
+    /// run, since what it tells of has changed what the command would work on.
+    void post(const QString &text);
     /// A question with Yes and No.
     bool ask(const QString &text, QMessageBox::StandardButton defaultButton = QMessageBox::Yes,
              QMessageBox::Icon icon = QMessageBox::Question);
@@ -78,11 +82,13 @@ private:
     };
     void queueFocusChange(QWidget *field, bool left);
     bool applyFocusChanges();
+    bool showPosted();
     bool leave(QWidget *widget);
 
     QHash<QObject *, Field> m_fields;
     std::deque<FocusChange> m_focusChanges;
     bool m_applying = false;
+    QStringList m_posted;
     std::optional<CompanyState> m_company;
 };
 

@@ -3,6 +3,8 @@
 #include "bills/DocumentList.h"
 #include "store/Connection.h"
 #include "store/ErrorLog.h"
+#include <array>
+#include <vector>
 
 namespace ledgora {
 
@@ -50,18 +52,27 @@ const PartySource otherClients{"Select * from GST_OthCl",
 void addParties(Connection &db, Cells &parties, const PartySource &source)
 {
     Recordset rows = db.Open(QLatin1String(source.query));
+    const auto column = [&rows](const char *name) { return name ? rows.column(QLatin1String(name)) : -1; };
+    const int code = column(source.code);
+    const std::array<std::pair<int, int>, 4> sources{{{PartyName, column(source.name)},
+                                                      {PartyPan, column(source.pan)},
+                                                      {PartyGstin, column(source.gstin)},
+                                                      {PartyState, column(source.state)}}};
+    std::vector<int> address;
+    for (const QString &name : source.address)
+        address.push_back(rows.column(name));
     const int firstRow = parties.rows();
     parties.setRows(firstRow + int(rows.recordCount()));
     for (int row = firstRow; rows.next(); ++row) {
-        const auto text = [&rows](const char *column) { return column ? rows.text(QLatin1String(column)) : QString(); };
+        parties.setText(row, PartyCode, QLatin1String(source.codeMark) + rows.text(code));
+        for (const auto &[cell, from] : sources)
+            parties.setText(row, cell, rows.text(from));
         QStringList parts;
-        for (const QString &column : source.address)
-            parts << rows.text(column);
-        QString address = oneLineAddress(parts);
-        if (source.zeroAddressIsEmpty && address == QLatin1String("0"))
-            address.clear();
-        parties.setRow(row, {QLatin1String(source.codeMark) + text(source.code), text(source.name), text(source.pan),
-                             text(source.gstin), text(source.state), address});
+        for (const int part : address)
+            parts << rows.text(part);
+        const QString line = oneLineAddress(parts);
+        const bool empty = source.zeroAddressIsEmpty && line == QLatin1String("0");
+        parties.setText(row, PartyAddress, empty ? QString() : line);
     }
 }
 

@@ -3,13 +3,14 @@
 #include "store/Dates.h"
 #include "store/NumberFormat.h"
 #include <algorithm>
+#include <compare>
 #include <numeric>
 
 namespace ledgora {
 
 namespace {
 
-/// Order of the data rows by keys computed once a row, stable among equals.
+/// Order of the data rows by keys computed once a row, stable among equals; empty when they stand in order already.
 template<class Key, class KeyOf>
 std::vector<int> sortedOrder(int first, int last, KeyOf keyOf)
 {
@@ -17,6 +18,8 @@ std::vector<int> sortedOrder(int first, int last, KeyOf keyOf)
     keys.reserve(size_t(last - first));
     for (int row = first; row < last; ++row)
         keys.push_back(keyOf(row));
+    if (std::ranges::is_sorted(keys))
+        return {};
     std::vector<int> order(keys.size());
     std::iota(order.begin(), order.end(), 0);
     std::ranges::stable_sort(order, [&keys](int a, int b) { return keys[size_t(a)] < keys[size_t(b)]; });
@@ -39,6 +42,28 @@ QString byCodePoints(QString text)
     }
     return text;
 }
+
+/// Key of a text sort. The first units of the upper-cased text decide most comparisons without touching the text.
+struct TextKey
+{
+    quint64 beginning;
+    QString upper;
+    QString own;
+
+    explicit TextKey(const QString &text) : beginning(0), upper(byCodePoints(text.toUpper())), own(byCodePoints(text))
+    {
+        for (qsizetype i = 0; i < 4; ++i)
+            beginning = beginning << 16U | (i < upper.size() ? upper.at(i).unicode() : 0U);
+    }
+    std::strong_ordering operator<=>(const TextKey &other) const
+    {
+        if (beginning != other.beginning)
+            return beginning <=> other.beginning;
+        const int byUpper = upper.compare(other.upper);
+        return (byUpper != 0 ? byUpper : own.compare(other.own)) <=> 0;
+    }
+    bool operator==(const TextKey &other) const { return own == other.own; }
+};
 
 bool matches(const QString &cell, const QString &text, Cells::Match match)
 {
@@ -158,9 +183,7 @@ void Cells::sort(int column, Sort kind)
         order = sortedOrder<double>(m_fixedRows, rows(), [&](int row) { return value(row, column); });
         break;
     case Sort::Text:
-        order = sortedOrder<std::pair<QString, QString>>(m_fixedRows, rows(), [&](int row) {
-            return std::pair(byCodePoints(text(row, column).toUpper()), byCodePoints(text(row, column)));
-        });
+        order = sortedOrder<TextKey>(m_fixedRows, rows(), [&](int row) { return TextKey(text(row, column)); });
         break;
     case Sort::Date:
         order = sortedOrder<qint64>(m_fixedRows, rows(), [&](int row) {
@@ -169,10 +192,12 @@ void Cells::sort(int column, Sort kind)
         });
         break;
     }
+    if (order.empty())
+        return;
     std::vector<Row> sorted;
     sorted.reserve(order.size());
     for (const int index : order)
-        sorted.push_back(std::move(m_rows[size_t(m_fixedRows + index)]));
+        sorted.push_back(std::move(m_rows[size_t(m_fixedRows) + size_t(index)]));
     std::ranges::move(sorted, m_rows.begin() + m_fixedRows);
     ++m_shape;
 }

@@ -226,7 +226,16 @@ QString plainNumber(double value)
 
 double Val(const QString &text)
 {
-    return numericPrefix(text).value;
+    // Nearly every text that is asked is a whole number of a few digits, and long lists are sorted by them.
+    constexpr qsizetype exactDigits = 15;
+    const bool whole = text.size() <= exactDigits
+                       && std::all_of(text.begin(), text.end(), [](QChar c) { return c >= u'0' && c <= u'9'; });
+    if (!whole)
+        return numericPrefix(text).value;
+    qint64 value = 0;
+    for (const QChar digit : text)
+        value = value * 10 + (digit.unicode() - u'0');
+    return double(value);
 }
 
 bool isNumeric(const QString &text)

@@ -20,6 +20,9 @@ public:
     qint64 recordCount() const { return m_count; }
     bool next();
 
+    /// Position of a column, -1 when there is none: for loops over many rows, which then read by position.
+    int column(const QString &name) const { return indexOf(name); }
+
     bool isNull(const QString &column) const;
     QString text(const QString &column) const;   ///< NULL is ""
     double number(const QString &column) const;  ///< NULL is 0

@@ -5,7 +5,6 @@
 #include "app/MainWindow.h"
 #include "app/Office.h"
 #include "controls/ChoiceBox.h"
-#include "support/Print.h"
 #include "support/Screens.h"
 #include <QLabel>
 #include <QMdiArea>
@@ -52,7 +51,6 @@ TEST_F(ClientEditorTest, FirstStartSaysWhatToDo)
 {
     open();
     EXPECT_EQ(find<QLabel>("lblClientsHint")->text(), "There is no client yet. Press Alt+A to add the first one.");
-    Boxes boxes;
     for (const char letter : {'M', 'D'}) {
         boxes.expect("Please Select a Client.");
         alt(letter);
@@ -126,7 +124,6 @@ TEST_F(ClientEditorTest, FaultsKeepTheEntryAndPointAtTheField)
 {
     addHostCompany(1, "ACME", "ACME LTD.");
     open();
-    Boxes boxes;
     alt('A');
     const auto refused = [&](const char *message, const char *field) {
         boxes.expect(message);
@@ -162,7 +159,6 @@ TEST_F(ClientEditorTest, NewNameFromADayKeepsTheFormerForEarlierYears)
     open();
     press(Qt::Key_Return);
     retype("txtClientName", "ACME INDIA LTD.");
-    Boxes boxes;
     retype("txtClientChangedFrom", "16062024");
     boxes.expect("The day of the change can not lie in the future.");
     alt('S');
@@ -184,7 +180,6 @@ TEST_F(ClientEditorTest, OldSpellingOfAStateIsChosenAnew)
     open();
     press(Qt::Key_Return);
     EXPECT_EQ(choice("cboClientState"), "");
-    Boxes boxes;
     boxes.expect("Please specify 'State' !");
     alt('S');
 }
@@ -195,7 +190,6 @@ TEST_F(ClientEditorTest, ClientWithDocumentsStays)
     data().run("Insert Into GST_BillM (BillSrNo,Code_No) Values (1,'LLP!~!RIVER'),(2,'LLP!~!RIVER')");
     data().run("Insert Into GST_RecpM (RecpSrNo,Code_No) Values (1,'LLP!~!RIVER')");
     open();
-    Boxes boxes;
     boxes.expect("[RIVER LLP] has 2 bills and 1 receipt. A client with bills or receipts can not be deleted.");
     alt('D');
     EXPECT_EQ(chosen(), "RIVER");
@@ -205,7 +199,6 @@ TEST_F(ClientEditorTest, DeletingIsAskedForWithNoAsDefault)
 {
     addHostCompany(1, "ACME", "ACME LTD.");
     open();
-    Boxes boxes;
     const char *question = "Do you really want to delete the client [ACME LTD.] ?";
     boxes.expect(question, QMessageBox::No).icon(QMessageBox::Critical).defaultButton(QMessageBox::No);
     alt('D');
@@ -223,7 +216,6 @@ TEST_F(ClientEditorTest, ClientDeletedByAnotherUserLosesNothingTyped)
     press(Qt::Key_Return);
     retype("txtClientName", "ACME INDIA LTD.");
     data().run("Delete From Comp_Master");
-    Boxes boxes;
     boxes.expect("The database did not take the entry. What was typed is still here; press Save to try again.")
         .icon(QMessageBox::Critical);
     alt('S');
@@ -246,7 +238,6 @@ TEST_F(ClientEditorTest, SaveThatMeetsALockCanBePressedAgain)
     type("GOA");
     press(Qt::Key_Return);
     ASSERT_TRUE(data().other().Execute("LOCK TABLES Comp_Master Read"));
-    Boxes boxes;
     boxes.expect("Invalid ID generated for the new Record. Can't Save !").icon(QMessageBox::Critical);
     alt('S');
     EXPECT_EQ(text("txtClientName"), "ACME LTD.");
@@ -266,7 +257,6 @@ TEST_F(ClientEditorTest, HistoryThatFailedIsWrittenByTheNextSave)
     retype("txtClientName", "ACME INDIA LTD.");
     retype("txtClientChangedFrom", "01042023");
     ASSERT_TRUE(data().other().Execute("LOCK TABLES ChangeName Read"));
-    Boxes boxes;
     boxes.expect("The client is saved, but the database did not take the change into its history of names and "
                  "addresses. Press Save to try again.");
     alt('S');

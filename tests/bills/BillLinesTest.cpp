@@ -319,25 +319,25 @@ TEST(BillLine, IsInUseWithAnyTextOrAmount)
 {
     const struct
     {
-        int column;
         const char *text;
+        int column;
         bool inUse;
-    } cases[] = {{ParticularsColumn, "Audit", true},
-                 {ParticularsColumn, "  \t", false},
-                 {SacColumn, "998221", true},
-                 {PeriodColumn, "FY", true},
-                 {YearColumn, "2024", false},
-                 {AmountColumn, "1", true},
-                 {AmountColumn, "-1", true},
-                 {AmountColumn, "0", false},
-                 {DiscountColumn, "1", true},
-                 {NetColumn, "5", false},
-                 {CgstColumn, "1", true},
-                 {SgstColumn, "1", true},
-                 {IgstColumn, "1", true},
-                 {TotalColumn, "5", false},
-                 {EditTaxColumn, "Y", false},
-                 {IgstRateColumn, "28", false}};
+    } cases[] = {{"Audit", ParticularsColumn, true},
+                 {"  \t", ParticularsColumn, false},
+                 {"998221", SacColumn, true},
+                 {"FY", PeriodColumn, true},
+                 {"2024", YearColumn, false},
+                 {"1", AmountColumn, true},
+                 {"-1", AmountColumn, true},
+                 {"0", AmountColumn, false},
+                 {"1", DiscountColumn, true},
+                 {"5", NetColumn, false},
+                 {"1", CgstColumn, true},
+                 {"1", SgstColumn, true},
+                 {"1", IgstColumn, true},
+                 {"5", TotalColumn, false},
+                 {"Y", EditTaxColumn, false},
+                 {"28", IgstRateColumn, false}};
     for (const auto &c : cases)
         EXPECT_EQ(isBillLineInUse(linesWith({{c.column, c.text}}), firstLine), c.inUse) << c.column << c.text;
 }

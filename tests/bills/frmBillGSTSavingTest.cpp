@@ -114,7 +114,6 @@ TEST_F(BillScreen, HeadIsCheckedInTheOrderOfTheFields)
 {
     open();
     alt('A');
-    Boxes boxes;
     const auto refused = [&](const char *message, const char *field) {
         boxes.expect(message).icon(QMessageBox::Information);
         alt('U');
@@ -184,7 +183,6 @@ TEST_F(BillScreen, SecondLineIsRefusedAtItsFault)
             clickCell("vsB", firstLine + 1, typed.column);
             type(typed.typed);
         }
-        Boxes boxes;
         boxes.expect(c.message).icon(QMessageBox::Information);
         alt('U');
         EXPECT_EQ(focus(), "vsB");
@@ -207,7 +205,6 @@ TEST_F(BillScreen, PaidBillKeepsPartyDateAndWhatWasReceived)
         EXPECT_TRUE(find<QWidget>(open)->isEnabled()) << open;
     clickCell("vsB", firstLine, AmountColumn);
     type("999");
-    Boxes boxes;
     boxes.expect("Bill amount is less than Total Amount of Receipt Issued against this Bill.");
     alt('U');
     EXPECT_TRUE(isEditing());
@@ -231,7 +228,6 @@ TEST_F(BillScreen, DeleteAsksAndSparesPaidBills)
     addBill(3, 3, QDate(2024, 5, 3), Ashok, 1000);
     addReceipt(1, 1, 10);
     open();
-    Boxes boxes;
     boxes.expect("Do you want to Delete the Selected Bill No. 1?", QMessageBox::Yes)
         .icon(QMessageBox::Question)
         .defaultButton(QMessageBox::No);
@@ -267,7 +263,6 @@ TEST_F(BillScreen, NumberIsTakenOnceASeries)
     keyHead("ASHOK");
     keyLine("Audit", "1000");
     retype("txtbillno", "1");
-    Boxes boxes;
     boxes.expect("Duplicate Bill No.").icon(QMessageBox::Information);
     alt('U');
     EXPECT_EQ(focus(), "txtbillno");
@@ -296,7 +291,6 @@ TEST_F(BillScreen, NumbersOutOfTheOrderOfDatesAreAskedFor)
         "already exists. Do you want to Save anyway?";
     const QString higher = "Invalid Entry. Bill No. 6 (Which is greater than 5) Dated 01/06/2024 (Which is lesser than "
                            "05/06/2024) already exists. Do you want to Save anyway?";
-    Boxes boxes;
     boxes.expect(lower, QMessageBox::No).icon(QMessageBox::Question);
     alt('U');
     EXPECT_TRUE(isEditing());
@@ -320,11 +314,8 @@ TEST_F(BillScreen, TableHeldByAnotherUserRefusesTheSaveAndKeepsTheEntry)
     keyLine("Audit", "1000");
     retype("txtNarr", "Kept");
     ASSERT_TRUE(data().other().Execute("LOCK TABLE GST_BillM WRITE"));
-    {
-        Boxes boxes;
-        boxes.expect("Invalid ID generated for the new Record. Can't Save !").icon(QMessageBox::Critical);
-        alt('U');
-    }
+    boxes.expect("Invalid ID generated for the new Record. Can't Save !").icon(QMessageBox::Critical);
+    alt('U');
     ASSERT_TRUE(data().other().Execute("UNLOCK TABLES"));
     EXPECT_TRUE(isEditing());
     EXPECT_EQ(text("txtpartynm"), "ASHOK TRADERS");
@@ -347,15 +338,12 @@ TEST_F(BillScreen, BillWhoseLinesFailedIsCompletedByTheNextUpdate)
     keyLine("Audit", "1000");
     retype("txtNarr", "Kept");
     data().run("Rename Table GST_BillD To GST_BillD_Away");
-    {
-        Boxes boxes;
-        boxes
-            .expect("The database did not take everything. Not saved: removal of the earlier lines, line 1.\n\nWhat "
-                    "was typed is "
-                    "still here; press Update to try again.")
-            .icon(QMessageBox::Critical);
-        alt('U');
-    }
+    boxes
+        .expect("The database did not take everything. Not saved: removal of the earlier lines, line 1.\n\nWhat "
+                "was typed is "
+                "still here; press Update to try again.")
+        .icon(QMessageBox::Critical);
+    alt('U');
     data().run("Rename Table GST_BillD_Away To GST_BillD");
     EXPECT_TRUE(isEditing());
     EXPECT_EQ(text("txtNarr"), "Kept");
@@ -377,13 +365,10 @@ TEST_F(BillScreen, BillDeletedByAnotherUserIsNotSavedAsChanged)
     data().run("Delete From GST_BillM");
     data().run("Delete From GST_BillD");
     failuresAreExpected();
-    {
-        Boxes boxes;
-        boxes.expect("The database did not take everything. Not saved: the bill.\n\nWhat was typed is still here; "
-                     "press Update to "
-                     "try again.");
-        alt('U');
-    }
+    boxes.expect("The database did not take everything. Not saved: the bill.\n\nWhat was typed is still here; "
+                 "press Update to "
+                 "try again.");
+    alt('U');
     EXPECT_TRUE(isEditing());
     EXPECT_EQ(text("txtNarr"), "Changed");
     EXPECT_EQ(storedLines(), QStringList()) << "no lines without a header";

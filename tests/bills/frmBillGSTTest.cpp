@@ -3,6 +3,7 @@
 #include "BillScreen.h"
 #include "controls/ChoiceBox.h"
 #include <QAbstractButton>
+#include <QApplication>
 #include <QTest>
 
 using namespace ledgora;
@@ -19,8 +20,7 @@ TEST_F(BillScreen, EmptyYearAllowsAddAndNothingElse)
     EXPECT_EQ(choice("cbofyr"), "2024-25");
     EXPECT_EQ(find<ChoiceBox>("cbosr")->count(), 1);
     EXPECT_EQ(choice("cbosr"), "(None)");
-    const Boxes none; // Modify and Delete do nothing at all, with no message
-    alt('M');
+    alt('M'); // Modify and Delete do nothing at all, with no message
     alt('D');
     EXPECT_FALSE(isEditing());
 }
@@ -135,6 +135,15 @@ TEST_F(BillScreen, TypeAheadPageKeysGoByWhatIsVisible)
     EXPECT_EQ(parties->row(), parties->cells().rows() - 1);
 }
 
+TEST_F(BillScreen, PageDownWithoutASelectionGoesToTheLastVisibleRowToo)
+{
+    open();
+    alt('A');
+    ASSERT_EQ(find<Grid>("vsListC")->row(), -1);
+    press(Qt::Key_PageDown);
+    EXPECT_EQ(find<Grid>("vsListC")->row(), 3);
+}
+
 TEST_F(BillScreen, PartyIsTakenOnLeavingTheFieldAndSetsPlaceAndTaxType)
 {
     open();
@@ -180,7 +189,6 @@ TEST_F(BillScreen, NumberFieldTakesDigitsOnly)
     open();
     alt('A');
     retype("txtbillno", "12");
-    Boxes boxes;
     boxes.expect("Enter Numeric Value.").icon(QMessageBox::Information);
     type("x");
     boxes.expect("Enter Numeric Value.");
@@ -213,7 +221,6 @@ TEST_P(RefusedField, KeepsTheFocusAndCancelSkipsTheCheck)
     open();
     alt('A');
     retype(c.field, c.typed);
-    Boxes boxes;
     boxes.expect(c.message).icon(QMessageBox::Information);
     press(Qt::Key_Tab);
     EXPECT_TRUE(boxes.wait());
@@ -257,7 +264,6 @@ TEST_F(BillScreen, FirstYearBeginsInJuly)
     ASSERT_EQ(choice("cbofyr"), "2017-18");
     alt('A');
     retype("txtbilldt", "30062017");
-    Boxes boxes;
     boxes.expect("Please Specify a Valid 'Bill Date' between 01/07/2017 and 31/03/2018.");
     press(Qt::Key_Tab);
     EXPECT_TRUE(boxes.wait());
@@ -289,7 +295,6 @@ TEST_F(BillScreen, EscapeClosesWhatStandsInFrontOneByOne)
     EXPECT_FALSE(isShown("vsListC"));
     EXPECT_EQ(text("txtpartynm"), "") << "the party is empty, though one was chosen before";
 
-    Boxes boxes;
     boxes.expect("Do you want to Cancel Entry?", QMessageBox::No);
     press(Qt::Key_Escape);
     EXPECT_TRUE(isEditing());
@@ -433,7 +438,6 @@ TEST_F(BillScreen, TypedAmountsAndRatesAreNormalised)
     press(Qt::Key_Return);
     EXPECT_EQ(cell(firstLine, CgstRateColumn), "12.3457");
     EXPECT_EQ(cell(firstLine, CgstColumn), "12");
-    Boxes boxes;
     boxes.expect("Please Specify Valid Amount. Numeric Only.").icon(QMessageBox::Information);
     clickCell("vsB", firstLine, SgstRateColumn);
     type("abc");
@@ -535,7 +539,6 @@ TEST_F(BillScreen, PreviewHandsTheEngineWhatStandsOnTheScreen)
     press(Qt::Key_Home);
     alt('U');
     ASSERT_FALSE(isEditing());
-    Boxes boxes;
     boxes.expect("Missing Template File [" + folder() + "/GST_Templates/GST_Intra_Bill.doc]");
     alt('P');
     EXPECT_EQ(NotingReporter::asked(), QStringList());
@@ -575,6 +578,138 @@ TEST_F(BillScreen, PreviewHandsTheEngineWhatStandsOnTheScreen)
     EXPECT_TRUE(asked.contains("#TOTWORDS#=Rupees One Hundred Eighteen Only"));
     EXPECT_TRUE(asked.contains("#NOTE#=Narration 7"));
     EXPECT_EQ(asked.last(), "ShowReport");
+}
+
+TEST_F(BillScreen, PartyJustTypedIsTakenByTheCommand)
+{
+    open();
+    alt('A');
+    type("BHARAT");
+    boxes.expect("Please specify atleast one 'Particular'.");
+    alt('U');
+    EXPECT_EQ(text("txtpartynm"), "BHARAT MILLS");
+    EXPECT_EQ(choice("cboTaxType"), "Inter-State (IGST)");
+    EXPECT_FALSE(isShown("vsListC"));
+}
+
+TEST_F(BillScreen, PartyIsTakenFromTheListByTheMouse)
+{
+    open();
+    alt('A');
+    auto *parties = find<Grid>("vsListC");
+    const QPoint row = parties->visualRect(parties->model()->index(3, 1)).center();
+    QTest::mouseClick(parties->viewport(), Qt::LeftButton, {}, row);
+    EXPECT_TRUE(parties->isVisible());
+    EXPECT_EQ(focus(), "txtpartynm");
+    QTest::mouseDClick(parties->viewport(), Qt::LeftButton, {}, row);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(focus(), "cbosr");
+    EXPECT_EQ(text("txtpartynm"), "CHETAK STORES");
+    EXPECT_FALSE(isShown("vsListC"));
+}
+
+TEST_F(BillScreen, UpdateByTheMouseLeavesTheFieldFirst)
+{
+    open();
+    keyHead("ASHOK");
+    keyLine("Audit", "1000");
+    retype("txtbilldt", "31032024");
+    boxes.expect("Please Specify a Valid 'Bill Date' between 01/04/2024 and 31/03/2025.");
+    click("cmdupdate");
+    EXPECT_EQ(focus(), "txtbilldt");
+    EXPECT_TRUE(isEditing());
+    type("01042024");
+    clickCell("vsB", firstLine, AmountColumn);
+    type("2000");
+    click("cmdupdate");
+    EXPECT_FALSE(isEditing());
+    EXPECT_EQ(data().rows("Select date(BillDt),ServAmt From GST_BillM,GST_BillD"), QStringList{"2024-04-01|2000"});
+}
+
+TEST_F(BillScreen, EscapeInAChangedCellGivesItsFormerTextBackFirst)
+{
+    open();
+    keyHead("ASHOK");
+    keyLine("Audit", "1000");
+    press(Qt::Key_Return);
+    clickCell("vsB", firstLine, ParticularsColumn);
+    type("Other");
+    press(Qt::Key_Escape);
+    EXPECT_EQ(cell(firstLine, ParticularsColumn), "Audit");
+    boxes.expect("Do you want to Cancel Entry?", QMessageBox::No);
+    press(Qt::Key_Escape);
+    EXPECT_TRUE(isEditing());
+}
+
+TEST_F(BillScreen, TenthLineIsTheLast)
+{
+    open();
+    keyHead("ASHOK");
+    for (int line = 0; line < 10; ++line) {
+        clickCell("vsB", firstLine + line, ParticularsColumn);
+        keyLine(QStringLiteral("Line %1").arg(line + 1), "100");
+    }
+    press(Qt::Key_Return, Qt::NoModifier, 9);
+    EXPECT_EQ(focus(), "txtNarr");
+    EXPECT_EQ(lines().rows(), firstLine + 10);
+    EXPECT_EQ(cell(2, TotalColumn), "1180");
+}
+
+TEST_F(BillScreen, UpdateTakesTheEntryThatAnOpenListStandsOn)
+{
+    open();
+    keyHead("ASHOK");
+    keyLine("Audit", "1000");
+    press(Qt::Key_Return);
+    clickCell("vsB", firstLine, SacColumn);
+    press(Qt::Key_Return); // opens the list
+    press(Qt::Key_Home);
+    press(Qt::Key_Down, Qt::NoModifier, 5);
+    ASSERT_NE(QApplication::activePopupWidget(), nullptr);
+    alt('U');
+    EXPECT_FALSE(isEditing());
+    EXPECT_EQ(data().rows("Select SAC From GST_BillD"), QStringList{"998231"});
+}
+
+TEST_F(BillScreen, PickListIsSearchedFromTheFirstKeyOn)
+{
+    open();
+    keyHead("ASHOK");
+    keyLine("Audit", "1000");
+    press(Qt::Key_Return);
+    clickCell("vsB", firstLine, SacColumn);
+    type("998231");
+    press(Qt::Key_Return);
+    EXPECT_EQ(cell(firstLine, SacColumn), "998231");
+}
+
+TEST_F(BillScreen, QuotesAndBackslashesInNamesAndTextsComeBackAsTyped)
+{
+    data().run("Insert Into GST_OthCl (OthClSrNo,OthClCode,Nm,StateNm) Values (9,'BILL~OTHCL-000009','D''SOUZA \\\\ "
+               "SONS','DELHI')");
+    open();
+    keyHead("D'S");
+    EXPECT_EQ(text("txtpartynm"), "D'SOUZA \\ SONS");
+    const QString hostile = "'); Drop Table GST_BillD; -- \\\" {\\rtf #SN_1# %1";
+    keyLine(hostile, "1000");
+    retype("txtNarr", hostile);
+    alt('U');
+    EXPECT_FALSE(isEditing());
+    EXPECT_EQ(data().rows("Select part From GST_BillD"), QStringList{hostile});
+    EXPECT_EQ(text("txtNarr"), hostile);
+    EXPECT_EQ(cell(firstLine, ParticularsColumn), hostile);
+}
+
+TEST_F(BillScreen, ShortDateIsCompletedInTheYear)
+{
+    open();
+    alt('A');
+    retype("txtbilldt", "0107");
+    press(Qt::Key_Return);
+    EXPECT_EQ(text("txtbilldt"), "01/07/2024");
+    retype("txtbilldt", "0102");
+    press(Qt::Key_Return);
+    EXPECT_EQ(text("txtbilldt"), "01/02/2025");
 }
 
 } // namespace

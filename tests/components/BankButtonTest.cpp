@@ -90,7 +90,6 @@ TEST_F(BankButton, BackingOutChangesNothing)
 
 TEST_F(BankButton, SaysWhenThereIsNothingToLookIn)
 {
-    Boxes boxes;
     NotingLookup::answer = {"?", "", "", ""};
     typeBank("SBIN0001234");
     boxes.expect("Missing Latest Update File ! Please update the software again.");
@@ -101,7 +100,6 @@ TEST_F(BankButton, SaysWhenThereIsNothingToLookIn)
 TEST_F(BankButton, SaysSoWithoutTheComponentAndLogsIt)
 {
     failuresAreExpected();
-    Boxes boxes;
     Registry::instance().remove(BankLookup::progId);
     boxes.expect("Missing Latest Update File ! Please update the software again.");
     click("cmdIFSC");

@@ -189,6 +189,26 @@ TEST_F(ConnectionTest, SecondStatementDuringAWaitIsRefusedAndSpoilsNothing)
     EXPECT_EQ(log.lines().back().at(1), "1146");
 }
 
+TEST_F(ConnectionTest, InterruptEndsTheStatementAndNotTheConnection)
+{
+    const QString id = database->rows("Select Connection_Id()").value(0);
+    db().setInterrupt([&id] { database->other().Execute("Kill Query " + id); });
+    db().setWaitHook([](int socket, short events, int) -> short {
+        constexpr int patience = 20;
+        pollfd ready{socket, events, 0};
+        while (poll(&ready, 1, patience) == 0)
+            db().interrupt();
+        return ready.revents;
+    });
+    EXPECT_FALSE(db().Execute("Update Notes Set Amount=Sleep(60) Where Id=1"));
+    EXPECT_EQ(db().lastErrorNumber(), unsigned(ER_QUERY_INTERRUPTED));
+    EXPECT_FALSE(db().isLost());
+    db().setWaitHook({});
+    db().setInterrupt({});
+    EXPECT_EQ(log.lines().size(), 1U);
+    EXPECT_EQ(database->rows("Select Amount From Notes Where Id=1"), QStringList{"1.5"});
+}
+
 TEST_F(ConnectionTest, WithoutAHandleEveryStatementFailsAndIsLogged)
 {
     Connection none;
@@ -221,7 +241,7 @@ TEST_F(ConnectionTest, LostServerIsNoticedLoggedAndSurvived)
 TEST_F(ConnectionTest, TextsOfEveryKindGoThroughWhole)
 {
     database->run("Alter Table Notes Modify Words text");
-    for (const QString &text : {QString("O'Neil \\ \"and\" `sons`"), QString("\u0930\u092E\u0947\u0936 \u20B9"),
+    for (const QString &text : {QString(R"(O'Neil \ "and" `sons`)"), QString("\u0930\u092E\u0947\u0936 \u20B9"),
                                 QString("\U0001F600"), QString::fromUtf8("a\0b", 3), QString("\r\n\t\x1A%_")}) {
         EXPECT_TRUE(db().Execute("Update Notes Set Words=" + quoted(text) + " Where Id=1"));
         Recordset rows = db().Open("Select Words From Notes Where Words=" + quoted(text));

@@ -2,6 +2,7 @@
 
 #include "Boxes.h"
 #include "Database.h"
+#include "Print.h"
 #include "controls/Grid.h"
 #include "host/ClsGST.h"
 #include "platform/Reporter.h"
@@ -29,7 +30,7 @@ public:
 
 /// A working period as host "C" in June 2024, over one database a suite and a fresh folder a test, and the hands of a
 /// user: keys go to the window that has them at that moment. A test that leaves a line in the error log fails, unless
-/// it said that failures are part of it.
+/// it said that failures are part of it; a box that nobody expects fails it too, and is closed.
 class ScreenTest : public testing::Test
 {
 protected:
@@ -37,6 +38,8 @@ protected:
     static void TearDownTestSuite() { s_data.reset(); }
     void SetUp() override;
     void TearDown() override;
+
+    Boxes boxes; ///< what the test expects to be told and asked
 
     static Database &data() { return *s_data; }
     QString folder() const { return m_folder.path(); }

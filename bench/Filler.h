@@ -1,0 +1,17 @@
+#pragma once
+
+namespace ledgora {
+class Connection;
+}
+
+namespace ledgora::bench {
+
+/// Adds `count` other clients whose names begin with each letter of the alphabet in turn, ids from 1 on. Throws
+/// std::runtime_error when a statement fails.
+void fillParties(Connection &db, int count);
+
+/// Adds `count` bills of two lines each to a company's year, for the parties of `fillParties` in turn. Ids and
+/// numbers go on from the highest there are.
+void fillBills(Connection &db, int firmId, int year, int count, int parties);
+
+} // namespace ledgora::bench

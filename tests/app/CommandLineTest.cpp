@@ -1,0 +1,72 @@
+// The words of a call of the program.
+
+#include "app/CommandLine.h"
+#include <gtest/gtest.h>
+
+using namespace ledgora::app;
+using Command = CommandLine::Command;
+
+namespace {
+
+struct Call
+{
+    const char *name;
+    QStringList words; ///< behind the program's name
+    Command command;
+    const char *says = ""; ///< part of the text for wrong usage and help
+};
+
+class CommandLineCall : public testing::TestWithParam<Call>
+{
+};
+
+TEST_P(CommandLineCall, IsUnderstood)
+{
+    const CommandLine line = readCommandLine(QStringList{"ledgora"} + GetParam().words);
+    EXPECT_EQ(int(line.command), int(GetParam().command)) << line.text.toStdString();
+    EXPECT_TRUE(line.text.contains(GetParam().says)) << line.text.toStdString();
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Calls, CommandLineCall,
+    testing::Values(
+        Call{"Bare", {}, Command::Window}, Call{"OpenGst", {"--open", "gst"}, Command::Window},
+        Call{"OpenElsewhere", {"--open", "moon"}, Command::Wrong, "--open"},
+        Call{"UnknownCommand", {"dmeo"}, Command::Wrong, "dmeo"},
+        Call{"UnknownOption", {"--colour"}, Command::Wrong, "colour"},
+        Call{"OptionOfAnotherCommand", {"balance", "--out", "x"}, Command::Wrong, "out"},
+        Call{"Demo", {"demo", "--out", "x"}, Command::Demo},
+        Call{"DemoWithoutAFolder", {"demo"}, Command::Wrong, "--out"},
+        Call{"DemoWithTooMuch", {"demo", "--out", "x", "y"}, Command::Wrong, "y"},
+        Call{"DemoOnNoDay", {"demo", "--out", "x", "--today", "31/02/2024"}, Command::Wrong, "--today"},
+        Call{"Balance", {"balance", "--firm", "1", "--party", "X"}, Command::Balance},
+        Call{"BalanceWithoutAParty", {"balance", "--firm", "1"}, Command::Wrong, "--party"},
+        Call{"BalanceOfNoNumber", {"balance", "--firm", "one", "--party", "X"}, Command::Wrong, "--firm"},
+        Call{"BalanceOfAHugeNumber", {"balance", "--firm", "99999999999", "--party", "X"}, Command::Wrong, "--firm"},
+        Call{"OptionWithoutItsValue", {"--data"}, Command::Wrong, "data"},
+        Call{"Help", {"--help"}, Command::Help, "ledgora balance"},
+        Call{"HelpOfACommandThatLacksItsOptions", {"demo", "-h"}, Command::Help, "--out"},
+        Call{"Version", {"--version"}, Command::Version}),
+    [](const auto &row) { return row.param.name; });
+
+TEST(CommandLineTest, ValuesAreTaken)
+{
+    const CommandLine line = readCommandLine({"ledgora", "balance", "--party", "LLP!~!A 1", "--data", "/tmp/my office",
+                                              "--firm=12", "--today", "2024-02-29"});
+    EXPECT_EQ(line.party, "LLP!~!A 1");
+    EXPECT_EQ(line.dataFolder, "/tmp/my office");
+    EXPECT_EQ(line.firm, 12);
+    EXPECT_EQ(line.today, QDate(2024, 2, 29));
+    EXPECT_EQ(readCommandLine({"ledgora", "demo", "--out", "x", "--today", "01/04/2023"}).today, QDate(2023, 4, 1));
+    EXPECT_FALSE(readCommandLine({"ledgora"}).today.isValid());
+}
+
+TEST(CommandLineTest, DataFolderDefaultsToTheUsersOwn)
+{
+    const QByteArray former = qgetenv("XDG_DATA_HOME");
+    qputenv("XDG_DATA_HOME", "/somewhere/else");
+    EXPECT_EQ(readCommandLine({"ledgora"}).dataFolder, "/somewhere/else/ledgora");
+    former.isNull() ? qunsetenv("XDG_DATA_HOME") : qputenv("XDG_DATA_HOME", former);
+}
+
+} // namespace

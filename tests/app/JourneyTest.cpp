@@ -1,0 +1,170 @@
+// The program itself, as a user starts it: the demonstration makes an office and documents, and other programs and
+// later runs read them back.
+
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+#include <memory>
+
+namespace {
+
+struct Finished
+{
+    int status;
+    QString output, errors;
+};
+
+Finished run(const QString &program, const QStringList &arguments)
+{
+    QProcess process;
+    process.start(program, arguments);
+    if (!process.waitForFinished(120'000)) {
+        process.kill();
+        process.waitForFinished();
+        return {-1, {}, process.errorString()};
+    }
+    const int status = process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
+    return {status, QString::fromUtf8(process.readAllStandardOutput()),
+            QString::fromUtf8(process.readAllStandardError())};
+}
+
+Finished ledgora(const QStringList &arguments)
+{
+    return run(LEDGORA_PROGRAM, arguments);
+}
+
+/// The words of a PDF file as another program reads them, single blanks between them.
+QString textOf(const QString &pdf)
+{
+    const Finished read = run("pdftotext", {"-layout", pdf, "-"});
+    EXPECT_EQ(read.status, 0) << pdf.toStdString() << ": " << read.errors.toStdString();
+    return read.output.simplified();
+}
+
+/// One office for the whole journey: the demonstration is its first stage, the rest reads what it left.
+class Journey : public testing::Test
+{
+protected:
+    static void SetUpTestSuite()
+    {
+        s_out = std::make_unique<QTemporaryDir>();
+        s_demo = ledgora({"demo", "--out", s_out->path(), "--today", "15/06/2024"});
+    }
+    static void TearDownTestSuite() { s_out.reset(); }
+    void SetUp() override { ASSERT_EQ(s_demo.status, 0) << s_demo.errors.toStdString(); }
+
+    static QString out(const QString &name) { return s_out->filePath(name); }
+    static Finished balance(const QString &party)
+    {
+        return ledgora({"balance", "--firm", "1", "--party", party, "--data", out("office")});
+    }
+
+    static inline std::unique_ptr<QTemporaryDir> s_out;
+    static inline Finished s_demo;
+};
+
+TEST_F(Journey, DocumentsSayWhatWasKeyedIn)
+{
+    struct Document
+    {
+        const char *file;
+        std::initializer_list<const char *> says;
+        const char *saysNot;
+    };
+    const Document documents[] = {
+        {"Bill_1_Intra-State.pdf",
+         {"Gupta Trading Company", "Place of supply DELHI (07)", "15/06/2024", "25000 0 25000 9% 2250 9% 2250 29500",
+          "7500 500 7000 9% 630 9% 630 8260", "1050 0 1050 9% 95 9% 95 1240", "SAC : 998221", "A.Y.",
+          "Rupees Thirty Nine Thousand Only", "Payable within 15 days"},
+         "IGST"},
+        {"Bill_2_Inter-State.pdf",
+         {"Kulkarni Foods Pvt. Ltd.", "MAHARASHTRA (27)", "12345 0 12345 18% 2222 14567", "9000 750 8250 18% 1485 9735",
+          "Rupees Twenty Four Thousand Three Hundred Two Only"},
+         "CGST"},
+        {"Bill_3_No-Tax.pdf",
+         {"1500 0 1500", "200 0 200", "Rupees One Thousand Seven Hundred Only", "Exempted supply"},
+         "CGST"},
+    };
+    for (const Document &document : documents) {
+        const QString text = textOf(out(document.file));
+        for (const char *words : document.says)
+            EXPECT_TRUE(text.contains(words)) << document.file << " lacks \"" << words << "\": " << text.toStdString();
+        EXPECT_FALSE(text.contains(document.saysNot)) << document.file;
+        EXPECT_FALSE(text.contains(QRegularExpression("#[A-Z_0-9]+#"))) << document.file << " shows a placeholder";
+    }
+}
+
+TEST_F(Journey, BalanceIsTheSumOfTheBills)
+{
+    for (const auto &[party, owed] :
+         {std::pair{"BILL~OTHCL-000001", "40800\n"}, {"BILL~OTHCL-000002", "24302\n"}, {"nobody' Or '1'='1", "0\n"}}) {
+        const Finished told = balance(party);
+        EXPECT_EQ(told.status, 0) << told.errors.toStdString();
+        EXPECT_EQ(told.output.toStdString(), owed) << party;
+        EXPECT_EQ(told.errors.toStdString(), "");
+    }
+}
+
+TEST_F(Journey, OfficeIsTheUsersAlone)
+{
+    for (const char *folder : {"office/server", "office/server/data"}) {
+        const auto others = QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup | QFile::ReadOther
+                            | QFile::WriteOther | QFile::ExeOther;
+        EXPECT_TRUE(QFile::exists(out(folder))) << folder;
+        EXPECT_EQ(QFile::permissions(out(folder)) & others, QFile::Permissions()) << folder;
+    }
+}
+
+TEST_F(Journey, SecondDemonstrationReplacesTheFirst)
+{
+    const Finished again = ledgora({"demo", "--out", s_out->path(), "--today", "2024-06-15"});
+    EXPECT_EQ(again.status, 0) << again.errors.toStdString();
+    EXPECT_EQ(balance("BILL~OTHCL-000001").output.toStdString(), "40800\n") << "not twice as much";
+}
+
+TEST(Program, FolderThatIsNoOfficeIsLeftAlone)
+{
+    const QTemporaryDir out;
+    ASSERT_TRUE(QDir(out.path()).mkdir("office"));
+    QFile letter(out.filePath("office/letter.txt"));
+    ASSERT_TRUE(letter.open(QIODevice::WriteOnly));
+    letter.write("Dear Sir");
+    letter.close();
+    const Finished refused = ledgora({"demo", "--out", out.path()});
+    EXPECT_EQ(refused.status, 1);
+    EXPECT_EQ(refused.errors.count('\n'), 1) << refused.errors.toStdString();
+    EXPECT_TRUE(refused.errors.contains(out.filePath("office"))) << refused.errors.toStdString();
+    EXPECT_EQ(QDir(out.filePath("office")).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
+              QStringList{"letter.txt"});
+}
+
+TEST(Program, WrongUsageIsStatusTwoAndMakesNothing)
+{
+    const QTemporaryDir out;
+    const QDir::Filters all = QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot;
+    for (const QStringList &words : {QStringList{"demo"},
+                                     {"balance", "--firm", "1", "--data", out.filePath("office")},
+                                     {"dmeo", "--out", out.filePath("office")},
+                                     {"demo", "--out"}}) {
+        const Finished refused = ledgora(words);
+        EXPECT_EQ(refused.status, 2) << words.join(' ').toStdString();
+        EXPECT_EQ(refused.output.toStdString(), "");
+        EXPECT_TRUE(refused.errors.startsWith("ledgora: ")) << refused.errors.toStdString();
+    }
+    EXPECT_TRUE(QDir(out.path()).entryList(all).isEmpty());
+}
+
+TEST(Program, HelpAndVersionNeedNoOffice)
+{
+    for (const QStringList &words : {QStringList{"--help"}, {"demo", "--help"}, {"balance", "-h"}, {"--version"}}) {
+        const Finished told = ledgora(words);
+        EXPECT_EQ(told.status, 0) << words.join(' ').toStdString();
+        EXPECT_FALSE(told.output.isEmpty());
+        EXPECT_EQ(told.errors.toStdString(), "");
+    }
+}
+
+} // namespace
