@@ -79,6 +79,7 @@ struct ClientUse
 {
     int bills = 0;
     int receipts = 0;
+    bool operator==(const ClientUse &) const = default;
 };
 std::optional<ClientUse> clientUse(Connection &db, const ClientRef &client);
 /// Deletes a client without documents, with its history and its registered GSTIN, since its id or code may be given
