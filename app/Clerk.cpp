@@ -77,9 +77,14 @@ void Clerk::settle()
     QCoreApplication::processEvents();
 }
 
+void Clerk::expect(std::function<void(QWidget &)> use)
+{
+    m_expected.push_back(std::move(use));
+}
+
 void Clerk::expectBox(const QString &text, QMessageBox::StandardButton answer)
 {
-    m_expected.emplace_back([this, text, answer](QWidget &window) {
+    expect([this, text, answer](QWidget &window) {
         const auto *box = qobject_cast<QMessageBox *>(&window);
         if (!box || box->text() != text || !box->button(answer)) {
             noteFault(QStringLiteral("expected the message \"%1\", came \"%2\"")
@@ -93,7 +98,7 @@ void Clerk::expectBox(const QString &text, QMessageBox::StandardButton answer)
 
 void Clerk::expectFileDialog(const QString &path)
 {
-    m_expected.emplace_back([this, path](QWidget &window) {
+    expect([this, path](QWidget &window) {
         auto *name = window.findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
         if (!name)
             return noteFault(QStringLiteral("expected a file dialog, came \"") + window.windowTitle() + u'"');

@@ -30,6 +30,8 @@ public:
     /// The next box is to say `text` and is answered by a key on the button; any other box is noted as a fault and
     /// closed.
     void expectBox(const QString &text, QMessageBox::StandardButton answer = QMessageBox::Ok);
+    /// The next box or dialog is used as `use` does, which leaves it closed.
+    void expect(std::function<void(QWidget &)> use);
     /// The next dialog asks for a file: its name is typed there.
     void expectFileDialog(const QString &path);
 

@@ -239,6 +239,13 @@ void Grid::resizeEvent(QResizeEvent *event)
     sizeColumns();
 }
 
+void Grid::closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint hint)
+{
+    QTableView::closeEditor(editor, hint);
+    if (!m_listMode && !hasFocus())
+        clearSelection(); // the editor had the keys and another field has them now
+}
+
 bool Grid::focusNextPrevChild(bool next)
 {
     if (!m_listMode && currentIndex().isValid() && step(next))

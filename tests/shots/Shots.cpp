@@ -1,7 +1,10 @@
 // Pictures of all screens: the demonstration, photographed where a screen is worth a look. A picture shows the window
 // with whatever list or box stands over it.
 
+#include "app/Clerk.h"
 #include "app/Demo.h"
+#include "app/MainWindow.h"
+#include "app/Office.h"
 #include "store/Dates.h"
 #include <QApplication>
 #include <QDir>
@@ -9,6 +12,8 @@
 #include <QPixmap>
 #include <QWidget>
 #include <cstdio>
+
+using namespace ledgora::app;
 
 namespace {
 
@@ -23,6 +28,57 @@ QPixmap pictureOf(QWidget &window)
     return picture;
 }
 
+/// What the demonstration does not visit: the password dialog, questions, earlier narrations, own templates, the host's
+/// clients.
+QString visitTheRest(const QString &folder, const Look &look)
+{
+    Office office(folder);
+    if (!office.open())
+        return office.error();
+    MainWindow window(office);
+    window.resize(1280, 720);
+    window.show();
+    window.activateWindow();
+    Clerk clerk(window);
+    const auto lookAtBox = [&](const char *name) {
+        clerk.expect([&look, &window, name](QWidget &box) {
+            look(QLatin1String(name), window);
+            box.close();
+        });
+    };
+    clerk.press(Qt::Key_G, Qt::ControlModifier);
+    lookAtBox("company-delete-question");
+    clerk.alt('D');
+    clerk.alt('T');
+    clerk.press(Qt::Key_Down);
+    look(QStringLiteral("template-setup-customized"), window);
+    clerk.press(Qt::Key_Up);
+    clerk.alt('B');
+    clerk.alt('A');
+    clerk.press(Qt::Key_Tab, Qt::NoModifier, 25);
+    clerk.type(QStringLiteral("secret"));
+    lookAtBox("company-password");
+    clerk.press(Qt::Key_Tab);
+    clerk.press(Qt::Key_Escape);
+    clerk.alt('B');
+    clerk.alt('M');
+    clerk.press(Qt::Key_Tab, Qt::ControlModifier);
+    window.findChild<QWidget *>(QStringLiteral("txtNarr"))->setFocus();
+    Clerk::settle();
+    clerk.press(Qt::Key_F12);
+    look(QStringLiteral("bill-earlier-narrations"), window);
+    clerk.press(Qt::Key_Escape);
+    lookAtBox("bill-cancel-question");
+    clerk.press(Qt::Key_Escape);
+    clerk.alt('C');
+    clerk.press(Qt::Key_L, Qt::ControlModifier);
+    look(QStringLiteral("clients-first-start"), window);
+    clerk.alt('A');
+    look(QStringLiteral("client-edit"), window);
+    clerk.press(Qt::Key_Escape);
+    return clerk.fault();
+}
+
 } // namespace
 
 int main(int argc, char *argv[])
@@ -34,14 +90,19 @@ int main(int argc, char *argv[])
         std::fputs("usage: ledgora_shots --out DIR\n", stderr);
         return 2;
     }
-    const QDir out(words.at(option + 1));
-    QDir().mkpath(out.path());
+    QDir out(words.at(option + 1));
+    out.mkpath(QStringLiteral("."));
+    for (const QString &old : out.entryList({QStringLiteral("*.png")}))
+        out.remove(old);
     ledgora::setToday(QDate(2024, 6, 15));
     int count = 0;
-    const QString fault = ledgora::app::runDemo(out.path(), [&](const QString &name, QWidget &window) {
+    const Look look = [&](const QString &name, QWidget &window) {
         pictureOf(window).save(
             out.filePath(QStringLiteral("%1-%2.png").arg(++count, 2, 10, QLatin1Char('0')).arg(name)));
-    });
+    };
+    QString fault = runDemo(out.path(), look);
+    if (fault.isEmpty())
+        fault = visitTheRest(out.filePath(QStringLiteral("office")), look);
     if (!fault.isEmpty())
         std::fprintf(stderr, "ledgora_shots: %s\n", qPrintable(fault));
     return fault.isEmpty() ? 0 : 1;
