@@ -1,6 +1,7 @@
 #include "store/Recordset.h"
 
 #include "store/ErrorLog.h"
+#include <cstring>
 #include <mysql.h>
 
 namespace ledgora {
@@ -16,6 +17,7 @@ Recordset::Recordset(st_mysql_res *result) : m_result(result)
         return;
     m_count = qint64(mysql_num_rows(result));
     const unsigned count = mysql_num_fields(result);
+    m_last.resize(count);
     const MYSQL_FIELD *fields = mysql_fetch_fields(result);
     // Of two columns with one name the first counts, as in "Select a.*,b.*".
     for (unsigned i = count; i-- > 0;)
@@ -59,7 +61,12 @@ QString Recordset::text(int column) const
 {
     unsigned long length = 0;
     const char *bytes = cell(column, length);
-    return bytes ? QString::fromUtf8(bytes, qsizetype(length)) : QString();
+    if (!bytes)
+        return {};
+    LastText &last = m_last[size_t(column)];
+    if (!last.bytes || last.length != length || std::memcmp(last.bytes, bytes, length) != 0)
+        last = {bytes, length, QString::fromUtf8(bytes, qsizetype(length))};
+    return last.text;
 }
 
 double Recordset::number(int column) const

@@ -3,6 +3,7 @@
 #include <QHash>
 #include <QString>
 #include <memory>
+#include <vector>
 
 struct st_mysql_res;
 
@@ -43,6 +44,14 @@ private:
     };
     std::unique_ptr<st_mysql_res, Free> m_result;
     mutable QHash<QString, int> m_columns; ///< -1 for one that was asked for and is not there
+    /// The text made last of a column: lists are full of runs of one value, and equal texts then share their memory.
+    struct LastText
+    {
+        const char *bytes = nullptr; ///< in the result, which outlives it
+        unsigned long length = 0;
+        QString text;
+    };
+    mutable std::vector<LastText> m_last;
     char **m_row = nullptr;
     unsigned long *m_lengths = nullptr;
     qint64 m_count = 0;
