@@ -46,11 +46,11 @@ QString byCodePoints(QString text)
 /// Key of a text sort. The first units of the upper-cased text decide most comparisons without touching the text.
 struct TextKey
 {
-    quint64 beginning;
+    quint64 beginning = 0;
     QString upper;
     QString own;
 
-    explicit TextKey(const QString &text) : beginning(0), upper(byCodePoints(text.toUpper())), own(byCodePoints(text))
+    explicit TextKey(const QString &text) : upper(byCodePoints(text.toUpper())), own(byCodePoints(text))
     {
         for (qsizetype i = 0; i < 4; ++i)
             beginning = beginning << 16U | (i < upper.size() ? upper.at(i).unicode() : 0U);
