@@ -166,7 +166,7 @@ bool VTxt::event(QEvent *event)
 
 void VTxt::keyPressEvent(QKeyEvent *event)
 {
-    const bool types = isTypedCharacter(event->text());
+    const bool types = isTypedCharacter(event->text()) && !(event->modifiers() & Qt::ControlModifier);
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
         pressEnter();
     else if (!isReadOnly() && event->matches(QKeySequence::Paste))
