@@ -67,6 +67,7 @@ void frmBillGST::setUpLines()
     }
     for (const int computed : {SrNoColumn, NetColumn, TotalColumn})
         lines->column(computed).computed = true;
+    lines->column(ParticularsColumn).maxLength = ui->txtNarr->maxLength();
     lines->column(EditTaxColumn).check = true;
     lines->column(SacColumn).picks = sacPicks();
     lines->column(PeriodColumn).picks = periodPicks();

@@ -2,6 +2,7 @@
 
 #include "controls/CommandButton.h"
 #include "controls/Grid.h"
+#include "controls/OneLine.h"
 #include <QApplication>
 #include <QComboBox>
 #include <QKeyEvent>
@@ -94,6 +95,7 @@ void CellDelegate::setEditorData(QWidget *editor, const QModelIndex &index) cons
         box->setCurrentIndex(box->findData(text));
     } else if (auto *line = qobject_cast<QLineEdit *>(editor)) {
         line->setText(text);
+        keepOneLine(*line); // from now on: what only passes through the editor stays as it is stored
         line->setProperty(originalTextProperty, text);
         line->selectAll();
     }

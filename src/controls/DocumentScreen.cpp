@@ -5,6 +5,7 @@
 #include "controls/CommandButton.h"
 #include "controls/Grid.h"
 #include "controls/LineField.h"
+#include "controls/OneLine.h"
 #include "masters/PartyDirectory.h"
 #include "masters/SeriesStore.h"
 #include "store/Connection.h"
@@ -33,6 +34,7 @@ void DocumentScreen::setUpDocument(const DocumentFields &fields, Kind kind)
     m_fields = fields;
     m_kind = std::move(kind);
     m_fields.number->setMaxLength(documentNumberDigits);
+    keepOneLine(*m_fields.narration);
 
     m_list = new Grid(this);
     m_list->setObjectName(m_kind.listName);
@@ -84,8 +86,9 @@ void DocumentScreen::connectFields()
     };
     field(m_fields.number).keyDown = [this](QKeyEvent *key) {
         const QString typed = key->text();
-        const bool refused = !typed.isEmpty() && typed.at(0).isPrint() && !typed.at(0).isDigit()
-                             && !(key->modifiers() & (Qt::ControlModifier | Qt::AltModifier));
+        const bool digit = typed.size() == 1 && typed.at(0) >= u'0' && typed.at(0) <= u'9'; // no other script's
+        const bool refused =
+            isTypedCharacter(typed) && !digit && !(key->modifiers() & (Qt::ControlModifier | Qt::AltModifier));
         if (refused)
             inform(QStringLiteral("Enter Numeric Value."), m_fields.number);
         return refused;

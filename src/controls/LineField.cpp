@@ -1,9 +1,15 @@
 #include "controls/LineField.h"
 
+#include "controls/OneLine.h"
 #include <QKeyEvent>
 #include <QTimer>
 
 namespace ledgora {
+
+LineField::LineField(QWidget *parent) : QLineEdit(parent)
+{
+    keepOneLine(*this);
+}
 
 void LineField::clearBoth()
 {

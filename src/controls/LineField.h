@@ -4,13 +4,13 @@
 
 namespace ledgora {
 
-/// A plain text box that keeps a hidden value (an id, a code) beside its text.
+/// A plain text box of one line that keeps a hidden value (an id, a code) beside its text.
 class LineField : public QLineEdit
 {
     Q_OBJECT
     Q_PROPERTY(bool upperCase READ isUpperCase WRITE setUpperCase)
 public:
-    using QLineEdit::QLineEdit;
+    explicit LineField(QWidget *parent = nullptr);
 
     QString hiddenValue() const { return m_hiddenValue; }
     void setHiddenValue(const QString &value) { m_hiddenValue = value; }

@@ -1,5 +1,6 @@
 #include "controls/VTxt.h"
 
+#include "controls/OneLine.h"
 #include "store/Dates.h"
 #include "store/NumberFormat.h"
 #include <QAction>
@@ -90,15 +91,6 @@ bool skipsChecks(const QWidget *target)
     return causes.isValid() && !causes.toBool();
 }
 
-/// Pasted text as one line.
-QString oneLine(QString text)
-{
-    for (QChar &c : text)
-        if (!c.isPrint())
-            c = u' ';
-    return text.trimmed();
-}
-
 /// The colour of the field in focus: a light peach, and its dark brother where the desktop is dark.
 QColor focusColour(const QPalette &palette)
 {
@@ -174,7 +166,7 @@ bool VTxt::event(QEvent *event)
 
 void VTxt::keyPressEvent(QKeyEvent *event)
 {
-    const bool types = !event->text().isEmpty() && event->text().at(0).isPrint();
+    const bool types = isTypedCharacter(event->text()) && !(event->modifiers() & Qt::ControlModifier);
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
         pressEnter();
     else if (!isReadOnly() && event->matches(QKeySequence::Paste))
@@ -229,9 +221,11 @@ QString VTxt::filtered(const QString &text, QString *message) const
     qsizetype cursor = 0;
     QString standing = withoutSelection(&cursor);
     QString accepted;
-    for (const QChar c : text) {
-        const QChar capital = c.toUpper();
-        const TextRule::Answer answer = m_rule.answer(standing, capital);
+    for (qsizetype at = 0; at < text.size();) {
+        const qsizetype width = text.at(at).isHighSurrogate() ? 2 : 1; // a text of one line has whole characters
+        const QString capital = width == 1 ? QString(text.at(at).toUpper()) : text.mid(at, width);
+        at += width;
+        const TextRule::Answer answer = m_rule.answer(standing, capital.at(0));
         if (standing.trimmed().size() > m_rule.maxLength)
             break;
         if (answer.verdict == TextRule::Verdict::Refused) {
@@ -248,7 +242,7 @@ QString VTxt::filtered(const QString &text, QString *message) const
 void VTxt::enterText(const QString &text)
 {
     QString message;
-    const QString accepted = filtered(oneLine(text), &message);
+    const QString accepted = filtered(oneLine(text).trimmed(), &message);
     if (!accepted.isEmpty())
         insert(accepted);
     say(message);

@@ -4,6 +4,7 @@
 #include "host/WorkingState.h"
 #include "platform/Registry.h"
 #include <QApplication>
+#include <QClipboard>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -209,6 +210,26 @@ void ScreenTest::retype(const char *lineEdit, const QString &text)
     click(lineEdit);
     press(Qt::Key_A, Qt::ControlModifier);
     text.isEmpty() ? press(Qt::Key_Delete) : type(text);
+}
+
+void ScreenTest::paste(const QString &text)
+{
+    QApplication::clipboard()->setText(text);
+    press(Qt::Key_V, Qt::ControlModifier);
+}
+
+void ScreenTest::repaste(const char *lineEdit, const QString &text)
+{
+    click(lineEdit);
+    press(Qt::Key_A, Qt::ControlModifier);
+    paste(text);
+}
+
+void ScreenTest::pressLetter(const QString &letter)
+{
+    target();
+    QTest::sendKeyEvent(QTest::Click, QApplication::focusWidget(), Qt::Key_unknown, letter, Qt::NoModifier);
+    letPostedEventsCome();
 }
 
 void ScreenTest::clickCell(const char *grid, int row, int column)

@@ -79,6 +79,12 @@ protected:
     void click(const char *control);
     /// Clicks into a field, and types over what it holds.
     void retype(const char *lineEdit, const QString &text);
+    /// Ctrl+V into what has the keys, of a text that another program put on the clipboard.
+    void paste(const QString &text);
+    /// Clicks into a field, and pastes over what it holds.
+    void repaste(const char *lineEdit, const QString &text);
+    /// A key of a keyboard whose letter is not of the Latin alphabet.
+    void pressLetter(const QString &letter);
     void clickCell(const char *grid, int row, int column);
 
 private:
