@@ -255,7 +255,10 @@ bool frmBillGST::removeStored(int id)
         inform(QStringLiteral("This bill can not be deleted as some Receipts have been Issued against this Bill."));
         return false;
     }
-    return deleteBill(*gCnn, id);
+    if (!deleteBill(*gCnn, id))
+        alarm(QStringLiteral(
+            "The database did not delete the whole bill. The list shows what is left; please try again."));
+    return true;
 }
 
 void frmBillGST::partyLeft()

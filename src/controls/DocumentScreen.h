@@ -66,7 +66,7 @@ protected:
     virtual void beginAdd() = 0;             ///< the rest of Add, focus included
     virtual void beginModify() = 0;          ///< the rest of Modify
     virtual int highestNumber() = 0;         ///< of company and year, over all series
-    virtual bool removeStored(int id) = 0;   ///< deletes the document; False when it was refused
+    virtual bool removeStored(int id) = 0;   ///< deletes the document and tells a failure; False when it was refused
     virtual void partyLeft() {}              ///< the party field was left
     virtual QStringList narrationsUsed() = 0;
     virtual void updatePressed() = 0;
