@@ -45,9 +45,9 @@ public:
     ViewerTest &operator=(const ViewerTest &) = delete;
     ~ViewerTest() override { delete viewer; }
 
-    QString label(const char *name) { return viewer->findChild<QLabel *>(QLatin1String(name))->text(); }
-    PageView *view() { return viewer->findChild<PageView *>(QStringLiteral("pageView")); }
-    int zoom() { return label("lblZoom").chopped(1).toInt(); }
+    QString label(const char *name) const { return viewer->findChild<QLabel *>(QLatin1String(name))->text(); }
+    PageView *view() const { return viewer->findChild<PageView *>(QStringLiteral("pageView")); }
+    int zoom() const { return label("lblZoom").chopped(1).toInt(); }
 
     QPointer<Viewer> viewer;
 };
@@ -174,7 +174,7 @@ public:
         qDeleteAll(host.shown);
     }
 
-    void writeTemplate(const QByteArray &text)
+    void writeTemplate(const QByteArray &text) const
     {
         QFile file(path);
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
