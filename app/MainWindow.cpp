@@ -95,18 +95,21 @@ void MainWindow::ReloadMenu()
 bool MainWindow::eventFilter(QObject *watched, QEvent *event)
 {
     if (watched->isWindowType() && (event->type() == QEvent::KeyPress || event->type() == QEvent::MouseButtonPress))
-        tellServer(m_office.keepConnected());
+        keepConnected();
     return QMainWindow::eventFilter(watched, event);
 }
 
-void MainWindow::tellServer(bool connected)
+void MainWindow::keepConnected()
 {
-    if (m_serverAway == !connected)
+    switch (m_office.keepConnected()) {
+    case Office::Server::There:
         return;
-    m_serverAway = !connected;
-    statusBar()->showMessage(connected
-                                 ? QStringLiteral("The database server is back.")
-                                 : QStringLiteral("The database server is away. Ledgora tries again with every key."));
+    case Office::Server::Reopened:
+        return statusBar()->showMessage(QStringLiteral("The database server is back."));
+    case Office::Server::Away:
+        return statusBar()->showMessage(
+            QStringLiteral("The database server is away. Ledgora tries again with every key."));
+    }
 }
 
 void MainWindow::closeEvent(QCloseEvent *event)

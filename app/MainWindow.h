@@ -36,13 +36,12 @@ protected:
 
 private:
     void makeMenu();
-    void tellServer(bool connected);
+    void keepConnected();
 
     Office &m_office;
     Billing m_billing;
     QMdiArea *m_area;
     QPointer<ClientEditor> m_clients;
-    bool m_serverAway = false;
 };
 
 } // namespace ledgora::app

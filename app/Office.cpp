@@ -62,18 +62,18 @@ void Office::closeHandle()
     m_handle = nullptr;
 }
 
-bool Office::keepConnected()
+Office::Server Office::keepConnected()
 {
     if (m_connection.isRunning())
-        return true;
+        return Server::There;
     if (m_handle && !m_connection.isLost() && mysql_ping(m_handle) == 0)
-        return true;
+        return Server::There;
     const ErrorSite site("OFFICE", "KEEPCONNECTED");
     closeHandle();
     if (m_server.start() && connectToServer())
-        return true;
+        return Server::Reopened;
     WriteErrLog(2006, m_server.error(), QStringLiteral("Office"));
-    return false;
+    return Server::Away;
 }
 
 /// The default templates are copied once; an office may change its copies.

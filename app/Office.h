@@ -24,9 +24,10 @@ public:
     const PrivateServer &server() const { return m_server; }
     QString dataFolder() const { return m_dataFolder; }
 
+    enum class Server { There, Reopened, Away };
     /// Before a command: when the server went away, starts or attaches to it again and hands the connection a new
-    /// handle. False while that does not work. Does nothing while a statement runs.
-    bool keepConnected();
+    /// handle; `Away` while that does not work. Does nothing while a statement runs.
+    Server keepConnected();
 
 private:
     bool connectToServer();

@@ -8,7 +8,11 @@ namespace ledgora {
 
 class Connection;
 
-/// Faults that only the database can tell: less than was received on the bill, a number in use.
+inline constexpr auto notWaitedForMessage =
+    "The database was not waited for. Nothing was saved; what was typed is still here.";
+
+/// Faults that only the database can tell: less than was received on the bill, a number in use. A check that the user
+/// did not wait for is a fault too: a bill that was not checked is not saved.
 std::optional<BillFault> storedFault(Connection &db, const BillDraft &bill);
 
 /// A bill of the same company, year and series whose number and date are out of order with the one being saved.

@@ -137,6 +137,10 @@ void frmBillGST::CMDUPDATE_CLICK()
 bool frmBillGST::agreesToOutOfOrder(const BillDraft &draft)
 {
     const auto agrees = [&](const std::optional<Neighbour> &found, bool lower) {
+        if (gCnn->wasInterrupted()) {
+            inform(QLatin1String(notWaitedForMessage), ui->cmdupdate);
+            return false;
+        }
         return !found
                || ask(outOfOrderQuestion(QStringLiteral("Bill"), lower, found->number, found->date, draft.number,
                                          draft.date),

@@ -2,11 +2,12 @@
 
 #include "store/Connection.h"
 #include <QApplication>
+#include <QCloseEvent>
 #include <QEventLoop>
 #include <QProgressDialog>
+#include <QPushButton>
 #include <QSocketNotifier>
 #include <QTimer>
-#include <memory>
 #include <poll.h>
 
 namespace ledgora {
@@ -21,23 +22,41 @@ short pollOnce(int socket, short events, int timeoutMs)
     return poll(&descriptor, 1, timeoutMs) > 0 ? descriptor.revents : short(0);
 }
 
-std::unique_ptr<QProgressDialog> makeBar(Connection &connection)
+/// Stays until the server has answered: a Cancel that the server does not hear at once must not let the clerk's keys
+/// through to a screen whose handler still waits.
+class Bar : public QProgressDialog
 {
-    auto bar = std::make_unique<QProgressDialog>(QStringLiteral("Waiting for the database server ..."),
-                                                 QStringLiteral("Cancel"), 0, 0, QApplication::activeWindow());
-    bar->setObjectName(QStringLiteral("waitBar"));
-    bar->setWindowModality(Qt::ApplicationModal);
-    bar->setMinimumDuration(0);
-    bar->setAutoReset(false);
-    QObject::connect(bar.get(), &QProgressDialog::canceled, bar.get(), [&connection] { connection.interrupt(); });
-    return bar;
-}
+public:
+    explicit Bar(Connection &connection)
+        : QProgressDialog(QStringLiteral("Waiting for the database server ..."), QString(), 0, 0,
+                          QApplication::activeWindow())
+    {
+        setObjectName(QStringLiteral("waitBar"));
+        setWindowModality(Qt::ApplicationModal);
+        setMinimumDuration(0);
+        setAutoReset(false);
+        // Enter and Space were meant for the screen; only a click, Alt+C or Esc gives up.
+        auto *cancel = new QPushButton(QStringLiteral("&Cancel"));
+        cancel->setFocusPolicy(Qt::NoFocus);
+        cancel->setAutoDefault(false);
+        setCancelButton(cancel);
+        disconnect(this, SIGNAL(canceled()), this, SLOT(cancel())); // it would hide the bar
+        connect(this, &QProgressDialog::canceled, this, [&connection] { connection.interrupt(); });
+    }
+
+protected:
+    void closeEvent(QCloseEvent *event) override
+    {
+        event->ignore();
+        Q_EMIT canceled();
+    }
+};
 
 /// Lets the window paint and the bar take clicks until the socket is ready.
 short waitWithBar(Connection &connection, int socket, short events, int timeoutMs)
 {
-    const auto bar = makeBar(connection);
-    bar->show();
+    Bar bar(connection);
+    bar.show();
     QEventLoop loop;
     QSocketNotifier readable(socket, QSocketNotifier::Read);
     QSocketNotifier writable(socket, QSocketNotifier::Write);

@@ -4,6 +4,7 @@
 #include <QScopedValueRollback>
 #include <errmsg.h>
 #include <mysql.h>
+#include <mysqld_error.h>
 #include <poll.h>
 
 namespace ledgora {
@@ -140,6 +141,11 @@ Recordset Connection::Open(const QString &sql)
 bool Connection::isLost() const
 {
     return !m_handle || m_lastErrorNumber == CR_SERVER_GONE_ERROR || m_lastErrorNumber == CR_SERVER_LOST;
+}
+
+bool Connection::wasInterrupted() const
+{
+    return m_lastErrorNumber == ER_QUERY_INTERRUPTED;
 }
 
 void Connection::logFailure()

@@ -49,6 +49,8 @@ public:
     unsigned lastErrorNumber() const { return m_lastErrorNumber; }
     /// True after a failure that means that the server is gone.
     bool isLost() const;
+    /// True after a statement that was ended from outside: the user no longer waits for it.
+    bool wasInterrupted() const;
 
 private:
     bool run(const QByteArray &sql);

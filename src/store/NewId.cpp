@@ -9,8 +9,12 @@ InsertResult insertUnderNewId(Connection &db, const QString &table, const QStrin
 {
     InsertResult result;
     const bool locked = db.Execute(QStringLiteral("LOCK TABLE ") + table + QStringLiteral(" Write"));
-    Recordset highest = db.Open(QStringLiteral("Select Max(") + idColumn + QStringLiteral(") as MaxSr From ") + table);
-    if (locked && !highest.failed())
+    // Without the lock the highest id is of no use, and reading it would wait as long again for whoever holds the
+    // table.
+    Recordset highest =
+        locked ? db.Open(QStringLiteral("Select Max(") + idColumn + QStringLiteral(") as MaxSr From ") + table)
+               : Recordset();
+    if (!highest.failed())
         result.id = (highest.next() ? int(highest.integer(QStringLiteral("MaxSr"))) : 0) + 1;
     if (result.id < 1) {
         result.id = 0;

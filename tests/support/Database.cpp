@@ -108,6 +108,12 @@ Connection &Database::other()
     return *m_other->connection;
 }
 
+void Database::reconnect()
+{
+    m_other.reset();
+    m_own = std::make_unique<User>(m_name);
+}
+
 void Database::run(const QString &sql) const
 {
     const QByteArray text = sql.toUtf8();

@@ -27,6 +27,8 @@ public:
     st_mysql *handle() const { return m_own->handle; }
     /// Another user of the same database, connected when first asked for.
     Connection &other();
+    /// After the server was away: both users anew.
+    void reconnect();
 
     /// A statement of the test's own, past the code under test; a failed one fails the test.
     void run(const QString &sql) const;

@@ -10,7 +10,6 @@
 #include <QFileInfo>
 #include <QLineEdit>
 #include <QTest>
-#include <QWindow>
 
 namespace ledgora::test {
 
@@ -19,12 +18,6 @@ namespace {
 QString quoted(QString text)
 {
     return '\'' + text.replace('\'', "''") + '\'';
-}
-
-void letPostedEventsCome()
-{
-    QCoreApplication::sendPostedEvents();
-    QCoreApplication::processEvents();
 }
 
 } // namespace
@@ -135,7 +128,7 @@ void ScreenTest::show(QWidget *screen)
     screen->show();
     screen->activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(screen));
-    letPostedEventsCome();
+    Keys::settle();
 }
 
 QString ScreenTest::text(const char *lineEdit) const
@@ -150,7 +143,7 @@ QString ScreenTest::choice(const char *list) const
 
 QString ScreenTest::focus()
 {
-    target();
+    keys().target();
     for (const QWidget *widget = QApplication::focusWidget(); widget; widget = widget->parentWidget()) {
         if (!widget->objectName().isEmpty() && !widget->objectName().startsWith("qt_"))
             return widget->objectName();
@@ -158,58 +151,29 @@ QString ScreenTest::focus()
     return {};
 }
 
-/// The window that a user's keys reach: a list that is open, a box, else the screen.
-QWindow *ScreenTest::target()
-{
-    QWidget *widget = QApplication::activePopupWidget();
-    if (!widget)
-        widget = QApplication::activeModalWidget();
-    if (!widget && m_screen && !m_screen->isActiveWindow()) {
-        m_screen->activateWindow(); // no window manager gives the keys back after a box
-        if (!QTest::qWaitForWindowActive(m_screen))
-            throw std::runtime_error("the screen does not get the keys");
-        letPostedEventsCome();
-    }
-    if (!widget)
-        widget = m_screen;
-    if (!widget)
-        throw std::runtime_error("no window takes the keys");
-    return widget->window()->windowHandle();
-}
-
 void ScreenTest::press(Qt::Key key, Qt::KeyboardModifiers modifiers, int times)
 {
-    for (int i = 0; i < times; ++i) {
-        QTest::keyClick(target(), key, modifiers);
-        letPostedEventsCome();
-    }
+    keys().press(key, modifiers, times);
 }
 
 void ScreenTest::alt(char letter)
 {
-    press(Qt::Key(Qt::Key_A + (letter - 'A')), Qt::AltModifier);
+    keys().alt(letter);
 }
 
 void ScreenTest::type(const QString &text)
 {
-    for (const QChar c : text) {
-        QTest::keyClick(target(), c.toLatin1());
-        letPostedEventsCome();
-    }
+    keys().type(text);
 }
 
 void ScreenTest::click(const char *control)
 {
-    target();
-    QTest::mouseClick(find<QWidget>(control), Qt::LeftButton);
-    letPostedEventsCome();
+    keys().click(find<QWidget>(control));
 }
 
 void ScreenTest::retype(const char *lineEdit, const QString &text)
 {
-    click(lineEdit);
-    press(Qt::Key_A, Qt::ControlModifier);
-    text.isEmpty() ? press(Qt::Key_Delete) : type(text);
+    keys().retype(find<QWidget>(lineEdit), text);
 }
 
 void ScreenTest::paste(const QString &text)
@@ -234,12 +198,12 @@ void ScreenTest::pressLetter(const QString &letter)
 
 void ScreenTest::clickCell(const char *grid, int row, int column)
 {
-    target();
+    keys().target();
     auto *view = find<Grid>(grid);
     const QModelIndex cell = view->model()->index(row, column);
     view->scrollTo(cell);
     QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, view->visualRect(cell).center());
-    letPostedEventsCome();
+    Keys::settle();
 }
 
 } // namespace ledgora::test

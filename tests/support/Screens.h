@@ -2,6 +2,7 @@
 
 #include "Boxes.h"
 #include "Database.h"
+#include "Keys.h"
 #include "Print.h"
 #include "controls/Grid.h"
 #include "host/ClsGST.h"
@@ -88,7 +89,7 @@ protected:
     void clickCell(const char *grid, int row, int column);
 
 private:
-    QWindow *target();
+    Keys keys() const { return Keys(m_screen); }
 
     static inline std::unique_ptr<Database> s_data;
     QTemporaryDir m_folder;
