@@ -392,7 +392,8 @@ QString clearOffice(const QString &folder)
 {
     if (!QFileInfo::exists(folder))
         return {};
-    if (!QFileInfo::exists(joinPath(folder, QStringLiteral("server"))))
+    const bool begun = QFileInfo::exists(joinPath(folder, QStringLiteral("server/start.lock"))); // perhaps not whole
+    if (!begun && !Office::exists(folder))
         return QStringLiteral("the folder [") + folder
                + QStringLiteral("] is there and is no office; it is left alone");
     ServerFolder server(folder);

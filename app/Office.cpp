@@ -1,5 +1,6 @@
 #include "Office.h"
 
+#include "ServerFolder.h"
 #include "store/ErrorLog.h"
 #include "store/Schema.h"
 #include "store/Settings.h"
@@ -10,6 +11,11 @@
 #include <mysql.h>
 
 namespace ledgora::app {
+
+bool Office::exists(const QString &dataFolder)
+{
+    return ServerFolder(dataFolder).isInitialised();
+}
 
 Office::Office(const QString &dataFolder)
     : m_dataFolder(QDir(dataFolder).absolutePath())

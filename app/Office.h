@@ -11,6 +11,9 @@ namespace ledgora::app {
 class Office
 {
 public:
+    /// True when an office was made in the folder before; makes nothing.
+    static bool exists(const QString &dataFolder);
+
     explicit Office(const QString &dataFolder);
     Office(const Office &) = delete;
     Office &operator=(const Office &) = delete;

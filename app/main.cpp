@@ -26,6 +26,8 @@ int failed(const QString &why)
 
 int printBalance(const CommandLine &line)
 {
+    if (!Office::exists(line.dataFolder)) // a mistyped folder must not become an office
+        return failed(QStringLiteral("The folder [") + line.dataFolder + QStringLiteral("] holds no office."));
     Office office(line.dataFolder);
     if (!office.open())
         return failed(office.error());

@@ -151,6 +151,10 @@ bool CellDelegate::eventFilter(QObject *watched, QEvent *event)
     auto *editor = qobject_cast<QWidget *>(watched);
     if (editor && event->type() == QEvent::KeyPress && editorKeyPress(editor, static_cast<QKeyEvent *>(event)))
         return true;
+    // Switching windows ends no edit: what is half typed is neither judged nor lost.
+    if (editor && event->type() == QEvent::FocusOut
+        && static_cast<QFocusEvent *>(event)->reason() == Qt::ActiveWindowFocusReason)
+        return false;
     return QStyledItemDelegate::eventFilter(watched, event);
 }
 

@@ -385,7 +385,10 @@ void DocumentScreen::escapePressed()
 /// A window can be closed in the middle of an entry, by its frame or with the whole program.
 void DocumentScreen::closeEvent(QCloseEvent *event)
 {
-    if (isEditing() && !ask(QStringLiteral("Do you want to Cancel Entry?"), QMessageBox::No))
+    bool mayClose = !isEditing();
+    if (!mayClose)
+        run([&] { mayClose = ask(QStringLiteral("Do you want to Cancel Entry?"), QMessageBox::No); });
+    if (!mayClose)
         event->ignore();
     else
         Screen::closeEvent(event);

@@ -91,11 +91,14 @@ void ClsGST::OpenBilling()
     const ErrorSite site("CLSGST", "OPENBILLING");
     if (gHostCode.isEmpty())
         return;
-    auto *home = new frmMainGST;
+    QWidget *home = m_home;
+    if (!home || home->isHidden()) // a closed one is about to go
+        m_home = home = new frmMainGST;
     if (gMdi)
-        gMdi->showScreen(*home);
-    else
-        home->show();
+        return gMdi->showScreen(*home);
+    home->show();
+    home->raise();
+    home->activateWindow();
 }
 
 double ClsGST::GetAmt(qint32 firmId, const QString &codeNo)

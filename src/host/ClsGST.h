@@ -1,8 +1,11 @@
 #pragma once
 
 #include <QObject>
+#include <QPointer>
 #include <QString>
 #include <memory>
+
+class QWidget;
 
 namespace ledgora {
 
@@ -35,7 +38,7 @@ public:
     /// when connection or report engine are missing; then `OpenBilling` does nothing.
     bool CallBilling(const QString &accessWord, const QString &hostCode, qint16 version);
 
-    /// Shows the home screen and returns at once.
+    /// Shows the home screen, there is one, and returns at once.
     void OpenBilling();
 
     /// What a client owes a company: bills less receipts (discount counts as received) of all years, in rupees.
@@ -47,6 +50,7 @@ private:
     float m_ratFS = 1;
     std::unique_ptr<HostObject> m_hostObject;
     std::unique_ptr<Reporter> m_reporter;
+    QPointer<QWidget> m_home;
 };
 
 } // namespace ledgora

@@ -144,7 +144,7 @@ void frmMainGST::CMDBILLS_CLICK()
     const ErrorSite site("frmMainGST", "CMDBILLS_CLICK");
     if (!ISSELECTEDFIRM() || !CHECKTMPLSETUP())
         return;
-    QPointer<frmBillGST> &screen = m_billScreens[gFirmId];
+    QPointer<frmBillGST> &screen = s_billScreens[gFirmId];
     if (!screen)
         screen = new frmBillGST;
     if (gMdi)

@@ -90,7 +90,8 @@ private:
     bool m_addMode = false;
     bool m_otherClientsLoaded = false;
     int m_editedId = 0;
-    QHash<int, QPointer<frmBillGST>> m_billScreens;
+    /// By company, for all home screens of the program: one closed and opened again finds the screens of the former.
+    static inline QHash<int, QPointer<frmBillGST>> s_billScreens;
 };
 
 } // namespace ledgora
