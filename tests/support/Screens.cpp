@@ -191,9 +191,9 @@ void ScreenTest::repaste(const char *lineEdit, const QString &text)
 
 void ScreenTest::pressLetter(const QString &letter)
 {
-    target();
+    keys().target();
     QTest::sendKeyEvent(QTest::Click, QApplication::focusWidget(), Qt::Key_unknown, letter, Qt::NoModifier);
-    letPostedEventsCome();
+    Keys::settle();
 }
 
 void ScreenTest::clickCell(const char *grid, int row, int column)
