@@ -4,11 +4,11 @@
 #include "store/ErrorLog.h"
 #include "store/Schema.h"
 #include "store/Settings.h"
-#include "store/SqlText.h"
 #include <QDir>
 #include <QFile>
 #include <algorithm>
 #include <mysql.h>
+#include <sys/socket.h>
 
 namespace ledgora::app {
 
@@ -50,12 +50,9 @@ bool Office::connectToServer()
     m_handle = m_server.connect();
     m_connection.setHandle(m_handle);
     m_connection.setInterrupt([this] {
-        // A second connection ends the statement; the first one stays whole.
-        if (st_mysql *second = m_server.connect({})) {
-            const QByteArray kill = ("KILL QUERY " + number(qint64(mysql_thread_id(m_handle)))).toLatin1();
-            mysql_real_query(second, kill.constData(), static_cast<unsigned long>(kill.size()));
-            mysql_close(second);
-        }
+        // The connection stays whole where the server still listens; one that is silent is given up.
+        if (!m_server.endStatement(mysql_thread_id(m_handle)))
+            ::shutdown(int(mysql_get_socket(m_handle)), SHUT_RDWR);
     });
     return m_handle != nullptr;
 }
@@ -72,7 +69,7 @@ Office::Server Office::keepConnected()
 {
     if (m_connection.isRunning())
         return Server::There;
-    if (m_handle && !m_connection.isLost() && mysql_ping(m_handle) == 0)
+    if (m_handle && !m_connection.isLost() && m_connection.ping())
         return Server::There;
     const ErrorSite site("OFFICE", "KEEPCONNECTED");
     closeHandle();

@@ -201,19 +201,38 @@ st_mysql *PrivateServer::connect(const QString &database)
         return nullptr;
     }
     MYSQL *handle = newHandle(m_settings.lockWaitSeconds);
-    if (!handle)
-        return nullptr;
+    if (!handle || connectHandle(handle, database))
+        return handle;
+    m_error = QStringLiteral("The database server does not answer: %1.").arg(QString::fromUtf8(mysql_error(handle)));
+    mysql_close(handle);
+    return nullptr;
+}
+
+bool PrivateServer::connectHandle(st_mysql *handle, const QString &database)
+{
     const int protocol = MYSQL_PROTOCOL_SOCKET;
     mysql_optionsv(handle, MYSQL_OPT_PROTOCOL, &protocol);
     const QByteArray address = QFile::encodeName(m_visit->folder.socketAddress());
     const QByteArray name = database.toUtf8();
     // The server's own root, without a password: the folder's mode keeps everybody else from the socket.
-    if (mysql_real_connect(handle, nullptr, "root", nullptr, name.isEmpty() ? nullptr : name.constData(), 0,
-                           address.constData(), connectFlags()))
-        return handle;
-    m_error = QStringLiteral("The database server does not answer: %1.").arg(QString::fromUtf8(mysql_error(handle)));
-    mysql_close(handle);
-    return nullptr;
+    return mysql_real_connect(handle, nullptr, "root", nullptr, name.isEmpty() ? nullptr : name.constData(), 0,
+                              address.constData(), connectFlags())
+           != nullptr;
+}
+
+bool PrivateServer::endStatement(unsigned long connectionId)
+{
+    MYSQL *beside = m_visit ? newHandle(m_settings.lockWaitSeconds) : nullptr;
+    if (!beside)
+        return false;
+    const unsigned limit = 2;
+    mysql_optionsv(beside, MYSQL_OPT_CONNECT_TIMEOUT, &limit);
+    mysql_optionsv(beside, MYSQL_OPT_READ_TIMEOUT, &limit);
+    const QByteArray kill = "KILL QUERY " + QByteArray::number(qulonglong(connectionId));
+    const bool ended = connectHandle(beside, QString())
+                       && mysql_real_query(beside, kill.constData(), static_cast<unsigned long>(kill.size())) == 0;
+    mysql_close(beside);
+    return ended;
 }
 
 void PrivateServer::stop()

@@ -42,6 +42,9 @@ public:
     /// A new connection to `database` ("" for none), made for non-blocking use, with the modes that the statements
     /// need set; the caller closes it with mysql_close. nullptr with `error()` when it fails.
     st_mysql *connect(const QString &database = QStringLiteral("ledgora"));
+    /// Ends the statement that runs on another connection, from a connection beside it. False when the server did not
+    /// take that within two seconds.
+    bool endStatement(unsigned long connectionId);
 
     /// Leaves the folder now; stops the server when this was the last instance.
     void stop();
@@ -52,6 +55,7 @@ private:
     QString initialise(const QString &program);
     QString launch(const QString &program);
     bool answers();
+    bool connectHandle(st_mysql *handle, const QString &database);
     void shutDown();
 
     Settings m_settings;

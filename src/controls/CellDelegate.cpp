@@ -148,6 +148,10 @@ void CellDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option, 
 
 bool CellDelegate::eventFilter(QObject *watched, QEvent *event)
 {
+    // Another window is no other cell: what is being typed stays open, and goes on where it was.
+    if (event->type() == QEvent::FocusOut && qobject_cast<QLineEdit *>(watched)
+        && static_cast<QFocusEvent *>(event)->reason() == Qt::ActiveWindowFocusReason)
+        return false;
     auto *editor = qobject_cast<QWidget *>(watched);
     if (editor && event->type() == QEvent::KeyPress && editorKeyPress(editor, static_cast<QKeyEvent *>(event)))
         return true;

@@ -138,6 +138,20 @@ Recordset Connection::Open(const QString &sql)
     return Recordset(result);
 }
 
+bool Connection::ping()
+{
+    if (!m_handle || m_running)
+        return m_running;
+    const QScopedValueRollback running(m_running, true);
+    if (!m_wait)
+        return mysql_ping(m_handle) == 0;
+    int failed = 0;
+    int status = mysql_ping_start(&failed, m_handle);
+    while (status)
+        status = mysql_ping_cont(&failed, m_handle, waitFor(status));
+    return failed == 0;
+}
+
 bool Connection::isLost() const
 {
     return !m_handle || m_lastErrorNumber == CR_SERVER_GONE_ERROR || m_lastErrorNumber == CR_SERVER_LOST;

@@ -45,6 +45,9 @@ public:
     /// Runs a query and reads its whole result; a failed one gives an empty recordset that says so.
     Recordset Open(const QString &sql);
 
+    /// Whether the server answers; waits for it as a statement does. Nothing is logged.
+    bool ping();
+
     QString lastError() const { return m_lastError; }
     unsigned lastErrorNumber() const { return m_lastErrorNumber; }
     /// True after a failure that means that the server is gone.

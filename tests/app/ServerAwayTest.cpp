@@ -247,27 +247,70 @@ TEST_F(ServerAway, CancelEndsTheSaveAndKeepsTheEntry)
     EXPECT_EQ(storedAmounts(), "100");
 }
 
-TEST_F(ServerAway, BarStaysAfterCancelUntilASilentServerAnswers)
+/// With a proxy in the place of the server's socket; the window comes over it when its connection was ended.
+class SilentServer : public ServerAway
 {
-    // The proxy takes the place of the server's socket; the window comes over it when its connection was ended.
-    ASSERT_TRUE(QFile::rename(serverFile("ledgora.sock"), serverFile("behind.sock")));
-    StatementProxy proxy(serverFile("ledgora.sock"), serverFile("behind.sock"));
-    run("Kill " + answer("Select Id From information_schema.processlist Where Id<>Connection_Id() and db='ledgora'"));
-    keyBill("100");
-    proxy.stopAt(StatementProxy::Stop::HoldAnswer, "LOCK TABLE");
+protected:
+    void SetUp() override
+    {
+        ServerAway::SetUp();
+        ASSERT_TRUE(QFile::rename(serverFile("ledgora.sock"), serverFile("behind.sock")));
+        m_proxy = std::make_unique<StatementProxy>(serverFile("ledgora.sock"), serverFile("behind.sock"));
+        run("Kill "
+            + answer("Select Id From information_schema.processlist Where Id<>Connection_Id() and db='ledgora'"));
+        keyBill("100");
+    }
+    StatementProxy &proxy() { return *m_proxy; }
+    void signalServer(int number) const { ASSERT_EQ(::kill(pid_t(m_server.processId()), number), 0); }
+
     Onlooker onlooker;
+
+private:
+    std::unique_ptr<StatementProxy> m_proxy;
+};
+
+TEST_F(SilentServer, BarStaysAfterCancelUntilTheAnswerComes)
+{
+    proxy().stopAt(StatementProxy::Stop::HoldAnswer, "LOCK TABLE");
     bool stillThere = false;
     onlooker.atBar([&](QProgressDialog &bar) {
         bar.findChild<QPushButton *>()->click();
         Keys::settle();
         stillThere = Onlooker::bar() == &bar;
-        proxy.release();
+        proxy().release();
     });
     keys().alt('U');
-    EXPECT_TRUE(proxy.waitForStop());
+    EXPECT_TRUE(proxy().waitForStop());
     EXPECT_TRUE(stillThere);
     EXPECT_FALSE(isEditing());
     EXPECT_EQ(storedAmounts(), "100") << "the lock was there, so the save went on";
+}
+
+TEST_F(SilentServer, CancelGivesUpAConnectionThatNobodyAnswers)
+{
+    proxy().stopAt(StatementProxy::Stop::HoldStatement, "LOCK TABLE");
+    onlooker.atBar([&](QProgressDialog &bar) {
+        signalServer(SIGSTOP);
+        bar.findChild<QPushButton *>()->click();
+        signalServer(SIGCONT);
+    });
+    boxes.expect("Invalid ID generated for the new Record. Can't Save !").icon(QMessageBox::Critical);
+    keys().alt('U');
+    EXPECT_GE(onlooker.seenAfter(), quietMs);
+    expectEntryKept("100");
+    keys().alt('U');
+    EXPECT_FALSE(isEditing());
+    EXPECT_EQ(storedAmounts(), "100");
+}
+
+TEST_F(SilentServer, KeyThatMeetsASleepingServerWaitsWithTheBarAndThenCounts)
+{
+    signalServer(SIGSTOP);
+    onlooker.atBar([&](QProgressDialog &) { signalServer(SIGCONT); });
+    keys().press(Qt::Key_5);
+    EXPECT_GE(onlooker.seenAfter(), quietMs);
+    keys().alt('U');
+    EXPECT_EQ(storedAmounts(), "1005");
 }
 
 } // namespace

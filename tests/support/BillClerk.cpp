@@ -47,7 +47,7 @@ public:
 
     bool keepConnected()
     {
-        if (connection.handle() && !connection.isLost() && mysql_ping(connection.handle()) == 0)
+        if (connection.handle() && !connection.isLost() && connection.ping())
             return true;
         close();
         MYSQL *handle = app::newHandle(m_lockWait);
