@@ -8,6 +8,7 @@
 #include <QElapsedTimer>
 #include <QProcess>
 #include <QTemporaryDir>
+#include <array>
 #include <csignal>
 #include <gtest/gtest.h>
 
@@ -180,9 +181,9 @@ TEST_F(Concurrency, ClerksWhoSaveAtOnceNeverShareAnIdNorALine)
 {
     constexpr int clerks = 4;
     constexpr int billsEach = 15;
-    std::vector<Clerk *> office;
-    for (int i = 0; i < clerks; ++i)
-        office.push_back(&clerk());
+    std::array<Clerk *, clerks> office{};
+    for (Clerk *&one : office)
+        one = &clerk();
     for (int bill = 1; bill <= billsEach; ++bill) {
         for (int i = 0; i < clerks; ++i) {
             const int number = 1000 * (i + 1) + bill;

@@ -41,7 +41,7 @@ app::Descriptor listenAt(const QString &path)
     QFile::remove(path);
     app::Descriptor socket = newSocket();
     const sockaddr_un address = addressOf(path);
-    if (::bind(socket.number(), reinterpret_cast<const sockaddr *>(&address), sizeof address) != 0
+    if (!socket.isOpen() || ::bind(socket.number(), reinterpret_cast<const sockaddr *>(&address), sizeof address) != 0
         || ::listen(socket.number(), SOMAXCONN) != 0)
         throw std::runtime_error("no socket of a statement proxy");
     return socket;
@@ -86,10 +86,10 @@ void killOwner(int socket)
 
 } // namespace
 
-StatementProxy::StatementProxy(const QString &address, const QString &server)
-    : m_address(address)
-    , m_server(server)
-    , m_listener(listenAt(address))
+StatementProxy::StatementProxy(QString address, QString server)
+    : m_address(std::move(address))
+    , m_server(std::move(server))
+    , m_listener(listenAt(m_address))
     , m_wake(::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK))
     , m_thread([this](const std::stop_token &end) { serve(end); })
 {

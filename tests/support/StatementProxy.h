@@ -25,7 +25,7 @@ public:
     };
 
     /// Listens at `address` and serves in a thread of its own. Throws std::runtime_error when it can not.
-    StatementProxy(const QString &address, const QString &server);
+    StatementProxy(QString address, QString server);
     StatementProxy(const StatementProxy &) = delete;
     StatementProxy &operator=(const StatementProxy &) = delete;
     ~StatementProxy();
