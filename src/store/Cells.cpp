@@ -4,6 +4,7 @@
 #include "store/NumberFormat.h"
 #include <algorithm>
 #include <compare>
+#include <iterator>
 #include <numeric>
 
 namespace ledgora {
@@ -80,9 +81,12 @@ bool matches(const QString &cell, const QString &text, Cells::Match match)
 
 } // namespace
 
-Cells::Cells(int columns, int fixedRows) : m_columns(columns), m_fixedRows(fixedRows)
+Cells::Cells(int columns, int fixedRows)
+    : m_texts(size_t(columns) * size_t(fixedRows))
+    , m_hidden(size_t(fixedRows))
+    , m_columns(columns)
+    , m_fixedRows(fixedRows)
 {
-    m_rows.resize(size_t(fixedRows), {std::vector<QString>(size_t(columns)), false});
 }
 
 const QString &Cells::text(int row, int column) const
@@ -90,7 +94,7 @@ const QString &Cells::text(int row, int column) const
     static const QString none;
     if (row < 0 || row >= rows() || column < 0 || column >= m_columns)
         return none;
-    return m_rows[size_t(row)].texts[size_t(column)];
+    return m_texts[place(row, column)];
 }
 
 double Cells::value(int row, int column) const
@@ -101,7 +105,7 @@ double Cells::value(int row, int column) const
 void Cells::setText(int row, int column, const QString &text)
 {
     if (row >= 0 && row < rows() && column >= 0 && column < m_columns)
-        m_rows[size_t(row)].texts[size_t(column)] = text;
+        m_texts[place(row, column)] = text;
 }
 
 void Cells::setRow(int row, const QStringList &texts)
@@ -113,9 +117,10 @@ void Cells::setRow(int row, const QStringList &texts)
 void Cells::setRows(int count)
 {
     const auto wanted = size_t(std::max(count, m_fixedRows));
-    if (wanted == m_rows.size())
+    if (wanted == m_hidden.size())
         return;
-    m_rows.resize(wanted, {std::vector<QString>(size_t(m_columns)), false});
+    m_texts.resize(wanted * size_t(m_columns));
+    m_hidden.resize(wanted);
     ++m_shape;
 }
 
@@ -130,7 +135,8 @@ int Cells::addRow(const QStringList &texts)
 void Cells::insertRow(int row, const QStringList &texts)
 {
     row = std::clamp(row, m_fixedRows, rows());
-    m_rows.insert(m_rows.begin() + row, {std::vector<QString>(size_t(m_columns)), false});
+    m_texts.insert(m_texts.begin() + qptrdiff(place(row, 0)), size_t(m_columns), QString());
+    m_hidden.insert(m_hidden.begin() + row, 0);
     ++m_shape;
     setRow(row, texts);
 }
@@ -139,20 +145,22 @@ void Cells::removeRow(int row)
 {
     if (!isData(row))
         return;
-    m_rows.erase(m_rows.begin() + row);
+    const auto first = m_texts.begin() + qptrdiff(place(row, 0));
+    m_texts.erase(first, first + m_columns);
+    m_hidden.erase(m_hidden.begin() + row);
     ++m_shape;
 }
 
 bool Cells::isHidden(int row) const
 {
-    return row >= 0 && row < rows() && m_rows[size_t(row)].hidden;
+    return row >= 0 && row < rows() && m_hidden[size_t(row)] != 0;
 }
 
 void Cells::setHidden(int row, bool hidden)
 {
-    if (row < 0 || row >= rows() || m_rows[size_t(row)].hidden == hidden)
+    if (row < 0 || row >= rows() || isHidden(row) == hidden)
         return;
-    m_rows[size_t(row)].hidden = hidden;
+    m_hidden[size_t(row)] = hidden ? 1 : 0;
     ++m_shape;
 }
 
@@ -194,11 +202,18 @@ void Cells::sort(int column, Sort kind)
     }
     if (order.empty())
         return;
-    std::vector<Row> sorted;
-    sorted.reserve(order.size());
-    for (const int index : order)
-        sorted.push_back(std::move(m_rows[size_t(m_fixedRows) + size_t(index)]));
-    std::ranges::move(sorted, m_rows.begin() + m_fixedRows);
+    std::vector<QString> texts;
+    std::vector<char> hidden;
+    texts.reserve(order.size() * size_t(m_columns));
+    hidden.reserve(order.size());
+    for (const int index : order) {
+        const int row = m_fixedRows + index;
+        const auto first = m_texts.begin() + qptrdiff(place(row, 0));
+        std::move(first, first + m_columns, std::back_inserter(texts));
+        hidden.push_back(m_hidden[size_t(row)]);
+    }
+    std::ranges::move(texts, m_texts.begin() + qptrdiff(place(m_fixedRows, 0)));
+    std::ranges::move(hidden, m_hidden.begin() + m_fixedRows);
     ++m_shape;
 }
 

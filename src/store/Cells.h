@@ -27,7 +27,7 @@ public:
 
     int columns() const { return m_columns; }
     int fixedRows() const { return m_fixedRows; }
-    int rows() const { return int(m_rows.size()); }
+    int rows() const { return int(m_hidden.size()); }
     bool hasData() const { return rows() > m_fixedRows; }
     bool isData(int row) const { return row >= m_fixedRows && row < rows(); }
 
@@ -59,12 +59,10 @@ public:
     quint64 shape() const { return m_shape; }
 
 private:
-    struct Row
-    {
-        std::vector<QString> texts;
-        bool hidden = false;
-    };
-    std::vector<Row> m_rows;
+    size_t place(int row, int column) const { return size_t(row) * size_t(m_columns) + size_t(column); }
+
+    std::vector<QString> m_texts; ///< row by row, without a block of memory for each row
+    std::vector<char> m_hidden;   ///< one for each row
     int m_columns;
     int m_fixedRows;
     quint64 m_shape = 0;
