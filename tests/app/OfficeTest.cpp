@@ -295,7 +295,7 @@ TEST_F(OfficeTemplates, DamagedTemplateShowsWhatCouldBeReadAndIsLogged)
         size_t pages;
     };
     const Case cases[] = {
-        {"cut short", "{\\rtf1\\ansi\\pard For #PARTY_NAME#\\par {\\b never closed", 1},
+        {"cut short", R"({\rtf1\ansi\pard For #PARTY_NAME#\par {\b never closed)", 1},
         {"no document at all", QByteArray("\0\1\2binary", 9), 1},
         {"empty", "", 1},
     };
