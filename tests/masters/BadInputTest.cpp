@@ -80,6 +80,11 @@ const std::vector<Master> &masters()
 class BadMasterInput : public HomeScreen
 {
 protected:
+    void closeScreen()
+    {
+        screen()->close();
+        QCoreApplication::sendPostedEvents(screen(), QEvent::DeferredDelete);
+    }
     void SetUp() override
     {
         HomeScreen::SetUp();
@@ -148,7 +153,7 @@ TEST_P(BadMasterText, PastedIntoEveryFieldIsStoredAndShownAgain)
         alt(*master.change);
         storedIsKept(master, GetParam()); // unchanged by the second save
         press(Qt::Key_Escape, Qt::NoModifier, *master.open ? 2 : 1);
-        delete screen();
+        closeScreen();
     }
 }
 
@@ -173,7 +178,7 @@ TEST_F(BadMasterInput, FieldsOfDigitsKeepTheDigitsOfAPastedText)
             }
             EXPECT_EQ(text(field), "110066");
         }
-        delete screen();
+        closeScreen();
     }
 }
 
@@ -193,7 +198,7 @@ TEST_F(BadMasterInput, WrongIdentifiersAreRefusedWhateverWasPasted)
             retype(field, "");
             EXPECT_EQ(text(field), "");
         }
-        delete screen();
+        closeScreen();
     }
 }
 
@@ -240,7 +245,7 @@ TEST_F(BadMasterInput, PasswordOfAnyCharactersOpensItsCompany)
         alt('A');
         EXPECT_EQ(frame(), "famFirmEdit");
         EXPECT_EQ(data().rows("Select Pass From GST_FirmMas"), QStringList{password});
-        delete screen();
+        closeScreen();
         data().run("Update GST_FirmMas Set Pass=''");
     }
 }
