@@ -113,15 +113,19 @@ QStringList firstColumn(Recordset rows)
     return texts;
 }
 
+BillFault notWaitedFor()
+{
+    return {QLatin1String(notWaitedForMessage), QStringLiteral("cmdupdate")};
+}
+
 } // namespace
 
 std::optional<BillFault> storedFault(Connection &db, const BillDraft &bill)
 {
-    const BillFault notWaitedFor{QLatin1String(notWaitedForMessage), QStringLiteral("cmdupdate")};
     if (bill.id > 0) {
         Recordset received = db.Open("Select sum(Amount+Discount) from GST_RecpD Where BillId=" + number(bill.id));
         if (db.wasInterrupted())
-            return notWaitedFor;
+            return notWaitedFor();
         if (received.next() && received.number(0) > bill.lines.value(billTotalRow, TotalColumn))
             return BillFault{
                 QStringLiteral("Bill amount is less than Total Amount of Receipt Issued against this Bill."),
@@ -129,7 +133,7 @@ std::optional<BillFault> storedFault(Connection &db, const BillDraft &bill)
     }
     Recordset sameNumber = db.Open(sameSeries(bill) + " and BillNo=" + numberText(bill) + exceptItself(bill));
     if (db.wasInterrupted())
-        return notWaitedFor;
+        return notWaitedFor();
     if (sameNumber.next())
         return BillFault{QStringLiteral("Duplicate Bill No."), QStringLiteral("txtbillno")};
     return std::nullopt;
