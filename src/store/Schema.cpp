@@ -43,6 +43,7 @@ bool createSchema(Connection &db, const QString &hostCode)
 {
     const ErrorSite site("SCHEMA", "CREATESCHEMA");
     bool whole = runScript(db, QStringLiteral(":/sql/gst.sql"));
+    whole = runScript(db, QStringLiteral(":/sql/legacy.sql")) && whole;
     whole = runScript(db, QStringLiteral(":/sql/host_") + hostCode + QStringLiteral(".sql")) && whole;
     // No "Insert Ignore": its warning would go to the error log at every start.
     return db.Execute(QStringLiteral("Insert Into Ledgora_Schema Select 1,") + number(schemaVersion)

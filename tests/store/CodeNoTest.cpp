@@ -31,15 +31,14 @@ protected:
     static void SetUpTestSuite()
     {
         s_database = new Database("C");
-        for (const char *table : {"main_info1", "FBT_Info", "Main_Info", "biller"})
-            s_database->run(QStringLiteral("Create Table %1 (code_no varchar(50))").arg(table));
-        s_database->run("Create Table Owner1 (code varchar(50))");
+        for (const char *table : {"main_info1", "FBT_Info", "Main_Info", "Owner1"})
+            s_database->run(QStringLiteral("Create Table %1 (code varchar(50), code_no varchar(50))").arg(table));
         s_database->run("Insert Into Comp_Master (CompSrNo,Code) Values (1,'C-1'),(2,'O''X')");
-        s_database->run("Insert Into main_info1 Values ('G-1')");
-        s_database->run("Insert Into Owner1 Values ('G-2')");
-        s_database->run("Insert Into FBT_Info Values ('F-1')");
-        s_database->run("Insert Into Main_Info Values ('M-1')");
-        s_database->run("Insert Into biller Values ('B-1')");
+        s_database->run("Insert Into main_info1 (code_no) Values ('G-1')");
+        s_database->run("Insert Into Owner1 (code) Values ('G-2')");
+        s_database->run("Insert Into FBT_Info (code_no) Values ('F-1')");
+        s_database->run("Insert Into Main_Info (code_no) Values ('M-1')");
+        s_database->run("Insert Into biller (code_no) Values ('B-1')");
     }
     static void TearDownTestSuite() { delete s_database; }
 

@@ -31,6 +31,14 @@ TEST(Schema, ColumnsStandInTheirBindingOrder)
          "RecpSrNo FirmId FYr Code_No RecpSerId RecpNo RecpDt Cash PayMode OthAmt BankNm BankBr ChqNo ChqDt "
          "Narr"},
         {"GST_RecpD", "RecpId SrNo BillId Amount Discount TDS"},
+        {"SRate", "Frm Rate Yr Mon Dt ECess ECess1 SBC KKC"},
+        {"Bill_Main", "BillCompNm FYr Code_No BillSrId BillNo BillDt Narr BillId ConsCalc"},
+        {"Bill_Det", "BillId SrNo part Yr Typ Amount STaxApp"},
+        {"Recp_Main",
+         "RecpCompNm FYr Code_No RecpSrId RecpNo RecpDt CASH PayMode OthAmt BankNm BankBr ChqNo ChqDt Narr RecpId"},
+        {"Recp_Det", "RecpId SrNo BillId Amount DISCOUNT TDS"},
+        {"Bill_OpBal", "CompNm Code_No asondt Amount Amount1 SVTAmt"},
+        {"Bill_Se", "Num Series B_R Yr S_P"},
     };
     for (const auto &t : tables) {
         const QStringList columns =
