@@ -225,9 +225,9 @@ Recordset billsOfYear(Connection &db, int firmId, int year, int id)
                    + (id != 0 ? QString(" AND BillSrNo=" + number(id)) : QString()));
 }
 
-Recordset billTotals(Connection &db, const QString &ids)
+PendingQuery billTotals(Connection &db, const QString &ids)
 {
-    return db.Open("Select BillId,SUM(TotalAmt) AS TotBillAmt from GST_BillD Where BillId IN (" + ids
+    return db.send("Select BillId,SUM(TotalAmt) AS TotBillAmt from GST_BillD Where BillId IN (" + ids
                    + ") GROUP BY BillId ORDER BY BillId");
 }
 

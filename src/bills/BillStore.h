@@ -1,7 +1,7 @@
 #pragma once
 
 #include "bills/BillChecks.h"
-#include "store/Recordset.h"
+#include "store/Connection.h"
 #include <QStringList>
 
 namespace ledgora {
@@ -52,7 +52,7 @@ void readBillLines(Connection &db, int billId, TaxType type, Cells &lines);
 
 /// Bills of the year (one when `id` is not 0), columns as stored; and the sum of each one's line totals by id.
 Recordset billsOfYear(Connection &db, int firmId, int year, int id);
-Recordset billTotals(Connection &db, const QString &ids);
+PendingQuery billTotals(Connection &db, const QString &ids);
 
 /// Earlier particulars and narrations of all companies, each once, in order.
 QStringList earlierParticulars(Connection &db);
