@@ -1,20 +1,23 @@
 #pragma once
 
-#include "PrivateServer.h"
+#include "OfficeServer.h"
 #include "store/Connection.h"
+#include <QDeadlineTimer>
 #include <QString>
 #include <memory>
+#include <stop_token>
 
 namespace ledgora::app {
 
-/// The office of one data folder: its private server, the one connection of this program, its tables, its templates.
+/// The office of one data folder: its server, the one connection of this program, its tables, its templates.
 class Office
 {
 public:
     /// True when an office was made in the folder before; makes nothing.
     static bool exists(const QString &dataFolder);
 
-    explicit Office(const QString &dataFolder);
+    /// The office on the folder's private server, or on another one; templates, settings and log lie in the folder.
+    explicit Office(const QString &dataFolder, std::unique_ptr<OfficeServer> server = {});
     Office(const Office &) = delete;
     Office &operator=(const Office &) = delete;
     ~Office();
@@ -24,22 +27,28 @@ public:
     QString error() const { return m_error; }
 
     Connection &connection() { return m_connection; }
-    const PrivateServer &server() const { return m_server; }
+    const OfficeServer &server() const { return *m_server; }
     QString dataFolder() const { return m_dataFolder; }
 
     enum class Server { There, Reopened, Away };
     /// Before a command: when the server went away, starts or attaches to it again and hands the connection a new
-    /// handle; `Away` while that does not work. Does nothing while a statement runs.
+    /// handle; `Away` while that does not work. Waits as a statement does, with a bar where the connection has one; a
+    /// server that did not even refuse is let alone for some seconds then, so that the window can be used meanwhile.
+    /// Does nothing while a statement runs.
     Server keepConnected();
 
 private:
-    bool connectToServer();
+    bool reachServer();
+    void interrupt();
     bool installTemplates();
     void closeHandle();
 
     QString m_dataFolder;
-    PrivateServer m_server;
+    std::unique_ptr<OfficeServer> m_server;
     st_mysql *m_handle = nullptr;
+    std::stop_source m_stop;
+    bool m_isReaching = false;
+    QDeadlineTimer m_letAlone;
     Connection m_connection;
     QString m_error;
 };

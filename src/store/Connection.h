@@ -35,6 +35,7 @@ public:
     /// With a hook statements run through the client's non-blocking calls, so that a window can stay alive; without
     /// one they just wait. The handle must have been made with MYSQL_OPT_NONBLOCK for a hook to be used.
     void setWaitHook(WaitHook hook);
+    const WaitHook &waitHook() const { return m_wait; }
 
     /// What a wait bar's Cancel does: the host ends the running statement from outside (a second connection).
     void setInterrupt(std::function<void()> interrupt);

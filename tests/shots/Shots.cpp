@@ -69,7 +69,7 @@ void visitClients(Clerk &clerk, QWidget &window, const Look &look)
         clerk.choose(QStringLiteral("GUJ"));
         clerk.alt('S');
     }
-    clerk.press(Qt::Key_Return);
+    clerk.alt('M');
     look(QStringLiteral("client-modify"), window);
     clerk.press(Qt::Key_Escape);
     look(QStringLiteral("clients"), window);
