@@ -3,6 +3,7 @@
 #include "Demo.h"
 #include "MainWindow.h"
 #include "Office.h"
+#include "care/CareCommands.h"
 #include "store/Dates.h"
 #include "store/NumberFormat.h"
 #include <QApplication>
@@ -90,5 +91,7 @@ int main(int argc, char *argv[])
         const QString fault = runDemo(line.out);
         return fault.isEmpty() ? int(Done) : failed(fault);
     }
+    if (line.command != CommandLine::Command::Window)
+        return runCareCommand(line);
     return runWindow(line);
 }

@@ -34,6 +34,11 @@ struct SaveResult
     bool whole() const { return id > 0 && headerIn && notIn.isEmpty(); }
 };
 
+/// What a save writes: the values of the bill's row in `GST_BillM`, and those of one row in `GST_BillD` for each line
+/// with particulars, serials from 1; each in brackets, as they stand behind "Insert Into ... Values".
+QString billHeaderValues(const BillDraft &bill, int id);
+QStringList billLineValues(const BillDraft &bill, int id);
+
 /// Writes header and lines as single statements. After a header that failed, or that met no row because another user
 /// deleted the bill, no line is touched; after any later failure the remaining statements still run.
 SaveResult saveBill(Connection &db, const BillDraft &bill);
