@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QHash>
 #include <QString>
 #include <QStringList>
 #include <vector>
@@ -36,7 +37,8 @@ public:
     void setText(int row, int column, const QString &text);
     void setRow(int row, const QStringList &texts); ///< from column 0; further columns stay
 
-    void setRows(int count); ///< cuts or adds empty rows at the end, never below the fixed rows
+    void setColumns(int count); ///< cuts columns on the right, or adds empty ones
+    void setRows(int count);    ///< cuts or adds empty rows at the end, never below the fixed rows
     int addRow(const QStringList &texts = {});
     void insertRow(int row, const QStringList &texts = {});
     void removeRow(int row);
@@ -67,5 +69,8 @@ private:
     int m_fixedRows;
     quint64 m_shape = 0;
 };
+
+/// The first data row of each text of a column, case counting; for many exact searches in a list that stands still.
+QHash<QString, int> firstRowsByText(const Cells &cells, int column);
 
 } // namespace ledgora
