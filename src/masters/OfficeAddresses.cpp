@@ -1,6 +1,7 @@
 #include "masters/OfficeAddresses.h"
 
 #include "masters/AddressColumns.h"
+#include "masters/CodeRows.h"
 #include "store/Cells.h"
 #include "store/Connection.h"
 #include "store/ErrorLog.h"
@@ -10,34 +11,13 @@ namespace ledgora {
 
 namespace {
 
-/// The rows of each code in a list that is sorted by code.
-class CodeRows
-{
-public:
-    CodeRows(const Cells &list, int column) : m_list(list), m_column(column), m_first(firstRowsByText(list, column)) {}
-
-    int first(const QString &code) const { return m_first.value(code, -1); }
-    template<class Use>
-    void forEach(const QString &code, Use use) const
-    {
-        const int first = this->first(code);
-        for (int row = first; row >= 0 && row < m_list.rows() && m_list.text(row, m_column) == code; ++row)
-            use(row);
-    }
-
-private:
-    const Cells &m_list;
-    int m_column;
-    QHash<QString, int> m_first;
-};
-
 int workColumn(const Cells &grid, OfficeWorkColumn column)
 {
     return grid.columns() - OfficeWorkColumnCount + column;
 }
 
 /// Clients whose latest assessment year names the residence keep it.
-void keepResidences(Connection &db, Cells &grid, const CodeRows &clients)
+void keepResidences(Connection &db, Cells &grid, CodeRows &clients)
 {
     Recordset years = db.Open(
         QStringLiteral("Select * From new_Tab Where code_no Not Like '%^%' Order by code_no ASC, ass_year DESC"));
@@ -48,7 +28,7 @@ void keepResidences(Connection &db, Cells &grid, const CodeRows &clients)
     // Codes that differ only in case come mixed by year, so that a change of code does not show a first row.
     std::vector<bool> seen(size_t(grid.rows()));
     while (years.next()) {
-        const int first = clients.first(years.text(code));
+        const int first = clients.find(years.text(code));
         if (first < 0 || seen[size_t(first)])
             continue;
         seen[size_t(first)] = true;
@@ -85,7 +65,7 @@ void CHECKANDFILLOFFCOMMADDRVS(Connection &db, Cells &grid, int firstRow, int co
     grid.sort(codeColumn, Cells::Sort::Text);
     if (addrOpt == ResidentialAddress)
         return;
-    const CodeRows clients(grid, codeColumn);
+    CodeRows clients(grid, codeColumn);
     if (addrOpt == CommunicationAddress)
         keepResidences(db, grid, clients);
     const int kind = workColumn(grid, OfficeKind);

@@ -1,6 +1,7 @@
 #include "masters/PartyDirectory.h"
 
 #include "bills/DocumentList.h"
+#include "masters/CodeRows.h"
 #include "masters/OfficeAddresses.h"
 #include "masters/OwnerName.h"
 #include "store/Connection.h"
@@ -116,11 +117,11 @@ void addRegisteredGstins(Connection &db, Cells &parties)
     Recordset rows = db.Open(QStringLiteral("Select * from GST_ClRegNo WHERE GSTIN<>'' ORDER BY Code_No"));
     if (rows.recordCount() == 0)
         return;
-    const QHash<QString, int> rowOfCode = firstRowsByText(parties, PartyCode);
+    CodeRows clients(parties, PartyCode);
     const int code = rows.column(QStringLiteral("Code_No"));
     const int gstin = rows.column(QStringLiteral("GSTIN"));
     while (rows.next())
-        parties.setText(rowOfCode.value(rows.text(code), -1), PartyGstin, rows.text(gstin));
+        parties.setText(clients.find(rows.text(code)), PartyGstin, rows.text(gstin));
 }
 
 } // namespace

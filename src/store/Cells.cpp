@@ -231,13 +231,4 @@ void Cells::sort(int column, Sort kind)
     ++m_shape;
 }
 
-QHash<QString, int> firstRowsByText(const Cells &cells, int column)
-{
-    QHash<QString, int> rows;
-    rows.reserve(cells.rows());
-    for (int row = cells.rows() - 1; row >= cells.fixedRows(); --row)
-        rows.insert(cells.text(row, column), row);
-    return rows;
-}
-
 } // namespace ledgora

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QHash>
 #include <QString>
 #include <QStringList>
 #include <vector>
@@ -69,8 +68,5 @@ private:
     int m_fixedRows;
     quint64 m_shape = 0;
 };
-
-/// The first data row of each text of a column, case counting; for many exact searches in a list that stands still.
-QHash<QString, int> firstRowsByText(const Cells &cells, int column);
 
 } // namespace ledgora
