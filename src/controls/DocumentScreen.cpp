@@ -7,6 +7,7 @@
 #include "controls/LineField.h"
 #include "controls/OneLine.h"
 #include "masters/PartyDirectory.h"
+#include "masters/PartyHistory.h"
 #include "masters/SeriesStore.h"
 #include "store/Connection.h"
 #include "store/Dates.h"
@@ -132,7 +133,10 @@ void DocumentScreen::CBOFYR_CLICK()
         return;
     m_fields.year->setHiddenValue(index);
     if (gHostCode == QLatin1String("C"))
-        m_parties->change([](Cells &parties) { LOADCLLIST(*gCnn, gHostCode, parties); });
+        m_parties->change([this](Cells &parties) {
+            LOADCLLIST(*gCnn, gHostCode, parties);
+            CEF_UPDATEADDRESS(*gCnn, year(), parties);
+        });
     fillSeries();
     yearChanged(year());
     loadList(0);

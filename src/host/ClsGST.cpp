@@ -2,6 +2,7 @@
 
 #include "host/Balance.h"
 #include "host/ClsOth.h"
+#include "host/HostAnswers.h"
 #include "host/WorkingState.h"
 #include "masters/frmMainGST.h"
 #include "platform/Registry.h"
@@ -9,6 +10,7 @@
 #include "store/Connection.h"
 #include "store/ErrorLog.h"
 #include "store/Settings.h"
+#include <algorithm>
 
 namespace ledgora {
 
@@ -16,9 +18,24 @@ namespace {
 
 constexpr auto accessWordOfHosts = "ZoRbItWaLkErX";
 
-int expectedVersion(const QString &hostCode)
+/// How a working period opens on a kind of host.
+struct HostKind
 {
-    return hostCode == QLatin1String("G") ? 3 : 2;
+    const char *code;
+    qint16 version; ///< of the interface that the host was made for
+    const char *templates, *log;
+};
+constexpr HostKind hostKinds[] = {
+    {"G", 3, "GST_Templates", "VeltrixLog.log"},
+    {"T", 2, "MiscSoftData/GST_Templates", "NestrelLogger.log"},
+    {"C", 2, "GST_Templates", "BrindleLogger.log"},
+};
+
+const HostKind *hostKind(const QString &code)
+{
+    const auto *found =
+        std::ranges::find_if(hostKinds, [&](const HostKind &kind) { return code == QLatin1String(kind.code); });
+    return found == std::end(hostKinds) ? nullptr : found;
 }
 
 } // namespace
@@ -63,27 +80,43 @@ bool ClsGST::CallBilling(const QString &accessWord, const QString &hostCode, qin
 {
     const ErrorSite site("CLSGST", "CALLBILLING");
     gHostCode.clear();
-    if (accessWord != QLatin1String(accessWordOfHosts) || version != expectedVersion(hostCode))
+    const HostKind *kind = hostKind(hostCode);
+    if (accessWord != QLatin1String(accessWordOfHosts) || !kind || version != kind->version)
         return false;
-    if (hostCode != QLatin1String("C"))
+    takeHost(hostCode);
+    gTmplPath = joinPath(gAppPath, QLatin1String(kind->templates));
+    gLogPath = joinPath(gAppPath, QLatin1String(kind->log));
+    if (!gHostObj || !gCnn)
         return false;
-    gHostCode = hostCode;
-    m_hostObject = std::make_unique<ClsOth>(m_ratX, m_ratY, m_ratFS);
-    gHostObj = m_hostObject.get();
-    gTmplPath = joinPath(gAppPath, QStringLiteral("GST_Templates"));
-    gLogPath = joinPath(gAppPath, QStringLiteral("BrindleLogger.log"));
-    if (!gCnn) {
-        gHostCode.clear();
-        return false;
-    }
     m_reporter = Registry::instance().create<Reporter>(QLatin1String(Reporter::progId));
     gReporter = m_reporter.get();
     if (!gReporter) {
-        WriteErrLog(429, QStringLiteral("No component is registered as ") + QLatin1String(Reporter::progId),
-                    QStringLiteral("ClsGST"));
-        gHostCode.clear();
+        logMissingComponent(QLatin1String(Reporter::progId));
+        return false;
     }
-    return gReporter != nullptr;
+    gHostCode = hostCode;
+    return true;
+}
+
+/// The base object of the host, and what it has set or answers.
+void ClsGST::takeHost(const QString &hostCode)
+{
+    if (hostCode == QLatin1String("C")) {
+        m_hostObject = std::make_unique<ClsOth>(m_ratX, m_ratY, m_ratFS);
+        gHostObj = m_hostObject.get();
+        return;
+    }
+    const bool isG = hostCode == QLatin1String("G");
+    HostAnswers answers = isG ? askVeltrixHost() : askDataHost(QLatin1String(DataHost::progIdOfT));
+    m_hostObject = std::move(answers.object);
+    gHostObj = m_hostObject.get();
+    if (!gHostObj)
+        return;
+    gAppPath = answers.appPath;
+    gTmpPath = answers.tmpPath;
+    gCnn = answers.connection;
+    // The year of host "T" is one ahead of the financial year.
+    gRegYr = qint16(isG ? answers.year : answers.year - 1);
 }
 
 void ClsGST::OpenBilling()

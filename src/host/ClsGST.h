@@ -34,8 +34,10 @@ public:
     void CnnObj(Connection *connection);
     void ObjMdi(HostWindow *window);
 
-    /// Opens the working period. False without a reason for a wrong access word, interface version, host code, or
-    /// when connection or report engine are missing; then `OpenBilling` does nothing.
+    /// Opens the working period of host "G" (interface version 3), "T" or "C" (2). The base objects of "G" and "T" are
+    /// made through the `Registry` and tell folders, connection and year; for "C" the properties must have been set.
+    /// False without a reason for a wrong access word, version, host code, or when base object, connection or report
+    /// engine are missing; then no period is open and `OpenBilling` does nothing.
     bool CallBilling(const QString &accessWord, const QString &hostCode, qint16 version);
 
     /// Shows the home screen, there is one, and returns at once.
@@ -45,6 +47,8 @@ public:
     double GetAmt(qint32 firmId, const QString &codeNo);
 
 private:
+    void takeHost(const QString &hostCode);
+
     float m_ratX = 1;
     float m_ratY = 1;
     float m_ratFS = 1;

@@ -1,8 +1,13 @@
 #include "masters/PartyDirectory.h"
 
 #include "bills/DocumentList.h"
+#include "masters/CodeRows.h"
+#include "masters/OfficeAddresses.h"
+#include "masters/OwnerName.h"
 #include "store/Connection.h"
 #include "store/ErrorLog.h"
+#include "store/NumberFormat.h"
+#include "store/Settings.h"
 #include <array>
 #include <vector>
 
@@ -16,79 +21,107 @@ struct PartySource
 {
     const char *query;
     const char *codeMark;
-    const char *code, *name, *pan, *gstin, *state;
+    const char *code;
+    QStringList name; ///< one column, or the three parts of an individual's
+    const char *pan, *gstin, *state;
     QStringList address;
     bool zeroAddressIsEmpty;
 };
 
-const PartySource companies{"Select * from Comp_Master",
-                            "",
-                            "Code",
-                            "Nm",
-                            "PAN",
-                            nullptr,
-                            "State",
-                            {"Flat", "Building", "street", "area", "city", "State", "PIN"},
-                            false};
+const QStringList flatFields{"Flat", "Building", "street", "area", "city", "State", "PIN"};
+const QStringList houseFields{"h_no", "h_nm", "street", "area", "city", "State", "PIN"};
+
+const PartySource companies{
+    "Select * from Comp_Master", "", "Code", {"Nm"}, "PAN", nullptr, "State", flatFields, false};
 const PartySource partnerships{"Select * from LLP_Master",
                                "LLP!~!",
                                "Code",
-                               "Nm",
+                               {"Nm"},
                                "PAN",
                                nullptr,
                                "State",
                                {"Line1", "Line2", "city", "State", "PIN"},
                                false};
+const PartySource clientsOfT{
+    "Select * from Main_Info", "", "Code_No", {"Name"}, "PANNo", nullptr, "State", flatFields, false};
+const PartySource individuals{
+    "Select * from Owner1", "", "Code", {"F_nm", "M_nm", "l_nm"}, "PAN", nullptr, "State", houseFields, true};
+const PartySource clientsOfG{
+    "Select * from Main_Info1", "", "Code_No", {"Nm"}, "PAN", nullptr, "State", houseFields, true};
 const PartySource otherClients{"Select * from GST_OthCl",
                                "",
                                "OthClCode",
-                               "Nm",
+                               {"Nm"},
                                "PAN",
                                "GSTIN",
                                "StateNm",
                                {"h_no", "h_nm", "street", "area", "city", "StateNm", "pincode"},
                                true};
 
+QString partyName(const Recordset &rows, const std::vector<int> &columns)
+{
+    return columns.size() == 1 ? rows.text(columns[0])
+                               : ownerName(rows.text(columns[0]), rows.text(columns[1]), rows.text(columns[2]));
+}
+
 void addParties(Connection &db, Cells &parties, const PartySource &source)
 {
     Recordset rows = db.Open(QLatin1String(source.query));
     const auto column = [&rows](const char *name) { return name ? rows.column(QLatin1String(name)) : -1; };
     const int code = column(source.code);
-    const std::array<std::pair<int, int>, 4> sources{{{PartyName, column(source.name)},
-                                                      {PartyPan, column(source.pan)},
-                                                      {PartyGstin, column(source.gstin)},
-                                                      {PartyState, column(source.state)}}};
-    std::vector<int> address;
-    for (const QString &name : source.address)
-        address.push_back(rows.column(name));
+    const std::array<std::pair<int, int>, 3> sources{
+        {{PartyPan, column(source.pan)}, {PartyGstin, column(source.gstin)}, {PartyState, column(source.state)}}};
+    std::vector<int> name;
+    for (const QString &part : source.name)
+        name.push_back(rows.column(part));
+    const AddressColumns address(rows, source.address);
     const int firstRow = parties.rows();
     parties.setRows(firstRow + int(rows.recordCount()));
     for (int row = firstRow; rows.next(); ++row) {
         parties.setText(row, PartyCode, QLatin1String(source.codeMark) + rows.text(code));
+        parties.setText(row, PartyName, partyName(rows, name));
         for (const auto &[cell, from] : sources)
             parties.setText(row, cell, rows.text(from));
-        QStringList parts;
-        for (const int part : address)
-            parts << rows.text(part);
-        const QString line = oneLineAddress(parts);
+        const QString line = address.line(rows);
         const bool empty = source.zeroAddressIsEmpty && line == QLatin1String("0");
         parties.setText(row, PartyAddress, empty ? QString() : line);
     }
 }
 
-/// Both tables are in code order, so that the search moves along; a client that left the host is skipped.
+int setting(const char *key)
+{
+    return int(Val(GETSETTININI(QStringLiteral("Settings"), QLatin1String(key), QStringLiteral("0"))));
+}
+
+/// The individuals of host "G", with the address that the settings ask for.
+void addIndividuals(Connection &db, Cells &parties)
+{
+    const int addrOpt = setting("AddrOpt");
+    const bool showOfficeName = setting("AddrOffNm") == 0;
+    const int columns = parties.columns();
+    parties.setColumns(columns + OfficeWorkColumnCount);
+    addParties(db, parties, individuals);
+    for (int row = parties.fixedRows(); row < parties.rows(); ++row) {
+        if (addrOpt != ResidentialElseOffice || !parties.text(row, PartyAddress).isEmpty())
+            parties.setText(row, columns + OfficeMark, QStringLiteral("Y"));
+        parties.setText(row, columns + OfficeKind, QStringLiteral("O"));
+    }
+    CHECKANDFILLOFFCOMMADDRVS(db, parties, parties.fixedRows(), PartyCode, PartyAddress, addrOpt, showOfficeName,
+                              PartyState);
+    parties.setColumns(columns);
+}
+
+/// A client that left the host is skipped.
 void addRegisteredGstins(Connection &db, Cells &parties)
 {
     Recordset rows = db.Open(QStringLiteral("Select * from GST_ClRegNo WHERE GSTIN<>'' ORDER BY Code_No"));
     if (rows.recordCount() == 0)
         return;
-    parties.sort(PartyCode, Cells::Sort::Text);
-    int start = parties.fixedRows();
-    while (rows.next()) {
-        const int row = parties.findMoving(rows.text(QStringLiteral("Code_No")), PartyCode, start);
-        if (row >= 0)
-            parties.setText(row, PartyGstin, rows.text(QStringLiteral("GSTIN")));
-    }
+    CodeRows clients(parties, PartyCode);
+    const int code = rows.column(QStringLiteral("Code_No"));
+    const int gstin = rows.column(QStringLiteral("GSTIN"));
+    while (rows.next())
+        parties.setText(clients.find(rows.text(code)), PartyGstin, rows.text(gstin));
 }
 
 } // namespace
@@ -108,24 +141,15 @@ void LOADCLLIST(Connection &db, const QString &hostCode, Cells &parties)
     if (hostCode == QLatin1String("C")) {
         addParties(db, parties, companies);
         addParties(db, parties, partnerships);
+    } else if (hostCode == QLatin1String("T")) {
+        addParties(db, parties, clientsOfT);
+    } else if (hostCode == QLatin1String("G")) {
+        addIndividuals(db, parties);
+        addParties(db, parties, clientsOfG);
     }
     addRegisteredGstins(db, parties);
     addParties(db, parties, otherClients);
     parties.sort(PartyName, Cells::Sort::Text);
-}
-
-QString oneLineAddress(const QStringList &parts)
-{
-    QString address;
-    for (qsizetype i = 0; i < parts.size(); ++i) {
-        const QString &part = parts.at(i);
-        if (part.isEmpty())
-            continue;
-        if (!address.isEmpty())
-            address += i == parts.size() - 1 ? QStringLiteral("-") : QStringLiteral(", ");
-        address += part;
-    }
-    return address;
 }
 
 } // namespace ledgora

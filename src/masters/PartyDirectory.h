@@ -1,7 +1,7 @@
 #pragma once
 
+#include "masters/AddressColumns.h"
 #include "store/Cells.h"
-#include <QStringList>
 
 namespace ledgora {
 
@@ -11,10 +11,8 @@ class Connection;
 Cells emptyPartyDirectory();
 
 /// Fills the directory: the clients of the host's tables by host code, their registered GSTINs, and the company's
-/// other clients; sorted by name. A source that can not be read is logged and left out.
+/// other clients; sorted by name. Individuals of host "G" bear the address that `Confg.ini` asks for. A source that can
+/// not be read is logged and left out. Time grows with the number of rows read.
 void LOADCLLIST(Connection &db, const QString &hostCode, Cells &parties);
-
-/// One-line address: parts that are not empty joined with ", ", the last one (the postal code) with "-".
-QString oneLineAddress(const QStringList &parts);
 
 } // namespace ledgora

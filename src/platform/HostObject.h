@@ -1,8 +1,12 @@
 #pragma once
 
+#include <QString>
+
 class QWidget;
 
 namespace ledgora {
+
+class Connection;
 
 /// The base object of a host, which every screen asks while it loads and lays itself out. Ratios are those of the
 /// user's display to the reference display; 1 is no change.
@@ -18,6 +22,32 @@ public:
     virtual float vScreenRatY() const = 0;
     virtual float vScreenRatFS() const = 0;
     virtual void Resize_For_Resolution(QWidget &screen) = 0;
+};
+
+/// The base object of host "G", made through the `Registry` under its ProgID. No member throws.
+class VeltrixHost : public HostObject
+{
+public:
+    static constexpr auto progId = "VeltrixBase.ClsMain";
+
+    /// Whether the host's own parts fit together; False is told to the user and ends nothing. Older hosts lack it.
+    virtual bool CheckDllsVersion(bool) { return true; }
+    virtual QString docpath() const = 0;  ///< folder of the host's data
+    virtual QString vTmpPath() const = 0; ///< its temporary folder
+    virtual Connection *dbobj() = 0;      ///< the host keeps it; nothing when it is not connected
+    virtual qint16 GetRegYr() const = 0;  ///< the host's current year
+};
+
+/// The base object of the hosts that keep their data in one folder, each under a ProgID of its own. No member throws.
+class DataHost : public HostObject
+{
+public:
+    static constexpr auto progIdOfT = "Nestrel.ClsData";
+
+    virtual QString AppPath() const = 0;  ///< folder of the host's data
+    virtual QString vTmpPath() const = 0; ///< its temporary folder
+    virtual Connection *CnnObj() = 0;     ///< the host keeps it; nothing when it is not connected
+    virtual qint16 GetRegYr() const = 0;  ///< the host's current year; that of host "T" is one ahead
 };
 
 /// The main window of a host that has one: takes screens as its children and is told when the home screen closes.

@@ -114,6 +114,20 @@ void Cells::setRow(int row, const QStringList &texts)
         setText(row, column, texts.at(column));
 }
 
+void Cells::setColumns(int count)
+{
+    if (count == m_columns || count < 0)
+        return;
+    std::vector<QString> texts(m_hidden.size() * size_t(count));
+    for (int row = 0; row < rows(); ++row) {
+        for (int column = 0; column < std::min(count, m_columns); ++column)
+            texts[size_t(row) * size_t(count) + size_t(column)] = std::move(m_texts[place(row, column)]);
+    }
+    m_texts = std::move(texts);
+    m_columns = count;
+    ++m_shape;
+}
+
 void Cells::setRows(int count)
 {
     const auto wanted = size_t(std::max(count, m_fixedRows));

@@ -36,7 +36,8 @@ public:
     void setText(int row, int column, const QString &text);
     void setRow(int row, const QStringList &texts); ///< from column 0; further columns stay
 
-    void setRows(int count); ///< cuts or adds empty rows at the end, never below the fixed rows
+    void setColumns(int count); ///< cuts columns on the right, or adds empty ones
+    void setRows(int count);    ///< cuts or adds empty rows at the end, never below the fixed rows
     int addRow(const QStringList &texts = {});
     void insertRow(int row, const QStringList &texts = {});
     void removeRow(int row);
