@@ -36,7 +36,7 @@ void MainWindow::makeMenu()
     billing->addSeparator();
     billing->addAction(QStringLiteral("&Quit"), QKeySequence(Qt::CTRL | Qt::Key_Q), this, &QWidget::close);
     // The access letter is one that no screen has on a command.
-    QMenu *clients = menuBar()->addMenu(QStringLiteral("Cl&ients"));
+    QMenu *clients = menuBar()->addMenu(QStringLiteral("Clie&nts"));
     clients
         ->addAction(QStringLiteral("&Clients of the Office"), QKeySequence(Qt::CTRL | Qt::Key_L), this,
                     &MainWindow::openClients)
