@@ -1,5 +1,6 @@
 #include "CommandLine.h"
 
+#include "Office.h"
 #include <QCommandLineParser>
 #include <QStandardPaths>
 
@@ -34,6 +35,10 @@ void addOptions(QCommandLineParser &parser, CommandLine::Command command)
     parser.addOption({QStringLiteral("today"), QStringLiteral("Work as on this day (DD/MM/YYYY or YYYY-MM-DD)."),
                       QStringLiteral("DATE")});
     parser.addOption({{QStringLiteral("h"), QStringLiteral("help")}, QStringLiteral("Show this help.")});
+    if (command != CommandLine::Command::Demo)
+        parser.addOption({QStringLiteral("host"),
+                          QStringLiteral("Host to play, with its clients and folders: C, G or T (default C)."),
+                          QStringLiteral("CODE"), QStringLiteral("C")});
     switch (command) {
     case CommandLine::Command::Demo:
         parser.addOption(
@@ -69,6 +74,8 @@ QString fault(const CommandLine &line, const QCommandLineParser &parser)
         return QStringLiteral("--today takes a date, DD/MM/YYYY or YYYY-MM-DD");
     if (!line.open.isEmpty() && line.open != QLatin1String("gst"))
         return QStringLiteral("--open takes gst");
+    if (!line.host.isEmpty() && !Office::hostCodes().contains(line.host))
+        return QStringLiteral("--host takes C, G or T");
     if (line.command == CommandLine::Command::Demo && line.out.isEmpty())
         return QStringLiteral("demo needs --out DIR");
     if (line.command == CommandLine::Command::Balance && (line.firm < 1 || line.party.isEmpty()))
@@ -108,6 +115,7 @@ CommandLine readCommandLine(const QStringList &arguments)
         const QString option = QLatin1String(name);
         return parser.optionNames().contains(option) ? parser.value(option) : QString();
     };
+    line.host = value("host");
     line.open = value("open");
     line.out = value("out");
     line.party = value("party");

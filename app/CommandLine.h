@@ -13,6 +13,7 @@ struct CommandLine
     enum class Command { Window, Demo, Balance, Help, Version, Wrong };
     Command command = Command::Window;
     QString dataFolder; ///< --data, else the XDG data folder
+    QString host;       ///< --host: "C", "G" or "T"
     QString open;       ///< --open: "gst" or ""
     QString out;        ///< demo --out
     int firm = 0;       ///< balance --firm

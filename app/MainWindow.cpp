@@ -1,6 +1,7 @@
 #include "MainWindow.h"
 
 #include "ClientEditor.h"
+#include "GroupEditor.h"
 #include "Office.h"
 #include "controls/WaitBar.h"
 #include <QApplication>
@@ -41,6 +42,9 @@ void MainWindow::makeMenu()
         ->addAction(QStringLiteral("&Clients of the Office"), QKeySequence(Qt::CTRL | Qt::Key_L), this,
                     &MainWindow::openClients)
         ->setObjectName(QStringLiteral("actClients"));
+    if (m_office.hostCode() == QLatin1String("G"))
+        clients->addAction(QStringLiteral("&Groups of Clients"), this, &MainWindow::openGroups)
+            ->setObjectName(QStringLiteral("actGroups"));
     QMenu *window = menuBar()->addMenu(QStringLiteral("&Window"));
     window->addAction(QStringLiteral("&Next Screen"), QKeySequence(Qt::CTRL | Qt::Key_Tab), m_area,
                       &QMdiArea::activateNextSubWindow);
@@ -67,6 +71,15 @@ void MainWindow::openClients()
     if (!m_clients)
         m_clients = new ClientEditor;
     showScreen(*m_clients);
+}
+
+void MainWindow::openGroups()
+{
+    if (!m_billing.isOpen())
+        return;
+    if (!m_groups)
+        m_groups = new GroupEditor;
+    showScreen(*m_groups);
 }
 
 void MainWindow::showScreen(QWidget &screen)

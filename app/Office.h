@@ -2,19 +2,23 @@
 
 #include "PrivateServer.h"
 #include "store/Connection.h"
-#include <QString>
+#include <QStringList>
 #include <memory>
 
 namespace ledgora::app {
 
-/// The office of one data folder: its private server, the one connection of this program, its tables, its templates.
+/// The office of one data folder: its private server, the one connection of this program, its tables and templates as
+/// the host has them. An office may be opened as several hosts in turn; each has client tables of its own.
 class Office
 {
 public:
     /// True when an office was made in the folder before; makes nothing.
     static bool exists(const QString &dataFolder);
 
-    explicit Office(const QString &dataFolder);
+    /// Host codes that the program plays: "C", "G", "T".
+    static QStringList hostCodes();
+
+    explicit Office(const QString &dataFolder, QString hostCode = QStringLiteral("C"));
     Office(const Office &) = delete;
     Office &operator=(const Office &) = delete;
     ~Office();
@@ -26,6 +30,7 @@ public:
     Connection &connection() { return m_connection; }
     const PrivateServer &server() const { return m_server; }
     QString dataFolder() const { return m_dataFolder; }
+    QString hostCode() const { return m_hostCode; }
 
     enum class Server { There, Reopened, Away };
     /// Before a command: when the server went away, starts or attaches to it again and hands the connection a new
@@ -38,6 +43,7 @@ private:
     void closeHandle();
 
     QString m_dataFolder;
+    QString m_hostCode;
     PrivateServer m_server;
     st_mysql *m_handle = nullptr;
     Connection m_connection;

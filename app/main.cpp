@@ -28,7 +28,7 @@ int printBalance(const CommandLine &line)
 {
     if (!Office::exists(line.dataFolder)) // a mistyped folder must not become an office
         return failed(QStringLiteral("The folder [") + line.dataFolder + QStringLiteral("] holds no office."));
-    Office office(line.dataFolder);
+    Office office(line.dataFolder, line.host);
     if (!office.open())
         return failed(office.error());
     Billing billing(office, nullptr);
@@ -40,7 +40,7 @@ int printBalance(const CommandLine &line)
 
 int runWindow(const CommandLine &line)
 {
-    Office office(line.dataFolder);
+    Office office(line.dataFolder, line.host);
     if (!office.open()) {
         QMessageBox::critical(nullptr, QStringLiteral("Ledgora"), office.error());
         return failed(office.error());
