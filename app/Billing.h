@@ -11,12 +11,16 @@ namespace ledgora::app {
 
 class Office;
 
-/// The billing library in this program's hands: registers the stock components and opens a working period as host
-/// "C" on the office. The host's current year is the one in which the financial year of today starts.
+/// The billing library in this program's hands: registers the stock components and host objects and opens a working
+/// period on the office as the host that it plays. The current year is the one in which the financial year of today
+/// starts.
 class Billing
 {
 public:
     Billing(Office &office, HostWindow *window);
+    Billing(const Billing &) = delete;
+    Billing &operator=(const Billing &) = delete;
+    ~Billing();
 
     /// False when the working period could not be opened.
     bool isOpen() const { return m_open; }

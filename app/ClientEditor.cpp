@@ -9,6 +9,7 @@
 #include "ui_ClientEditor.h"
 #include <QCoreApplication>
 #include <QKeyEvent>
+#include <algorithm>
 
 namespace ledgora::app {
 
@@ -29,9 +30,11 @@ ClientEditor::ClientEditor(QWidget *parent) : Screen(parent), ui(std::make_uniqu
     ui->setupUi(this);
     gHostObj->Resize_For_Resolution(*this);
     LOADSTATELISTGST(*ui->cboClientState);
-    ui->cboClientKind->addItems({QStringLiteral("Company"), QStringLiteral("Limited-liability partnership")});
+    for (const ClientKind kind : clientKinds(gHostCode))
+        ui->cboClientKind->addItem(QLatin1String(clientTable(kind).caption), int(kind));
     connectList();
     connectEdit();
+    connectDetails();
     loadList();
     ui->txtClientSearch->setFocus();
 }
@@ -55,7 +58,7 @@ void ClientEditor::connectList()
 
 void ClientEditor::loadList(const ClientRef &chosen)
 {
-    ui->vsClients->change([](Cells &clients) { loadClientList(*gCnn, clients); });
+    ui->vsClients->change([](Cells &clients) { loadClientList(*gCnn, gHostCode, clients); });
     const Cells &clients = ui->vsClients->cells();
     const int row = chosen.code.isEmpty() ? -1 : rowOfClient(clients, chosen);
     ui->vsClients->setRow(row >= 0 ? row : clients.fixedRows());
@@ -115,8 +118,12 @@ void ClientEditor::addClient()
     m_addMode = true;
     m_client = {};
     m_latestChange = {};
-    showEdit(ClientKind::Company, {});
-    ui->cboClientKind->setFocus();
+    showDetails({});
+    showEdit(clientKinds(gHostCode).front(), {});
+    if (ui->cboClientKind->isVisible())
+        ui->cboClientKind->setFocus();
+    else
+        ui->txtClientCode->setFocus();
 }
 
 void ClientEditor::modifyClient()
@@ -127,13 +134,18 @@ void ClientEditor::modifyClient()
     m_addMode = false;
     m_client = clientAt(ui->vsClients->cells(), ui->vsClients->row());
     const std::optional<MasterRow> stored = storedClient(*gCnn, m_client);
-    if (!stored) {
+    std::optional<ClientDetails> details = ClientDetails();
+    if (gHostCode == QLatin1String("G"))
+        details = storedDetails(*gCnn, m_client.code);
+    if (!stored || !details) {
         inform(QStringLiteral("This client could not be read; another user may have deleted it."), ui->txtClientSearch);
         return loadList();
     }
     m_latestChange = lastChange(*gCnn, m_client);
+    showDetails(*details);
     showEdit(m_client.kind, *stored);
-    ui->txtClientName->setFocus();
+    QLineEdit *const name = m_client.kind == ClientKind::Individual ? ui->txtClientFirst : ui->txtClientName;
+    name->setFocus();
 }
 
 void ClientEditor::deleteChosen()
@@ -171,32 +183,47 @@ void ClientEditor::connectEdit()
     command(ui->cmdClientCancel, [this] { cancel(); });
 }
 
-/// Only a company has a history, and only what is stored can have changed.
 void ClientEditor::showEdit(ClientKind kind, const MasterRow &row)
 {
     m_former = row;
-    for (const ClientKind any : {ClientKind::Company, ClientKind::Partnership})
-        writeEditFields(*this, clientFields(any), {});
-    writeEditFields(*this, clientFields(kind), row);
+    for (const ClientKind any : clientKinds(gHostCode))
+        writeEditFields(*this, clientTable(any).fields, {});
+    writeEditFields(*this, clientTable(kind).fields, row);
     QString title = m_addMode ? QStringLiteral("New Client") : QString("Client " + m_client.code);
     ui->famClientEdit->setTitle(title.replace(u'&', QStringLiteral("&&")));
-    ui->cboClientKind->setCurrentIndex(int(kind));
+    ui->cboClientKind->setCurrentIndex(ui->cboClientKind->findData(int(kind)));
     ui->cboClientKind->setEnabled(m_addMode);
     ui->txtClientCode->setEnabled(m_addMode);
     ui->txtClientChangedFrom->setDate({});
-    showKind(kind);
     ui->frames->setCurrentWidget(ui->pageClientEdit);
+    showKind(kind);
 }
 
+/// The fields that the kind has. Only a company has a history, and only what is stored can have changed.
 void ClientEditor::showKind(ClientKind kind)
 {
-    const bool company = kind == ClientKind::Company;
-    ui->lblClientFlat->setText(company ? QStringLiteral("Flat No.") : QStringLiteral("Address Line 1"));
-    ui->lblClientBuilding->setText(company ? QStringLiteral("Building") : QStringLiteral("Address Line 2"));
-    for (QWidget *line : {static_cast<QWidget *>(ui->lblClientStreet), static_cast<QWidget *>(ui->txtClientStreet),
-                          static_cast<QWidget *>(ui->lblClientArea), static_cast<QWidget *>(ui->txtClientArea)})
-        line->setVisible(company);
-    const bool mayChange = company && !m_addMode;
+    const ClientTable &table = clientTable(kind);
+    const std::pair<QWidget *, QWidget *> mayLack[] = {{nullptr, ui->txtClientName},
+                                                       {nullptr, ui->txtClientFirst},
+                                                       {nullptr, ui->txtClientMiddle},
+                                                       {nullptr, ui->txtClientLast},
+                                                       {ui->lblClientStreet, ui->txtClientStreet},
+                                                       {ui->lblClientArea, ui->txtClientArea}};
+    for (const auto &[label, field] : mayLack) {
+        const QString name = field->objectName();
+        const bool has = std::ranges::any_of(
+            table.fields, [&name](const MasterField &each) { return name == QLatin1String(each.field); });
+        field->setVisible(has);
+        if (label)
+            label->setVisible(has);
+    }
+    ui->lblClientFlat->setText(QLatin1String(table.firstLine));
+    ui->lblClientBuilding->setText(QLatin1String(table.secondLine));
+    const bool hasChoice = clientKinds(gHostCode).size() > 1;
+    ui->lblClientKind->setVisible(hasChoice);
+    ui->cboClientKind->setVisible(hasChoice);
+    ui->famOffice->setVisible(kind == ClientKind::Individual);
+    const bool mayChange = kind == ClientKind::Company && !m_addMode;
     ui->lblClientChangedFrom->setVisible(mayChange);
     ui->txtClientChangedFrom->setVisible(mayChange);
     ui->lblClientEditHint->setVisible(mayChange);
@@ -210,8 +237,7 @@ void ClientEditor::showKind(ClientKind kind)
 
 ClientKind ClientEditor::shownKind() const
 {
-    return ui->cboClientKind->currentIndex() == int(ClientKind::Partnership) ? ClientKind::Partnership
-                                                                             : ClientKind::Company;
+    return ClientKind(ui->cboClientKind->currentData().toInt());
 }
 
 bool ClientEditor::completeChangeDate()
@@ -229,19 +255,22 @@ bool ClientEditor::completeChangeDate()
 void ClientEditor::save()
 {
     const ErrorSite site("ClientEditor", "CMDCLIENTSAVE_CLICK");
-    const MasterRow row = readEditFields(*this, clientFields(shownKind()));
-    if (m_addMode) {
-        if (const QString fault = clientCodeFault(*gCnn, row.value(QStringLiteral("Code"))); !fault.isEmpty())
+    const ClientTable &table = clientTable(shownKind());
+    const MasterRow row = readEditFields(*this, table.fields);
+    const bool adding = m_addMode;
+    if (adding) {
+        const QString code = row.value(QLatin1String(table.code));
+        if (const QString fault = clientCodeFault(*gCnn, gHostCode, code); !fault.isEmpty())
             return inform(fault, ui->txtClientCode);
     }
-    if (const ClientFault fault = clientFault(row); !fault.message.isEmpty())
+    if (const ClientFault fault = clientFault(table.kind, row); !fault.message.isEmpty())
         return inform(fault.message, findChild<QWidget *>(fault.field));
     if (!panFieldIsValid(*this, *ui->txtClientPAN) || !completeChangeDate())
         return;
-    if (!isStored(row) || !notesChange(row))
+    if (!isStored(row) || !notesChange(row) || !storesDetails())
         return;
     loadList(m_client);
-    cancel();
+    leaveEdit(adding);
 }
 
 /// Writes the client; once it is in, a new one has become the client being modified.
@@ -254,14 +283,19 @@ bool ClientEditor::isStored(const MasterRow &row)
         result.inserted = updateClient(*gCnn, m_client, row);
     if (tellsUnsaved(*this, result.inserted, result.id))
         return false;
-    if (m_addMode)
-        m_client = {shownKind(), result.id, row.value(QStringLiteral("Code"))};
+    if (m_addMode) {
+        m_client = {shownKind(), result.id, row.value(QLatin1String(clientTable(shownKind()).code))};
+        m_addMode = false;
+        m_former = row;
+        ui->cboClientKind->setEnabled(false);
+        ui->txtClientCode->setEnabled(false);
+    }
     return true;
 }
 
 bool ClientEditor::notesChange(const MasterRow &row)
 {
-    if (m_addMode || m_client.kind == ClientKind::Partnership)
+    if (m_client.kind != ClientKind::Company)
         return true;
     if (noteClientChange(*gCnn, m_client.id, m_former, row, DateFromText(ui->txtClientChangedFrom->date())))
         return true;
@@ -270,9 +304,9 @@ bool ClientEditor::notesChange(const MasterRow &row)
     return false;
 }
 
-void ClientEditor::cancel()
+void ClientEditor::leaveEdit(bool added)
 {
-    showList(m_addMode ? static_cast<QWidget *>(ui->cmdClientAdd) : ui->txtClientSearch);
+    showList(added ? static_cast<QWidget *>(ui->cmdClientAdd) : ui->txtClientSearch);
 }
 
 void ClientEditor::escapePressed()

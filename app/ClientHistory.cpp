@@ -82,7 +82,7 @@ bool noteFrom(Connection &db, const History &history, int companyId, const Maste
 
 QDate lastChange(Connection &db, const ClientRef &client)
 {
-    if (client.kind == ClientKind::Partnership)
+    if (client.kind != ClientKind::Company)
         return {};
     QDate last = beforeAllDocuments;
     for (const History &history : histories) {

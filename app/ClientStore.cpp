@@ -1,52 +1,55 @@
 #include "ClientStore.h"
 
+#include "masters/OwnerName.h"
 #include "store/Connection.h"
 #include "store/ErrorLog.h"
 #include "store/Identifiers.h"
+#include <algorithm>
 
 namespace ledgora::app {
 
 namespace {
 
-constexpr auto partnershipMark = "LLP!~!";
 constexpr int longestCode = 20;
 
-constexpr MasterField companyColumns[] = {
-    {"Code", "txtClientCode"}, {"Nm", "txtClientName"},           {"PAN", "txtClientPAN"},
-    {"Flat", "txtClientFlat"}, {"Building", "txtClientBuilding"}, {"street", "txtClientStreet"},
-    {"area", "txtClientArea"}, {"city", "txtClientCity"},         {"State", "cboClientState"},
-    {"PIN", "txtClientPIN"},   {"Phone", "txtClientPhone"},       {"Fax", "txtClientFax"},
-    {"Mob", "txtClientMob"},   {"Email", "txtClientEmail"},
-};
-constexpr MasterField partnershipColumns[] = {
-    {"Code", "txtClientCode"},      {"Nm", "txtClientName"},   {"PAN", "txtClientPAN"},     {"Line1", "txtClientFlat"},
-    {"Line2", "txtClientBuilding"}, {"city", "txtClientCity"}, {"State", "cboClientState"}, {"PIN", "txtClientPIN"},
-    {"Phone", "txtClientPhone"},    {"Fax", "txtClientFax"},   {"Mob", "txtClientMob"},     {"Email", "txtClientEmail"},
-};
-
-QString tableOf(ClientKind kind)
+const ClientTable &tableOf(const ClientRef &client)
 {
-    return kind == ClientKind::Company ? QStringLiteral("Comp_Master") : QStringLiteral("LLP_Master");
+    return clientTable(client.kind);
+}
+
+QString nameIn(const MasterRow &row, const ClientTable &table)
+{
+    const auto part = [&](size_t i) { return row.value(QLatin1String(table.name[i])); };
+    return table.name.size() == 1 ? part(0).trimmed() : ownerName(part(0), part(1), part(2));
 }
 
 QString isClient(const ClientRef &client)
 {
-    return client.kind == ClientKind::Company ? QString("CompSrNo=" + number(client.id))
-                                              : QString("Code=" + quoted(client.code));
+    return client.kind == ClientKind::Company
+               ? QString("CompSrNo=" + number(client.id))
+               : QLatin1String(tableOf(client).code) + QString('=' + quoted(client.code));
 }
 
-void addClients(Connection &db, Cells &clients, ClientKind kind)
+MasterRow present(const Recordset &rows, std::span<const MasterField> fields)
 {
-    const bool company = kind == ClientKind::Company;
-    Recordset rows = db.Open("Select * from " + tableOf(kind));
+    MasterRow row;
+    for (const MasterField &field : fields)
+        row.insert(QLatin1String(field.column), rows.text(QLatin1String(field.column)));
+    return row;
+}
+
+void addClients(Connection &db, Cells &clients, const ClientTable &table)
+{
+    const bool company = table.kind == ClientKind::Company;
+    Recordset rows = db.Open("Select * from " + QLatin1String(table.table));
+    const auto text = [&rows](const char *column) { return rows.text(QLatin1String(column)); };
+    const auto name = [&](size_t part) { return text(table.name[part]); };
     int row = clients.rows();
     clients.setRows(row + int(rows.recordCount()));
     for (; rows.next(); ++row)
-        clients.setRow(row,
-                       {rows.text(QStringLiteral("Code")), rows.text(QStringLiteral("Nm")),
-                        company ? QStringLiteral("Company") : QStringLiteral("LLP"), rows.text(QStringLiteral("PAN")),
-                        rows.text(QStringLiteral("city")), rows.text(QStringLiteral("State")),
-                        company ? rows.text(QStringLiteral("CompSrNo")) : QString()});
+        clients.setRow(row, {text(table.code), table.name.size() == 1 ? name(0) : ownerName(name(0), name(1), name(2)),
+                             QLatin1String(table.listCaption), text(table.pan), text("city"), text("State"),
+                             company ? text("CompSrNo") : QString()});
 }
 
 bool isPartnershipCode(Connection &db, const QString &code)
@@ -54,15 +57,39 @@ bool isPartnershipCode(Connection &db, const QString &code)
     return db.Open("Select Code from LLP_Master Where Code=" + quoted(code)).next();
 }
 
-/// No id is allotted here, but the code must not come twice: looked for and inserted under one lock.
-bool insertPartnership(Connection &db, const MasterRow &client)
+/// "Insert into T (Code,Nm) Values ('a','b')": the tables of some hosts have columns that the editor does not know.
+QString insertStatement(const ClientTable &table, const MasterRow &client)
 {
+    QStringList columns;
+    for (const MasterField &field : table.fields)
+        columns << QLatin1String(field.column);
+    return "Insert into " + QLatin1String(table.table) + " (" + columns.join(u',') + ") Values ("
+           + insertValues(table.fields, client) + ')';
+}
+
+/// No id is allotted here, but the code must not come twice: looked for in all tables of the host and inserted under
+/// one lock.
+bool insertUnderFreeCode(Connection &db, const ClientTable &table, const MasterRow &client)
+{
+    const QString code = quoted(client.value(QLatin1String(table.code)));
+    QStringList locks;
+    QStringList codes;
+    for (const ClientKind kind : clientKinds(QLatin1String(table.host))) {
+        const ClientTable &each = clientTable(kind);
+        if (QLatin1String(each.codeMark) != QLatin1String(table.codeMark))
+            continue; // the mark keeps equal codes apart
+        locks << QString(QLatin1String(each.table) + " Write");
+        codes << QString("Select " + QLatin1String(each.code) + " from " + QLatin1String(each.table) + " Where "
+                         + QLatin1String(each.code) + '=' + code);
+    }
     bool inserted = false;
-    if (db.Execute(QStringLiteral("LOCK TABLE LLP_Master Write"))) {
-        Recordset same =
-            db.Open("Select Code from LLP_Master Where Code=" + quoted(client.value(QStringLiteral("Code"))));
-        if (!same.failed() && !same.next())
-            inserted = db.Execute("Insert into LLP_Master Values (" + insertValues(partnershipColumns, client) + ')');
+    if (db.Execute("LOCK TABLE " + locks.join(QStringLiteral(", ")))) {
+        bool isFree = true;
+        for (const QString &query : codes) {
+            Recordset same = db.Open(query);
+            isFree = isFree && !same.failed() && !same.next();
+        }
+        inserted = isFree && db.Execute(insertStatement(table, client));
     }
     db.Execute(QStringLiteral("UNLOCK TABLES"));
     db.Execute(QStringLiteral("flush tables"));
@@ -74,19 +101,7 @@ QString documentsOf(const QString &table, const ClientRef &client)
     return "Select * from " + table + " Where Code_No=" + quoted(client.partyCode());
 }
 
-bool executeAndFlush(Connection &db, const QString &statement)
-{
-    const bool done = db.Execute(statement);
-    db.Execute(QStringLiteral("flush tables"));
-    return done;
-}
-
 } // namespace
-
-QString ClientRef::partyCode() const
-{
-    return kind == ClientKind::Company ? code : QString(QLatin1String(partnershipMark) + code);
-}
 
 Cells emptyClientList()
 {
@@ -97,20 +112,13 @@ Cells emptyClientList()
     return clients;
 }
 
-void loadClientList(Connection &db, Cells &clients)
+void loadClientList(Connection &db, const QString &hostCode, Cells &clients)
 {
     const ErrorSite site("CLIENTSTORE", "LOADCLIENTLIST");
     clients.clearData();
-    addClients(db, clients, ClientKind::Company);
-    addClients(db, clients, ClientKind::Partnership);
+    for (const ClientKind kind : clientKinds(hostCode))
+        addClients(db, clients, clientTable(kind));
     clients.sort(ClientName, Cells::Sort::Text);
-}
-
-ClientRef clientAt(const Cells &clients, int row)
-{
-    const bool company = !clients.text(row, ClientId).isEmpty();
-    return {company ? ClientKind::Company : ClientKind::Partnership, int(clients.value(row, ClientId)),
-            clients.text(row, ClientCode)};
 }
 
 int rowOfClient(const Cells &clients, const ClientRef &client)
@@ -122,36 +130,29 @@ int rowOfClient(const Cells &clients, const ClientRef &client)
     return -1;
 }
 
-std::span<const MasterField> clientFields(ClientKind kind)
-{
-    if (kind == ClientKind::Company)
-        return companyColumns;
-    return partnershipColumns;
-}
-
 std::optional<MasterRow> storedClient(Connection &db, const ClientRef &client)
 {
-    Recordset rows = db.Open("Select * from " + tableOf(client.kind) + " Where " + isClient(client));
+    const ClientTable &table = tableOf(client);
+    Recordset rows = db.Open("Select * from " + QLatin1String(table.table) + " Where " + isClient(client));
     if (!rows.next())
         return std::nullopt;
-    MasterRow row;
-    for (const MasterField &field : clientFields(client.kind))
-        row.insert(QLatin1String(field.column), rows.text(QLatin1String(field.column)));
-    return row;
+    return present(rows, table.fields);
 }
 
-QString clientCodeFault(Connection &db, const QString &code)
+QString clientCodeFault(Connection &db, const QString &hostCode, const QString &code)
 {
-    QString fault = VALIDATECODENO(db, QStringLiteral("C"), code, {.maxLength = longestCode});
-    if (fault.isEmpty() && isPartnershipCode(db, code))
+    QString fault = VALIDATECODENO(db, hostCode, code, {.maxLength = longestCode});
+    if (fault.isEmpty() && hostCode == QLatin1String("C") && isPartnershipCode(db, code))
         fault = "Code No. [" + code + "] has already been allotted.";
     return fault;
 }
 
-ClientFault clientFault(const MasterRow &client)
+ClientFault clientFault(ClientKind kind, const MasterRow &client)
 {
-    if (client.value(QStringLiteral("Nm")).trimmed().isEmpty())
-        return {QStringLiteral("Please specify 'Name' !"), QStringLiteral("txtClientName")};
+    const ClientTable &table = clientTable(kind);
+    if (nameIn(client, table).isEmpty())
+        return {QStringLiteral("Please specify 'Name' !"),
+                table.name.size() == 1 ? QStringLiteral("txtClientName") : QStringLiteral("txtClientFirst")};
     if (client.value(QStringLiteral("State")).isEmpty())
         return {QStringLiteral("Please specify 'State' !"), QStringLiteral("cboClientState")};
     if (!isEmailAddress(client.value(QStringLiteral("Email"))))
@@ -161,22 +162,31 @@ ClientFault clientFault(const MasterRow &client)
 
 InsertResult insertClient(Connection &db, ClientKind kind, const MasterRow &client)
 {
-    if (kind == ClientKind::Partnership)
-        return {1, insertPartnership(db, client)};
+    const ClientTable &table = clientTable(kind);
+    if (kind != ClientKind::Company)
+        return {1, insertUnderFreeCode(db, table, client)};
     return insertUnderNewId(db, QStringLiteral("Comp_Master"), QStringLiteral("CompSrNo"), [&](int id) -> QString {
-        return "Insert into Comp_Master Values (" + number(id) + ',' + insertValues(companyColumns, client) + ')';
+        return "Insert into Comp_Master Values (" + number(id) + ',' + insertValues(table.fields, client) + ')';
     });
 }
 
 bool updateClient(Connection &db, const ClientRef &client, const MasterRow &row)
 {
+    const ClientTable &table = tableOf(client);
     MasterRow kept = row;
-    kept.insert(QStringLiteral("Code"), client.code);
-    const bool updated = db.Execute("Update " + tableOf(client.kind) + " Set "
-                                    + updateValues(clientFields(client.kind), kept) + " Where " + isClient(client))
+    kept.insert(QLatin1String(table.code), client.code);
+    const bool updated = db.Execute("Update " + QLatin1String(table.table) + " Set " + updateValues(table.fields, kept)
+                                    + " Where " + isClient(client))
                          && db.affectedRows() > 0;
     db.Execute(QStringLiteral("flush tables"));
     return updated;
+}
+
+bool executeAndFlush(Connection &db, const QString &statement)
+{
+    const bool done = db.Execute(statement);
+    db.Execute(QStringLiteral("flush tables"));
+    return done;
 }
 
 std::optional<ClientUse> clientUse(Connection &db, const ClientRef &client)
@@ -191,21 +201,22 @@ std::optional<ClientUse> clientUse(Connection &db, const ClientRef &client)
 /// The count before may be out of date, so the statement itself looks again.
 bool deleteClient(Connection &db, const ClientRef &client)
 {
-    const QString row = "Delete from " + tableOf(client.kind) + " Where " + isClient(client) + " and not exists ("
-                        + documentsOf(QStringLiteral("GST_BillM"), client) + ") and not exists ("
-                        + documentsOf(QStringLiteral("GST_RecpM"), client) + ')';
-    if (!executeAndFlush(db, row))
+    const QString from = " from " + QLatin1String(tableOf(client).table) + QString(" Where " + isClient(client));
+    if (!executeAndFlush(db, "Delete" + from + " and not exists (" + documentsOf(QStringLiteral("GST_BillM"), client)
+                                 + ") and not exists (" + documentsOf(QStringLiteral("GST_RecpM"), client) + ')'))
         return false;
-    Recordset left = db.Open("Select Code from " + tableOf(client.kind) + " Where " + isClient(client));
+    Recordset left = db.Open("Select *" + from);
     if (left.failed() || left.next())
         return false;
-    bool whole = executeAndFlush(db, "Delete from GST_ClRegNo Where Code_No=" + quoted(client.partyCode()));
-    if (client.kind == ClientKind::Company) {
-        for (const char *history : {"ChangeName", "ChangeAddr"})
-            whole =
-                executeAndFlush(db, "Delete from " + QLatin1String(history) + " Where CompSrNo=" + number(client.id))
-                && whole;
-    }
+    QStringList rest{"GST_ClRegNo Where Code_No=" + quoted(client.partyCode())};
+    if (client.kind == ClientKind::Company)
+        rest << "ChangeName Where CompSrNo=" + number(client.id) << "ChangeAddr Where CompSrNo=" + number(client.id);
+    if (QLatin1String(tableOf(client).host) == QLatin1String("G"))
+        rest << "off_info Where code_no=" + quoted(client.code) << "new_Tab Where code_no=" + quoted(client.code)
+             << "Grp_Trans Where C_code=" + quoted(client.code);
+    bool whole = true;
+    for (const QString &rows : rest)
+        whole = executeAndFlush(db, "Delete from " + rows) && whole;
     return whole;
 }
 

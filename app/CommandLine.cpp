@@ -1,5 +1,6 @@
 #include "CommandLine.h"
 
+#include "Office.h"
 #include <QCommandLineParser>
 #include <QStandardPaths>
 
@@ -77,6 +78,19 @@ void addOptions(QCommandLineParser &parser, CommandLine::Command command)
     parser.addOption({QStringLiteral("today"), QStringLiteral("Work as on this day (DD/MM/YYYY or YYYY-MM-DD)."),
                       QStringLiteral("DATE")});
     parser.addOption({{QStringLiteral("h"), QStringLiteral("help")}, QStringLiteral("Show this help.")});
+    if (command != CommandLine::Command::Demo) {
+        parser.addOption({QStringLiteral("connect"),
+                          QStringLiteral("Use the office's shared server, mysql://user@server/database, instead of the "
+                                         "folder's own or the one saved there."),
+                          QStringLiteral("URL")});
+        parser.addOption({QStringLiteral("password-file"),
+                          QStringLiteral("File of mode 0600 whose first line is the password; without it you are "
+                                         "asked."),
+                          QStringLiteral("FILE")});
+        parser.addOption({QStringLiteral("host"),
+                          QStringLiteral("Host to play, with its clients and folders: C, G or T (default C)."),
+                          QStringLiteral("CODE"), QStringLiteral("C")});
+    }
     switch (command) {
     case CommandLine::Command::Demo:
         parser.addOption(
@@ -167,6 +181,14 @@ QString fault(const CommandLine &line, const QCommandLineParser &parser)
         return QStringLiteral("--today takes a date, DD/MM/YYYY or YYYY-MM-DD");
     if (!line.open.isEmpty() && line.open != QLatin1String("gst"))
         return QStringLiteral("--open takes gst");
+    if (!line.host.isEmpty() && !Office::hostCodes().contains(line.host))
+        return QStringLiteral("--host takes C, G or T");
+    ServerAddress address;
+    if (const QString said = parser.optionNames().contains(QStringLiteral("connect"))
+                                 ? readAddress(line.server.address, address)
+                                 : QString();
+        !said.isEmpty())
+        return QStringLiteral("--connect: ") + said;
     if (line.command == CommandLine::Command::Demo && line.out.isEmpty())
         return QStringLiteral("demo needs --out DIR");
     if (line.command == CommandLine::Command::Balance && (line.firm < 1 || line.party.isEmpty()))
@@ -206,6 +228,7 @@ CommandLine readCommandLine(const QStringList &arguments)
         const QString option = QLatin1String(name);
         return parser.optionNames().contains(option) ? parser.value(option) : QString();
     };
+    line.host = value("host");
     line.open = value("open");
     line.out = value("out");
     line.party = value("party");
@@ -220,6 +243,10 @@ CommandLine readCommandLine(const QStringList &arguments)
     if (line.dataFolder.isEmpty())
         line.dataFolder =
             QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + QStringLiteral("/ledgora");
+    line.server = value("connect").isEmpty() ? ServerChoice::saved(line.dataFolder)
+                                             : ServerChoice{value("connect"), value("password-file")};
+    if (!value("password-file").isEmpty())
+        line.server.passwordFile = value("password-file");
     if (parser.isSet(QStringLiteral("help"))) {
         line.text = helpText(parser, line.command);
         line.command = CommandLine::Command::Help;

@@ -1,7 +1,9 @@
 #include "MainWindow.h"
 
 #include "ClientEditor.h"
+#include "GroupEditor.h"
 #include "Office.h"
+#include "ServerDialog.h"
 #include "controls/WaitBar.h"
 #include <QApplication>
 #include <QCloseEvent>
@@ -23,7 +25,7 @@ MainWindow::MainWindow(Office &office) : m_office(office), m_billing(office, thi
     m_area->setActivationOrder(QMdiArea::ActivationHistoryOrder); // a closed preview gives way to its bill
     setCentralWidget(m_area);
     makeMenu();
-    statusBar()->showMessage(QStringLiteral("Office: ") + office.dataFolder());
+    statusBar()->showMessage(QStringLiteral("Office: ") + office.server().place());
     installWaitBar(office.connection());
     qApp->installEventFilter(this);
 }
@@ -34,6 +36,10 @@ void MainWindow::makeMenu()
     billing->addAction(QStringLiteral("&GST Billing"), QKeySequence(Qt::CTRL | Qt::Key_G), this, &MainWindow::openGst)
         ->setObjectName(QStringLiteral("actGstBilling"));
     billing->addSeparator();
+    billing
+        ->addAction(QStringLiteral("&Database Server ..."), this,
+                    [this] { ServerDialog(m_office.dataFolder(), this).exec(); })
+        ->setObjectName(QStringLiteral("actServer"));
     billing->addAction(QStringLiteral("&Quit"), QKeySequence(Qt::CTRL | Qt::Key_Q), this, &QWidget::close);
     // The access letter is one that no screen has on a command.
     QMenu *clients = menuBar()->addMenu(QStringLiteral("Clie&nts"));
@@ -41,6 +47,9 @@ void MainWindow::makeMenu()
         ->addAction(QStringLiteral("&Clients of the Office"), QKeySequence(Qt::CTRL | Qt::Key_L), this,
                     &MainWindow::openClients)
         ->setObjectName(QStringLiteral("actClients"));
+    if (m_office.hostCode() == QLatin1String("G"))
+        clients->addAction(QStringLiteral("&Groups of Clients"), this, &MainWindow::openGroups)
+            ->setObjectName(QStringLiteral("actGroups"));
     QMenu *window = menuBar()->addMenu(QStringLiteral("&Window"));
     window->addAction(QStringLiteral("&Next Screen"), QKeySequence(Qt::CTRL | Qt::Key_Tab), m_area,
                       &QMdiArea::activateNextSubWindow);
@@ -67,6 +76,15 @@ void MainWindow::openClients()
     if (!m_clients)
         m_clients = new ClientEditor;
     showScreen(*m_clients);
+}
+
+void MainWindow::openGroups()
+{
+    if (!m_billing.isOpen())
+        return;
+    if (!m_groups)
+        m_groups = new GroupEditor;
+    showScreen(*m_groups);
 }
 
 void MainWindow::showScreen(QWidget &screen)

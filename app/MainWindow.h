@@ -10,6 +10,7 @@ class QMdiArea;
 namespace ledgora::app {
 
 class ClientEditor;
+class GroupEditor;
 class Office;
 
 /// The reference host's main window: takes the library's screens as its children and keeps the connection alive
@@ -26,6 +27,8 @@ public:
     void openGst();
     /// Shows the clients of the office.
     void openClients();
+    /// Shows the groups of clients, which host "G" has.
+    void openGroups();
 
     void showScreen(QWidget &screen) override;
     void ReloadMenu() override;
@@ -42,6 +45,7 @@ private:
     Billing m_billing;
     QMdiArea *m_area;
     QPointer<ClientEditor> m_clients;
+    QPointer<GroupEditor> m_groups;
 };
 
 } // namespace ledgora::app

@@ -28,8 +28,14 @@ bool Office::exists(const QString &dataFolder)
     return ServerFolder(dataFolder).isInitialised();
 }
 
-Office::Office(const QString &dataFolder, std::unique_ptr<OfficeServer> server)
+QStringList Office::hostCodes()
+{
+    return {QStringLiteral("C"), QStringLiteral("G"), QStringLiteral("T")};
+}
+
+Office::Office(const QString &dataFolder, QString hostCode, std::unique_ptr<OfficeServer> server)
     : m_dataFolder(QDir(dataFolder).absolutePath())
+    , m_hostCode(std::move(hostCode))
     , m_server(std::move(server))
 {
     if (!m_server)
@@ -51,7 +57,7 @@ bool Office::open()
     m_error = schemaFault(m_connection);
     if (!m_error.isEmpty())
         return false;
-    if (!createSchema(m_connection, QStringLiteral("C"))) {
+    if (!createSchema(m_connection, m_hostCode)) {
         m_error = QStringLiteral("The tables of the office could not be made: ") + m_connection.lastError();
         return false;
     }
@@ -109,7 +115,9 @@ Office::Server Office::keepConnected()
 /// The default templates are copied once; an office may change its copies.
 bool Office::installTemplates()
 {
-    const QString folder = joinPath(m_dataFolder, QStringLiteral("GST_Templates"));
+    const bool isT = m_hostCode == QLatin1String("T");
+    const QString folder =
+        joinPath(m_dataFolder, isT ? QStringLiteral("MiscSoftData/GST_Templates") : QStringLiteral("GST_Templates"));
     if (!QDir().mkpath(folder)) {
         m_error = QStringLiteral("The folder [") + folder + QStringLiteral("] could not be made.");
         return false;

@@ -4,20 +4,26 @@
 #include "store/Connection.h"
 #include <QDeadlineTimer>
 #include <QString>
+#include <QStringList>
 #include <memory>
 #include <stop_token>
 
 namespace ledgora::app {
 
-/// The office of one data folder: its server, the one connection of this program, its tables, its templates.
+/// The office of one data folder: its server, the one connection of this program, its tables and templates as the host
+/// has them. An office may be opened as several hosts in turn; each has client tables of its own.
 class Office
 {
 public:
     /// True when an office was made in the folder before; makes nothing.
     static bool exists(const QString &dataFolder);
 
-    /// The office on the folder's private server, or on another one; templates, settings and log lie in the folder.
-    explicit Office(const QString &dataFolder, std::unique_ptr<OfficeServer> server = {});
+    /// Host codes that the program plays: "C", "G", "T".
+    static QStringList hostCodes();
+
+    /// On the folder's private server, or on another one; templates, settings and log lie in the folder either way.
+    explicit Office(const QString &dataFolder, QString hostCode = QStringLiteral("C"),
+                    std::unique_ptr<OfficeServer> server = {});
     Office(const Office &) = delete;
     Office &operator=(const Office &) = delete;
     ~Office();
@@ -29,6 +35,7 @@ public:
     Connection &connection() { return m_connection; }
     const OfficeServer &server() const { return *m_server; }
     QString dataFolder() const { return m_dataFolder; }
+    QString hostCode() const { return m_hostCode; }
 
     enum class Server { There, Reopened, Away };
     /// Before a command: when the server went away, starts or attaches to it again and hands the connection a new
@@ -44,6 +51,7 @@ private:
     void closeHandle();
 
     QString m_dataFolder;
+    QString m_hostCode;
     std::unique_ptr<OfficeServer> m_server;
     st_mysql *m_handle = nullptr;
     std::stop_source m_stop;

@@ -53,19 +53,19 @@ int runCheck(const CommandLine &line, Connection &db)
 int runCareCommand(const CommandLine &line)
 {
     // Only what writes into an office may make one: a mistyped folder must not become one.
-    if (line.command != CommandLine::Command::Sample && !Office::exists(line.dataFolder))
-        return failed(QStringLiteral("The folder [") + line.dataFolder + QStringLiteral("] holds no office."));
-    Office office(line.dataFolder);
-    if (!office.open())
-        return failed(office.error());
-    const Billing billing(office, nullptr); // host code and error log
+    const Folder folder = line.command == CommandLine::Command::Sample ? Folder::MayBeMade : Folder::MustBeThere;
+    QString fault;
+    const auto office = openOffice(line.dataFolder, line.host, line.server, folder, askOnTerminal, fault);
+    if (!office)
+        return failed(fault);
+    const Billing billing(*office, nullptr); // host code and error log
     if (!billing.isOpen())
         return failed(QStringLiteral("the billing library could not be opened"));
     switch (line.command) {
     case CommandLine::Command::Sample:
-        return runSample(line, office.connection());
+        return runSample(line, office->connection());
     case CommandLine::Command::Check:
-        return runCheck(line, office.connection());
+        return runCheck(line, office->connection());
     default:
         return failed(QStringLiteral("not a command for the data"));
     }

@@ -70,7 +70,7 @@ TEST_F(ClientStore, BothKindsComeBackWholeAndBillsFindThem)
     EXPECT_EQ(storedClient(db(), river), partnership("RIVER", "A RIVER LLP"));
 
     Cells clients = emptyClientList();
-    loadClientList(db(), clients);
+    loadClientList(db(), "C", clients);
     ASSERT_EQ(clients.rows(), 3);
     EXPECT_EQ(clients.text(1, ClientName), "A RIVER LLP");
     EXPECT_EQ(rowOfClient(clients, acme), 2);
@@ -99,7 +99,7 @@ TEST_F(ClientStore, CodeIsGivenOnceOverBothKinds)
                  {"ABCDEFGHIJKLMNOPQRST", ""},
                  {"ABCDEFGHIJKLMNOPQRSTU", "Code No. length can not exceed 20 characters."}};
     for (const auto &c : cases)
-        EXPECT_EQ(clientCodeFault(db(), c.code), c.message) << c.code;
+        EXPECT_EQ(clientCodeFault(db(), "C", c.code), c.message) << c.code;
 }
 
 /// Another user was quicker between the test of the code and the insert.

@@ -128,7 +128,7 @@ TEST_F(SharedServerTest, OfficeWorksThereAndTheWayIsEncryptedWhereTheServerOffer
     EXPECT_FALSE(foreign.start());
     EXPECT_TRUE(foreign.error().contains("(TLS)")) << foreign.error().toStdString();
 
-    Office office(file("clerk"), std::make_unique<SharedServer>(address(), "open sesame"));
+    Office office(file("clerk"), "C", std::make_unique<SharedServer>(address(), "open sesame"));
     ASSERT_TRUE(office.open()) << office.error().toStdString();
     EXPECT_TRUE(office.connection().Execute("Insert Into GST_Series Values (1,'B',2024,'A/','P')"));
     EXPECT_FALSE(QDir(file("clerk/server")).exists()) << "no server of its own";
