@@ -12,14 +12,14 @@ struct CommandLine
 {
     enum class Command { Window, Demo, Balance, Help, Version, Wrong };
     Command command = Command::Window;
-    QString dataFolder; ///< --data, else the XDG data folder
-    QString host;       ///< --host: "C", "G" or "T"
-    QString open;       ///< --open: "gst" or ""
-    QString out;        ///< demo --out
-    int firm = 0;       ///< balance --firm
-    QString party;      ///< balance --party
-    QDate today;        ///< --today; invalid for the real day
-    QString text;       ///< what --help prints, or what is wrong
+    QString dataFolder;                 ///< --data, else the XDG data folder
+    QString host = QStringLiteral("C"); ///< --host: "C", "G" or "T"
+    QString open;                       ///< --open: "gst" or ""
+    QString out;                        ///< demo --out
+    int firm = 0;                       ///< balance --firm
+    QString party;                      ///< balance --party
+    QDate today;                        ///< --today; invalid for the real day
+    QString text;                       ///< what --help prints, or what is wrong
 };
 
 CommandLine readCommandLine(const QStringList &arguments);

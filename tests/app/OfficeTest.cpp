@@ -208,13 +208,13 @@ TEST_F(OfficeTest, FolderThatItsUserCanNotWriteToIsRefused)
     ASSERT_EQ(::chmod(above.constData(), 0700), 0);
 }
 
-/// On a disk of 64 MB that fills up while bills are stored. The server may answer with an error, or end; the program
+/// On a disk of 80 MB that fills up while bills are stored. The server may answer with an error, or end; the program
 /// starts it again before the next command.
 TEST_F(OfficeTest, FullDiskLosesNothingThatWasStoredAndGoesOnWhenThereIsRoom)
 {
     ASSERT_TRUE(QDir().mkpath(folder()));
     const QByteArray disk = QFile::encodeName(folder());
-    if (::mount("tmpfs", disk.constData(), "tmpfs", 0, "size=64m,mode=0700") != 0)
+    if (::mount("tmpfs", disk.constData(), "tmpfs", 0, "size=80m,mode=0700") != 0)
         GTEST_SKIP() << "not run: mounting a small disk needs root";
     const auto unmount = qScopeGuard([disk] { ::umount2(disk.constData(), MNT_DETACH); });
     Office office(folder());
