@@ -120,7 +120,7 @@ void ClientEditor::addClient()
     m_latestChange = {};
     showDetails({});
     showEdit(clientKinds(gHostCode).front(), {});
-    if (ui->cboClientKind->isVisible())
+    if (ui->cboClientKind->isEnabled())
         ui->cboClientKind->setFocus();
     else
         ui->txtClientCode->setFocus();
@@ -192,7 +192,7 @@ void ClientEditor::showEdit(ClientKind kind, const MasterRow &row)
     QString title = m_addMode ? QStringLiteral("New Client") : QString("Client " + m_client.code);
     ui->famClientEdit->setTitle(title.replace(u'&', QStringLiteral("&&")));
     ui->cboClientKind->setCurrentIndex(ui->cboClientKind->findData(int(kind)));
-    ui->cboClientKind->setEnabled(m_addMode);
+    ui->cboClientKind->setEnabled(m_addMode && ui->cboClientKind->count() > 1);
     ui->txtClientCode->setEnabled(m_addMode);
     ui->txtClientChangedFrom->setDate({});
     ui->frames->setCurrentWidget(ui->pageClientEdit);
@@ -219,9 +219,6 @@ void ClientEditor::showKind(ClientKind kind)
     }
     ui->lblClientFlat->setText(QLatin1String(table.firstLine));
     ui->lblClientBuilding->setText(QLatin1String(table.secondLine));
-    const bool hasChoice = clientKinds(gHostCode).size() > 1;
-    ui->lblClientKind->setVisible(hasChoice);
-    ui->cboClientKind->setVisible(hasChoice);
     ui->famOffice->setVisible(kind == ClientKind::Individual);
     const bool mayChange = kind == ClientKind::Company && !m_addMode;
     ui->lblClientChangedFrom->setVisible(mayChange);

@@ -89,7 +89,7 @@ void addOptions(QCommandLineParser &parser, CommandLine::Command command)
                           QStringLiteral("FILE")});
         parser.addOption({QStringLiteral("host"),
                           QStringLiteral("Host to play, with its clients and folders: C, G or T (default C)."),
-                          QStringLiteral("CODE"), QStringLiteral("C")});
+                          QStringLiteral("CODE")});
     }
     switch (command) {
     case CommandLine::Command::Demo:
@@ -181,7 +181,7 @@ QString fault(const CommandLine &line, const QCommandLineParser &parser)
         return QStringLiteral("--today takes a date, DD/MM/YYYY or YYYY-MM-DD");
     if (!line.open.isEmpty() && line.open != QLatin1String("gst"))
         return QStringLiteral("--open takes gst");
-    if (!line.host.isEmpty() && !Office::hostCodes().contains(line.host))
+    if (!Office::hostCodes().contains(line.host))
         return QStringLiteral("--host takes C, G or T");
     ServerAddress address;
     if (const QString said = parser.optionNames().contains(QStringLiteral("connect"))
@@ -228,7 +228,8 @@ CommandLine readCommandLine(const QStringList &arguments)
         const QString option = QLatin1String(name);
         return parser.optionNames().contains(option) ? parser.value(option) : QString();
     };
-    line.host = value("host");
+    if (parser.optionNames().contains(QStringLiteral("host")))
+        line.host = value("host");
     line.open = value("open");
     line.out = value("out");
     line.party = value("party");

@@ -19,6 +19,7 @@ namespace ledgora::app {
 namespace {
 
 constexpr int silenceMilliseconds = 2000; ///< an attempt that took longer met silence, not a refusal
+constexpr QFile::Permissions ownerOnly = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
 constexpr int letAloneMilliseconds = 10000;
 
 } // namespace
@@ -52,6 +53,12 @@ bool Office::open()
 {
     if (!reachServer()) {
         m_error = m_server->error();
+        return false;
+    }
+    // A private server has made it; with a shared one only templates, settings and log lie there.
+    const QDir folder(m_dataFolder);
+    if (!folder.exists() && !(QDir().mkpath(QFileInfo(m_dataFolder).path()) && QDir().mkdir(m_dataFolder, ownerOnly))) {
+        m_error = QStringLiteral("The folder [") + m_dataFolder + QStringLiteral("] could not be made.");
         return false;
     }
     m_error = schemaFault(m_connection);

@@ -32,9 +32,14 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(
         Call{"Bare", {}, Command::Window}, Call{"OpenGst", {"--open", "gst"}, Command::Window},
         Call{"OpenElsewhere", {"--open", "moon"}, Command::Wrong, "--open"},
+        Call{"OtherHost", {"--host", "G"}, Command::Window},
+        Call{"UnknownHost", {"balance", "--firm", "1", "--party", "X", "--host", "g"}, Command::Wrong, "--host"},
         Call{"UnknownCommand", {"dmeo"}, Command::Wrong, "dmeo"},
         Call{"UnknownOption", {"--colour"}, Command::Wrong, "colour"},
         Call{"OptionOfAnotherCommand", {"balance", "--out", "x"}, Command::Wrong, "out"},
+        Call{"SharedServer", {"--connect", "mysql://ram@server/office"}, Command::Window},
+        Call{
+            "SharedServerWithAPassword", {"--connect", "mysql://ram:x@server/office"}, Command::Wrong, "password file"},
         Call{"Demo", {"demo", "--out", "x"}, Command::Demo},
         Call{"DemoWithoutAFolder", {"demo"}, Command::Wrong, "--out"},
         Call{"DemoWithTooMuch", {"demo", "--out", "x", "y"}, Command::Wrong, "y"},
@@ -65,6 +70,8 @@ TEST(CommandLineTest, ValuesAreTaken)
     EXPECT_EQ(line.party, "LLP!~!A 1");
     EXPECT_EQ(line.dataFolder, "/tmp/my office");
     EXPECT_EQ(line.firm, 12);
+    EXPECT_EQ(line.host, "C");
+    EXPECT_EQ(readCommandLine({"ledgora", "--host", "T"}).host, "T");
     EXPECT_EQ(line.today, QDate(2024, 2, 29));
     EXPECT_EQ(readCommandLine({"ledgora", "demo", "--out", "x", "--today", "01/04/2023"}).today, QDate(2023, 4, 1));
     EXPECT_FALSE(readCommandLine({"ledgora"}).today.isValid());

@@ -208,13 +208,13 @@ TEST_F(OfficeTest, FolderThatItsUserCanNotWriteToIsRefused)
     ASSERT_EQ(::chmod(above.constData(), 0700), 0);
 }
 
-/// On a disk of 64 MB that fills up while bills are stored. The server may answer with an error, or end; the program
+/// On a disk of 128 MB that fills up while bills are stored. The server may answer with an error, or end; the program
 /// starts it again before the next command.
 TEST_F(OfficeTest, FullDiskLosesNothingThatWasStoredAndGoesOnWhenThereIsRoom)
 {
     ASSERT_TRUE(QDir().mkpath(folder()));
     const QByteArray disk = QFile::encodeName(folder());
-    if (::mount("tmpfs", disk.constData(), "tmpfs", 0, "size=64m,mode=0700") != 0)
+    if (::mount("tmpfs", disk.constData(), "tmpfs", 0, "size=128m,mode=0700") != 0)
         GTEST_SKIP() << "not run: mounting a small disk needs root";
     const auto unmount = qScopeGuard([disk] { ::umount2(disk.constData(), MNT_DETACH); });
     Office office(folder());
@@ -232,7 +232,7 @@ TEST_F(OfficeTest, FullDiskLosesNothingThatWasStoredAndGoesOnWhenThereIsRoom)
     ASSERT_LT(bills, 2'000) << "the disk is never full";
     EXPECT_FALSE(db.lastError().isEmpty());
     EXPECT_FALSE(m_log.lines().empty()) << "it stands in the error log";
-    ASSERT_EQ(::mount("tmpfs", disk.constData(), "tmpfs", MS_REMOUNT, "size=160m"), 0);
+    ASSERT_EQ(::mount("tmpfs", disk.constData(), "tmpfs", MS_REMOUNT, "size=224m"), 0);
     ASSERT_TRUE(office.keepConnected() != app::Office::Server::Away);
     Recordset rows =
         db.Open("Select Count(*),Sum(Length(Narr)) From GST_BillM Where BillSrNo<=" + QString::number(bills));
