@@ -19,7 +19,7 @@ TEST_F(ServerDialogTest, SharedServerIsSavedByKeysAndShownAgain)
 {
     open();
     EXPECT_FALSE(find<QWidget>("txtServerHost")->isEnabled()) << "the private server needs no address";
-    alt('H');
+    press(Qt::Key_Down);
     const struct
     {
         char key;
@@ -33,7 +33,8 @@ TEST_F(ServerDialogTest, SharedServerIsSavedByKeysAndShownAgain)
         alt(key);
         type(key == 'S' ? "10.0.0.5" : "ram @home");
     }
-    alt('E');
+    press(Qt::Key_Tab);
+    press(Qt::Key_Space);
     alt('W');
     type("/home/ram/my password");
     boxes.expect("The choice holds when Ledgora is started the next time.");
@@ -44,7 +45,8 @@ TEST_F(ServerDialogTest, SharedServerIsSavedByKeysAndShownAgain)
     open();
     EXPECT_EQ(text("txtServerUser"), "ram @home");
     EXPECT_TRUE(find<QWidget>("txtServerHost")->isEnabled());
-    alt('P');
+    find<QWidget>("optServerShared")->setFocus();
+    press(Qt::Key_Up);
     boxes.expect("The choice holds when Ledgora is started the next time.");
     alt('V');
     EXPECT_EQ(saved().address, "");
@@ -53,7 +55,7 @@ TEST_F(ServerDialogTest, SharedServerIsSavedByKeysAndShownAgain)
 TEST_F(ServerDialogTest, TryingTellsWhatIsWrong)
 {
     open();
-    alt('H');
+    press(Qt::Key_Down);
     retype("txtServerHost", "localhost");
     retype("txtServerPort", "1");
     retype("txtServerUser", "ram");
