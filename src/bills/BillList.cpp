@@ -3,7 +3,9 @@
 #include "bills/BillStore.h"
 #include "store/Dates.h"
 #include <QStringList>
+#include <algorithm>
 #include <array>
+#include <utility>
 
 namespace ledgora {
 
@@ -71,6 +73,19 @@ Cells emptyBillList()
                      QStringLiteral("POS"), QStringLiteral("AppTaxType"), QStringLiteral("Narr"),
                      QStringLiteral("Receiver Name"), QStringLiteral("Bill Amount")});
     return bills;
+}
+
+bool isListedAsStored(const Cells &bills, int row, const StoredBill &bill)
+{
+    enum StoredColumn { Id, Firm, Year, Party, Series, Number, Date, Place, TaxWord, Narration, Count };
+    constexpr std::pair<int, StoredColumn> columns[] = {
+        {ListBillSrNo, Id}, {ListPartyCode, Party}, {ListBillSerId, Series},   {ListBillNo, Number},
+        {ListPlace, Place}, {ListTaxType, TaxWord}, {ListNarration, Narration}};
+    if (bill.header.size() != Count)
+        return false;
+    return bills.text(row, ListBillDate) == shownDate(bill.header.at(Date))
+           && std::ranges::all_of(
+               columns, [&](const auto &pair) { return bills.text(row, pair.first) == bill.header.at(pair.second); });
 }
 
 void loadBillList(Connection &db, Cells &bills, const Cells &parties, int firmId, int year, int id, bool clientWise)

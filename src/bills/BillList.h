@@ -27,6 +27,11 @@ inline constexpr DocumentListColumns billListColumns{.name = ListReceiverName, .
 /// The list with its heading, without bills.
 Cells emptyBillList();
 
+struct StoredBill;
+
+/// Whether the row of the list still says what is stored.
+bool isListedAsStored(const Cells &bills, int row, const StoredBill &bill);
+
 /// Rebuilds the list of the year's bills (`id` 0), or refreshes one bill in it with as few queries: one for the
 /// bills, one for all their totals. `parties` is the directory.
 void loadBillList(Connection &db, Cells &bills, const Cells &parties, int firmId, int year, int id, bool clientWise);

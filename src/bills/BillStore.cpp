@@ -241,6 +241,23 @@ PendingQuery billTotals(Connection &db, const QString &ids)
                    + ") GROUP BY BillId ORDER BY BillId");
 }
 
+std::optional<StoredBill> billAsStored(Connection &db, int billId)
+{
+    const auto allTexts = [](Recordset &rows) {
+        QStringList texts;
+        while (rows.next()) {
+            for (int column = 0; column < rows.columns(); ++column)
+                texts << rows.text(column);
+        }
+        return texts;
+    };
+    Recordset header = db.Open("Select * from GST_BillM Where BillSrNo=" + number(billId));
+    Recordset lines = db.Open("Select * from GST_BillD Where BillId=" + number(billId) + " Order By SrNo");
+    if (header.failed() || lines.failed())
+        return std::nullopt;
+    return StoredBill{allTexts(header), allTexts(lines)};
+}
+
 QStringList earlierParticulars(Connection &db)
 {
     return firstColumn(db.Open(QStringLiteral("Select distinct Part from GST_BillD WHERE Part<>'' Order by Part")));

@@ -59,6 +59,17 @@ void readBillLines(Connection &db, int billId, TaxType type, Cells &lines);
 Recordset billsOfYear(Connection &db, int firmId, int year, int id);
 PendingQuery billTotals(Connection &db, const QString &ids);
 
+/// A bill as it lies in the tables now, to see whether another user changed it since it was read; without texts when
+/// it is gone.
+struct StoredBill
+{
+    QStringList header; ///< columns of `GST_BillM` as stored
+    QStringList lines;  ///< columns of each line in order
+    bool operator==(const StoredBill &) const = default;
+};
+/// Nothing when it could not be read.
+std::optional<StoredBill> billAsStored(Connection &db, int billId);
+
 /// Earlier particulars and narrations of all companies, each once, in order.
 QStringList earlierParticulars(Connection &db);
 QStringList earlierNarrations(Connection &db);

@@ -124,13 +124,16 @@ void frmBillGST::CMDUPDATE_CLICK()
         return pointAt(*fault);
     if (!agreesToOutOfOrder(draft))
         return;
+    const bool overwritten = m_editedId > 0 && wasChangedByOthers(m_editedId);
     const SaveResult saved = saveBill(*gCnn, draft);
     if (!saved.whole())
         return keepEntry(saved);
     LOADBILLGRID(saved.id);
     CMDCANCEL_CLICK();
     say(QStringLiteral("Bill No. %1 saved, Rs. %2.")
-            .arg(draft.number, FORMETGEN(draft.lines.text(billTotalRow, TotalColumn), QStringLiteral("#,##0"))));
+            .arg(draft.number, FORMETGEN(draft.lines.text(billTotalRow, TotalColumn), QStringLiteral("#,##0")))
+        + (overwritten ? QStringLiteral(" Another user had changed it meanwhile; your entry has replaced his.")
+                       : QString()));
 }
 
 /// Numbers out of the order of their dates are advice, not a rule: each of the two questions can be answered Yes.
@@ -149,6 +152,13 @@ bool frmBillGST::agreesToOutOfOrder(const BillDraft &draft)
     return agrees(lowerWithLaterDate(*gCnn, draft), true) && agrees(higherWithEarlierDate(*gCnn, draft), false);
 }
 
+/// Advice only: the last writer wins. What is stored now counts as seen from here on.
+bool frmBillGST::wasChangedByOthers(int billId)
+{
+    const auto now = billAsStored(*gCnn, billId);
+    return now && std::exchange(m_seen, now) != now;
+}
+
 /// A save that did not go in whole: say what is missing and leave everything typed where it is. With the header in,
 /// pressing Update again changes that bill instead of making a second one.
 void frmBillGST::keepEntry(const SaveResult &saved)
@@ -158,6 +168,7 @@ void frmBillGST::keepEntry(const SaveResult &saved)
     if (saved.headerIn) {
         m_editedId = saved.id;
         LOADBILLGRID(saved.id);
+        m_seen = billAsStored(*gCnn, saved.id); // what is missing is nobody else's doing
     }
     alarm(QStringLiteral("The database did not take everything. Not saved: %1.\n\nWhat was typed is still here; press "
                          "Update to try again.")
@@ -213,6 +224,11 @@ void frmBillGST::showPanel(int listRow)
     ui->vsB->change([&](Cells &lines) { readBillLines(*gCnn, currentId(), type, lines); });
     SETTAXCOLS();
     recomputeTotals();
+    m_seen = billAsStored(*gCnn, currentId());
+    if (m_seen && !isListedAsStored(list, listRow, *m_seen))
+        say(m_seen->header.isEmpty() ? QStringLiteral("Another user has deleted this bill.")
+                                     : QStringLiteral("Another user has changed this bill since the list was read; "
+                                                      "choose the year again to see it as it is."));
 }
 
 void frmBillGST::yearChanged(int year)
@@ -232,6 +248,8 @@ void frmBillGST::beginAdd()
 void frmBillGST::beginModify()
 {
     m_editedId = currentId();
+    if (wasChangedByOthers(m_editedId))
+        say(QStringLiteral("Another user has changed this bill since it was shown here. Update replaces his entry."));
     m_particulars->clear();
     ui->vsB->change([](Cells &lines) { ADDDEFROWSB(lines); });
     // A bill that was paid can not change hands or date.

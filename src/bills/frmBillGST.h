@@ -1,6 +1,6 @@
 #pragma once
 
-#include "bills/BillChecks.h"
+#include "bills/BillStore.h"
 #include "controls/DocumentScreen.h"
 #include <memory>
 
@@ -43,6 +43,7 @@ private:
     void pointAt(const BillFault &fault);
     bool agreesToOutOfOrder(const BillDraft &draft);
     void keepEntry(const SaveResult &saved);
+    bool wasChangedByOthers(int billId);
     std::optional<TaxType> taxType() const;
     void toFirstLine();
 
@@ -63,7 +64,8 @@ private:
 
     std::unique_ptr<Ui::frmBillGST> ui;
     QListWidget *m_particulars = nullptr;
-    int m_editedId = 0; ///< bill in edit; 0 for a new one
+    int m_editedId = 0;               ///< bill in edit; 0 for a new one
+    std::optional<StoredBill> m_seen; ///< the bill shown, as it was read; other users may change it meanwhile
 };
 
 } // namespace ledgora

@@ -19,6 +19,7 @@ public:
 
     bool failed() const { return !m_result; } ///< the query did not run
     qint64 recordCount() const { return m_count; }
+    int columns() const { return int(m_last.size()); }
     bool next();
     void rewind(); ///< before the first row again
 

@@ -3,6 +3,7 @@
 
 #include "BillScreen.h"
 #include "controls/ChoiceBox.h"
+#include <QLabel>
 
 using namespace ledgora;
 using namespace ledgora::test;
@@ -46,6 +47,31 @@ TEST_F(BillScreen, InterStateBillStoresNoTaxOfTheOtherKind)
     alt('U');
     EXPECT_EQ(data().rows("Select RtCGST,CGST,RtSGST,SGST,RtIGST,IGST,TotalAmt From GST_BillD"),
               QStringList{"0|0|0|0|18|2222|14567"});
+}
+
+TEST_F(BillScreen, ChangeByAnotherUserIsToldAndTheLastWriterWins)
+{
+    addBill(1, 1, QDate(2024, 6, 1), Ashok, 100);
+    addBill(2, 2, QDate(2024, 6, 2), Ashok, 200);
+    open();
+    const auto status = [this] { return find<QLabel>("lblStatus")->text(); };
+    EXPECT_EQ(status(), "");
+    data().run("Update GST_BillM Set Narr='his' Where BillSrNo=1");
+    alt('M');
+    EXPECT_EQ(status(), "Another user has changed this bill since it was shown here. Update replaces his entry.");
+    data().run("Update GST_BillD Set part='his' Where BillId=1");
+    alt('U');
+    EXPECT_EQ(status(),
+              "Bill No. 1 saved, Rs. 100. Another user had changed it meanwhile; your entry has replaced his.");
+    EXPECT_EQ(data().rows("Select Count(*) From GST_BillM,GST_BillD Where 'his' in (Narr,part)"), QStringList{"0"});
+
+    data().run("Update GST_BillM Set BillDt='2024-06-03' Where BillSrNo=2");
+    alt('T');
+    EXPECT_EQ(status(), "Another user has changed this bill since the list was read; choose the year again to see it "
+                        "as it is.");
+    data().run("Delete From GST_BillM Where BillSrNo=1");
+    alt('V');
+    EXPECT_EQ(status(), "Another user has deleted this bill.");
 }
 
 class UpdateWhileTyping : public BillScreen, public testing::WithParamInterface<int>
