@@ -27,7 +27,50 @@ constexpr Words commands[] = {
      "ledgora demo --out DIR: make a new office in DIR and key in bills as a clerk would"},
     {"balance", CommandLine::Command::Balance,
      "ledgora balance --firm ID --party CODE: what a client owes a company, in rupees"},
+    {"sample", CommandLine::Command::Sample,
+     "ledgora sample --data DIR: fill an empty office with companies, clients and bills, the same ones for the same "
+     "seed"},
+    {"check", CommandLine::Command::Check,
+     "ledgora check --data DIR: look for incomplete bills, wrong totals, missing numbers and lost clients; one line a "
+     "finding, exit status 1 when there is any"},
+    {"backup", CommandLine::Command::Backup,
+     "ledgora backup --data DIR --out FILE: write all data into one file, proved by restoring it aside"},
+    {"restore", CommandLine::Command::Restore,
+     "ledgora restore --data DIR --from FILE: put the data of a backup in place of the office's"},
 };
+
+/// The options of the commands that look after the data, beyond those that all have.
+struct OptionWords
+{
+    CommandLine::Command command;
+    const char *name;
+    const char *value; ///< "" for an option without one
+    const char *description;
+};
+constexpr OptionWords careOptions[] = {
+    {CommandLine::Command::Sample, "seed", "N", "The same number gives the same data (default 1)."},
+    {CommandLine::Command::Sample, "companies", "N", "Billing companies (default 2)."},
+    {CommandLine::Command::Sample, "parties", "N", "Clients (default 200)."},
+    {CommandLine::Command::Sample, "bills", "N", "Bills of all companies and years together (default 1000)."},
+    {CommandLine::Command::Sample, "from", "YEAR", "First financial year, by its starting year (default 2017)."},
+    {CommandLine::Command::Sample, "to", "YEAR",
+     "Last financial year (default the present one, whose bills end today)."},
+    {CommandLine::Command::Check, "firm", "ID", "Check the bills of one company only."},
+    {CommandLine::Command::Backup, "out", "FILE",
+     "The backup file; one of that name is replaced when the new is whole."},
+    {CommandLine::Command::Backup, "daily", "",
+     "Instead of --out: today's backup in DIR/backups, unless it is there; the last 7 days and 8 weeks are kept."},
+    {CommandLine::Command::Restore, "from", "FILE", "The backup file."},
+};
+
+void addCareOptions(QCommandLineParser &parser, CommandLine::Command command)
+{
+    for (const OptionWords &option : careOptions) {
+        if (option.command == command)
+            parser.addOption(
+                {QLatin1String(option.name), QLatin1String(option.description), QLatin1String(option.value)});
+    }
+}
 
 void addOptions(QCommandLineParser &parser, CommandLine::Command command)
 {
@@ -35,10 +78,19 @@ void addOptions(QCommandLineParser &parser, CommandLine::Command command)
     parser.addOption({QStringLiteral("today"), QStringLiteral("Work as on this day (DD/MM/YYYY or YYYY-MM-DD)."),
                       QStringLiteral("DATE")});
     parser.addOption({{QStringLiteral("h"), QStringLiteral("help")}, QStringLiteral("Show this help.")});
-    if (command != CommandLine::Command::Demo)
+    if (command != CommandLine::Command::Demo) {
+        parser.addOption({QStringLiteral("connect"),
+                          QStringLiteral("Use the office's shared server, mysql://user@server/database, instead of the "
+                                         "folder's own or the one saved there."),
+                          QStringLiteral("URL")});
+        parser.addOption({QStringLiteral("password-file"),
+                          QStringLiteral("File of mode 0600 whose first line is the password; without it you are "
+                                         "asked."),
+                          QStringLiteral("FILE")});
         parser.addOption({QStringLiteral("host"),
                           QStringLiteral("Host to play, with its clients and folders: C, G or T (default C)."),
                           QStringLiteral("CODE")});
+    }
     switch (command) {
     case CommandLine::Command::Demo:
         parser.addOption(
@@ -47,6 +99,12 @@ void addOptions(QCommandLineParser &parser, CommandLine::Command command)
     case CommandLine::Command::Balance:
         parser.addOption({QStringLiteral("firm"), QStringLiteral("Number of the company."), QStringLiteral("ID")});
         parser.addOption({QStringLiteral("party"), QStringLiteral("Code of the client."), QStringLiteral("CODE")});
+        break;
+    case CommandLine::Command::Sample:
+    case CommandLine::Command::Check:
+    case CommandLine::Command::Backup:
+    case CommandLine::Command::Restore:
+        addCareOptions(parser, command);
         break;
     default:
         parser.addOption(
@@ -58,12 +116,61 @@ void addOptions(QCommandLineParser &parser, CommandLine::Command command)
 QString helpText(const QCommandLineParser &parser, CommandLine::Command command)
 {
     QString text = parser.helpText();
+    QString usage = QStringLiteral("ledgora"); // the parser knows neither program nor command
+    for (const Words &words : commands) {
+        if (words.command == command) {
+            usage += u' ' + QLatin1String(words.name);
+            text += u'\n' + QLatin1String(words.description) + QStringLiteral(".\n");
+        }
+    }
+    text.replace(0, text.indexOf(u'\n'), QStringLiteral("Usage: ") + usage + QStringLiteral(" [options]"));
     if (command != CommandLine::Command::Window)
         return text;
     text += QStringLiteral("\nCommands without a window (each with --help):\n");
     for (const Words &words : commands)
         text += QStringLiteral("  ") + QLatin1String(words.description) + u'\n';
     return text;
+}
+
+/// A number of an option; the default where it is left out, -1 where it is none.
+int numberOption(const QCommandLineParser &parser, const char *name, int otherwise)
+{
+    bool isNumber = false;
+    const QString option = QLatin1String(name);
+    const int value = parser.isSet(option) ? parser.value(option).toInt(&isNumber) : otherwise;
+    return isNumber || !parser.isSet(option) ? value : -1;
+}
+
+SamplePlan samplePlan(const QCommandLineParser &parser, QDate today)
+{
+    SamplePlan plan;
+    plan.seed = numberOption(parser, "seed", plan.seed);
+    plan.companies = numberOption(parser, "companies", plan.companies);
+    plan.parties = numberOption(parser, "parties", plan.parties);
+    plan.bills = numberOption(parser, "bills", plan.bills);
+    plan.from = numberOption(parser, "from", plan.from);
+    plan.to = numberOption(parser, "to", plan.to);
+    plan.today = today;
+    return settledPlan(plan);
+}
+
+/// Whether the words are wrong for the commands that look after the data.
+QString careFault(const CommandLine &line, const QCommandLineParser &parser)
+{
+    switch (line.command) {
+    case CommandLine::Command::Sample:
+        return planFault(line.sample);
+    case CommandLine::Command::Check:
+        return parser.isSet(QStringLiteral("firm")) && line.firm < 1 ? QStringLiteral("--firm takes a company's number")
+                                                                     : QString();
+    case CommandLine::Command::Backup:
+        return line.out.isEmpty() == line.daily ? QString()
+                                                : QStringLiteral("backup needs either --out FILE or --daily");
+    case CommandLine::Command::Restore:
+        return line.from.isEmpty() ? QStringLiteral("restore needs --from FILE") : QString();
+    default:
+        return {};
+    }
 }
 
 QString fault(const CommandLine &line, const QCommandLineParser &parser)
@@ -76,11 +183,17 @@ QString fault(const CommandLine &line, const QCommandLineParser &parser)
         return QStringLiteral("--open takes gst");
     if (!Office::hostCodes().contains(line.host))
         return QStringLiteral("--host takes C, G or T");
+    ServerAddress address;
+    if (const QString said = parser.optionNames().contains(QStringLiteral("connect"))
+                                 ? readAddress(line.server.address, address)
+                                 : QString();
+        !said.isEmpty())
+        return QStringLiteral("--connect: ") + said;
     if (line.command == CommandLine::Command::Demo && line.out.isEmpty())
         return QStringLiteral("demo needs --out DIR");
     if (line.command == CommandLine::Command::Balance && (line.firm < 1 || line.party.isEmpty()))
         return QStringLiteral("balance needs --firm ID and --party CODE");
-    return {};
+    return careFault(line, parser);
 }
 
 } // namespace
@@ -122,10 +235,19 @@ CommandLine readCommandLine(const QStringList &arguments)
     line.party = value("party");
     line.firm = value("firm").toInt();
     line.today = dateArgument(value("today")).value_or(QDate());
+    if (line.command == CommandLine::Command::Sample)
+        line.sample = samplePlan(parser, line.today);
+    else
+        line.from = value("from");
+    line.daily = parser.optionNames().contains(QStringLiteral("daily"));
     line.dataFolder = value("data");
     if (line.dataFolder.isEmpty())
         line.dataFolder =
             QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + QStringLiteral("/ledgora");
+    line.server = value("connect").isEmpty() ? ServerChoice::saved(line.dataFolder)
+                                             : ServerChoice{value("connect"), value("password-file")};
+    if (!value("password-file").isEmpty())
+        line.server.passwordFile = value("password-file");
     if (parser.isSet(QStringLiteral("help"))) {
         line.text = helpText(parser, line.command);
         line.command = CommandLine::Command::Help;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "OfficeChoice.h"
+#include "care/SamplePlan.h"
 #include <QDate>
 #include <QString>
 #include <QStringList>
@@ -10,14 +12,18 @@ namespace ledgora::app {
 /// The words of a call of `ledgora`.
 struct CommandLine
 {
-    enum class Command { Window, Demo, Balance, Help, Version, Wrong };
+    enum class Command { Window, Demo, Balance, Sample, Check, Backup, Restore, Help, Version, Wrong };
     Command command = Command::Window;
     QString dataFolder;                 ///< --data, else the XDG data folder
+    ServerChoice server;                ///< --connect, --password-file; else as saved in the data folder
     QString host = QStringLiteral("C"); ///< --host: "C", "G" or "T"
     QString open;                       ///< --open: "gst" or ""
-    QString out;                        ///< demo --out
-    int firm = 0;                       ///< balance --firm
+    QString out;                        ///< demo --out, backup --out
+    int firm = 0;                       ///< balance --firm; check --firm, 0 for all companies
     QString party;                      ///< balance --party
+    SamplePlan sample;                  ///< sample --seed and its further options, settled
+    QString from;                       ///< restore --from
+    bool daily = false;                 ///< backup --daily
     QDate today;                        ///< --today; invalid for the real day
     QString text;                       ///< what --help prints, or what is wrong
 };

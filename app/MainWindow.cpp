@@ -3,6 +3,7 @@
 #include "ClientEditor.h"
 #include "GroupEditor.h"
 #include "Office.h"
+#include "ServerDialog.h"
 #include "controls/WaitBar.h"
 #include <QApplication>
 #include <QCloseEvent>
@@ -24,7 +25,7 @@ MainWindow::MainWindow(Office &office) : m_office(office), m_billing(office, thi
     m_area->setActivationOrder(QMdiArea::ActivationHistoryOrder); // a closed preview gives way to its bill
     setCentralWidget(m_area);
     makeMenu();
-    statusBar()->showMessage(QStringLiteral("Office: ") + office.dataFolder());
+    statusBar()->showMessage(QStringLiteral("Office: ") + office.server().place());
     installWaitBar(office.connection());
     qApp->installEventFilter(this);
 }
@@ -35,9 +36,13 @@ void MainWindow::makeMenu()
     billing->addAction(QStringLiteral("&GST Billing"), QKeySequence(Qt::CTRL | Qt::Key_G), this, &MainWindow::openGst)
         ->setObjectName(QStringLiteral("actGstBilling"));
     billing->addSeparator();
+    billing
+        ->addAction(QStringLiteral("&Database Server ..."), this,
+                    [this] { ServerDialog(m_office.dataFolder(), this).exec(); })
+        ->setObjectName(QStringLiteral("actServer"));
     billing->addAction(QStringLiteral("&Quit"), QKeySequence(Qt::CTRL | Qt::Key_Q), this, &QWidget::close);
     // The access letter is one that no screen has on a command.
-    QMenu *clients = menuBar()->addMenu(QStringLiteral("Cl&ients"));
+    QMenu *clients = menuBar()->addMenu(QStringLiteral("Clie&nts"));
     clients
         ->addAction(QStringLiteral("&Clients of the Office"), QKeySequence(Qt::CTRL | Qt::Key_L), this,
                     &MainWindow::openClients)

@@ -1,16 +1,27 @@
 #include "Office.h"
 
+#include "Aside.h"
+#include "PrivateServer.h"
 #include "ServerFolder.h"
 #include "store/ErrorLog.h"
 #include "store/Schema.h"
 #include "store/Settings.h"
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
+#include <QScopedValueRollback>
 #include <algorithm>
 #include <mysql.h>
 #include <sys/socket.h>
 
 namespace ledgora::app {
+
+namespace {
+
+constexpr int silenceMilliseconds = 2000; ///< an attempt that took longer met silence, not a refusal
+constexpr int letAloneMilliseconds = 10000;
+
+} // namespace
 
 bool Office::exists(const QString &dataFolder)
 {
@@ -22,11 +33,14 @@ QStringList Office::hostCodes()
     return {QStringLiteral("C"), QStringLiteral("G"), QStringLiteral("T")};
 }
 
-Office::Office(const QString &dataFolder, QString hostCode)
+Office::Office(const QString &dataFolder, QString hostCode, std::unique_ptr<OfficeServer> server)
     : m_dataFolder(QDir(dataFolder).absolutePath())
     , m_hostCode(std::move(hostCode))
-    , m_server({.dataFolder = m_dataFolder})
+    , m_server(std::move(server))
 {
+    if (!m_server)
+        m_server = std::make_unique<PrivateServer>(PrivateServer::Settings{.dataFolder = m_dataFolder});
+    m_connection.setInterrupt([this] { interrupt(); });
 }
 
 Office::~Office()
@@ -36,8 +50,8 @@ Office::~Office()
 
 bool Office::open()
 {
-    if (!m_server.start() || !connectToServer()) {
-        m_error = m_server.error();
+    if (!reachServer()) {
+        m_error = m_server->error();
         return false;
     }
     m_error = schemaFault(m_connection);
@@ -50,17 +64,25 @@ bool Office::open()
     return installTemplates();
 }
 
-bool Office::connectToServer()
+bool Office::reachServer()
 {
     closeHandle();
-    m_handle = m_server.connect();
-    m_connection.setHandle(m_handle);
-    m_connection.setInterrupt([this] {
-        // The connection stays whole where the server still listens; one that is silent is given up.
-        if (!m_server.endStatement(mysql_thread_id(m_handle)))
-            ::shutdown(int(mysql_get_socket(m_handle)), SHUT_RDWR);
+    const QScopedValueRollback reaching(m_isReaching, true);
+    m_stop = std::stop_source();
+    runAside(m_connection.waitHook(), m_stop, [this](const std::stop_token &stop) {
+        m_handle = m_server->start(stop) ? m_server->connectOffice(stop) : nullptr;
     });
+    m_connection.setHandle(m_handle);
     return m_handle != nullptr;
+}
+
+void Office::interrupt()
+{
+    if (m_isReaching)
+        m_stop.request_stop();
+    // The connection stays whole where the server still listens; one that is silent is given up.
+    else if (m_handle && !m_server->endStatement(mysql_thread_id(m_handle)))
+        ::shutdown(int(mysql_get_socket(m_handle)), SHUT_RDWR);
 }
 
 void Office::closeHandle()
@@ -73,15 +95,20 @@ void Office::closeHandle()
 
 Office::Server Office::keepConnected()
 {
-    if (m_connection.isRunning())
+    if (m_connection.isRunning() || m_isReaching)
         return Server::There;
     if (m_handle && !m_connection.isLost() && m_connection.ping())
         return Server::There;
+    if (!m_letAlone.hasExpired())
+        return Server::Away;
     const ErrorSite site("OFFICE", "KEEPCONNECTED");
-    closeHandle();
-    if (m_server.start() && connectToServer())
+    QElapsedTimer clock;
+    clock.start();
+    if (reachServer())
         return Server::Reopened;
-    WriteErrLog(2006, m_server.error(), QStringLiteral("Office"));
+    if (clock.elapsed() > silenceMilliseconds)
+        m_letAlone.setRemainingTime(letAloneMilliseconds);
+    WriteErrLog(2006, m_server->error(), QStringLiteral("Office"));
     return Server::Away;
 }
 

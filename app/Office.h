@@ -1,14 +1,17 @@
 #pragma once
 
-#include "PrivateServer.h"
+#include "OfficeServer.h"
 #include "store/Connection.h"
+#include <QDeadlineTimer>
+#include <QString>
 #include <QStringList>
 #include <memory>
+#include <stop_token>
 
 namespace ledgora::app {
 
-/// The office of one data folder: its private server, the one connection of this program, its tables and templates as
-/// the host has them. An office may be opened as several hosts in turn; each has client tables of its own.
+/// The office of one data folder: its server, the one connection of this program, its tables and templates as the host
+/// has them. An office may be opened as several hosts in turn; each has client tables of its own.
 class Office
 {
 public:
@@ -18,7 +21,9 @@ public:
     /// Host codes that the program plays: "C", "G", "T".
     static QStringList hostCodes();
 
-    explicit Office(const QString &dataFolder, QString hostCode = QStringLiteral("C"));
+    /// On the folder's private server, or on another one; templates, settings and log lie in the folder either way.
+    explicit Office(const QString &dataFolder, QString hostCode = QStringLiteral("C"),
+                    std::unique_ptr<OfficeServer> server = {});
     Office(const Office &) = delete;
     Office &operator=(const Office &) = delete;
     ~Office();
@@ -28,24 +33,30 @@ public:
     QString error() const { return m_error; }
 
     Connection &connection() { return m_connection; }
-    const PrivateServer &server() const { return m_server; }
+    const OfficeServer &server() const { return *m_server; }
     QString dataFolder() const { return m_dataFolder; }
     QString hostCode() const { return m_hostCode; }
 
     enum class Server { There, Reopened, Away };
     /// Before a command: when the server went away, starts or attaches to it again and hands the connection a new
-    /// handle; `Away` while that does not work. Does nothing while a statement runs.
+    /// handle; `Away` while that does not work. Waits as a statement does, with a bar where the connection has one; a
+    /// server that did not even refuse is let alone for some seconds then, so that the window can be used meanwhile.
+    /// Does nothing while a statement runs.
     Server keepConnected();
 
 private:
-    bool connectToServer();
+    bool reachServer();
+    void interrupt();
     bool installTemplates();
     void closeHandle();
 
     QString m_dataFolder;
     QString m_hostCode;
-    PrivateServer m_server;
+    std::unique_ptr<OfficeServer> m_server;
     st_mysql *m_handle = nullptr;
+    std::stop_source m_stop;
+    bool m_isReaching = false;
+    QDeadlineTimer m_letAlone;
     Connection m_connection;
     QString m_error;
 };

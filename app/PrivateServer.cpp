@@ -8,6 +8,7 @@
 #include <QRegularExpression>
 #include <QStorageInfo>
 #include <array>
+#include <csignal>
 #include <cstdio>
 #include <fcntl.h>
 #include <mysql.h>
@@ -63,6 +64,7 @@ struct PrivateServer::Visit
     explicit Visit(const QString &dataFolder) : folder(dataFolder) {}
     ServerFolder folder;
     Descriptor users;
+    Descriptor alive;
 };
 
 PrivateServer::PrivateServer(Settings settings) : m_settings(std::move(settings)) {}
@@ -72,7 +74,7 @@ PrivateServer::~PrivateServer()
     stop();
 }
 
-bool PrivateServer::start()
+bool PrivateServer::start(const std::stop_token &stop)
 {
     m_cold = m_attached = false;
     auto visit = m_visit ? std::move(m_visit) : std::make_unique<Visit>(m_settings.dataFolder);
@@ -83,25 +85,28 @@ bool PrivateServer::start()
     const Descriptor starting = folder.lock("start.lock", ServerFolder::Lock::Exclusive, m_settings.limit);
     if (!visit->users.isOpen())
         visit->users = folder.lock("users.lock", ServerFolder::Lock::Shared, m_settings.limit);
-    if (!starting.isOpen() || !visit->users.isOpen()) {
+    if (!visit->alive.isOpen())
+        visit->alive = folder.lock("alive.lock", ServerFolder::Lock::Shared, m_settings.limit);
+    if (!starting.isOpen() || !visit->users.isOpen() || !visit->alive.isOpen()) {
         m_error = QStringLiteral("Another program holds the folder %1, or it can not be written to.")
                       .arg(folder.path(QStringLiteral(".")));
         return false;
     }
     m_visit = std::move(visit);
-    const QString fault = bringUp();
+    const QString fault = bringUp(stop);
     m_error = fault;
     if (!fault.isEmpty())
         m_visit.reset();
     return fault.isEmpty();
 }
 
-QString PrivateServer::bringUp()
+QString PrivateServer::bringUp(const std::stop_token &stop)
 {
     const ServerFolder &folder = m_visit->folder;
     // A server whose starter was killed may still be coming up, one that was told to stop may still be going down.
-    waitUntil([&] { return answers() || !folder.serverLives(); }, m_settings.limit);
-    m_attached = answers();
+    const auto answeredOrGone = [&] { return answers(stop) || !folder.serverLives() || stop.stop_requested(); };
+    waitUntil(answeredOrGone, m_settings.limit);
+    m_attached = answers(stop);
     if (m_attached)
         return {};
     if (folder.serverLives())
@@ -117,7 +122,7 @@ QString PrivateServer::bringUp()
         m_cold = true;
         fault = initialise(program);
     }
-    return fault.isEmpty() ? launch(program) : fault;
+    return fault.isEmpty() ? launch(program, stop) : fault;
 }
 
 QString PrivateServer::initialise(const QString &program)
@@ -156,7 +161,7 @@ QString PrivateServer::initialise(const QString &program)
     return {};
 }
 
-QString PrivateServer::launch(const QString &program)
+QString PrivateServer::launch(const QString &program, const std::stop_token &stop)
 {
     const ServerFolder &folder = m_visit->folder;
     const qint64 logStart = folder.logSize();
@@ -168,17 +173,20 @@ QString PrivateServer::launch(const QString &program)
     log.close(); // from here on the server alone holds the lock
     bool up = false;
     if (process.wasStarted())
-        waitUntil([&] { return (up = answers()) || process.hasEnded(); }, m_settings.limit);
-    if (up)
+        waitUntil([&] { return (up = answers(stop)) || process.hasEnded() || stop.stop_requested(); },
+                  m_settings.limit);
+    if (up) {
+        guardServer(folder.descriptor());
         return {};
+    }
     if (process.wasStarted())
         process.terminate();
     return failureText(QStringLiteral("The database server does not come up."), folder, logStart);
 }
 
-bool PrivateServer::answers()
+bool PrivateServer::answers(const std::stop_token &stop)
 {
-    MYSQL *handle = connect(QString());
+    MYSQL *handle = connect(QString(), stop);
     if (handle)
         mysql_close(handle);
     return handle != nullptr;
@@ -194,45 +202,30 @@ qint64 PrivateServer::processId() const
     return m_visit ? m_visit->folder.serverProcess() : 0;
 }
 
-st_mysql *PrivateServer::connect(const QString &database)
+st_mysql *PrivateServer::connect(const QString &database, const std::stop_token &stop)
 {
     if (!m_visit) {
         m_error = QStringLiteral("The database server was not started.");
         return nullptr;
     }
     MYSQL *handle = newHandle(m_settings.lockWaitSeconds);
-    if (!handle || connectHandle(handle, database))
+    if (!handle || connectHandle(handle, login(database), stop))
         return handle;
     m_error = QStringLiteral("The database server does not answer: %1.").arg(QString::fromUtf8(mysql_error(handle)));
     mysql_close(handle);
     return nullptr;
 }
 
-bool PrivateServer::connectHandle(st_mysql *handle, const QString &database)
+/// The server's own root, without a password: the folder's mode keeps everybody else from the socket.
+Login PrivateServer::login(const QString &database) const
 {
-    const int protocol = MYSQL_PROTOCOL_SOCKET;
-    mysql_optionsv(handle, MYSQL_OPT_PROTOCOL, &protocol);
-    const QByteArray address = QFile::encodeName(m_visit->folder.socketAddress());
-    const QByteArray name = database.toUtf8();
-    // The server's own root, without a password: the folder's mode keeps everybody else from the socket.
-    return mysql_real_connect(handle, nullptr, "root", nullptr, name.isEmpty() ? nullptr : name.constData(), 0,
-                              address.constData(), connectFlags())
-           != nullptr;
+    return {
+        .user = "root", .database = database.toUtf8(), .socket = QFile::encodeName(m_visit->folder.socketAddress())};
 }
 
 bool PrivateServer::endStatement(unsigned long connectionId)
 {
-    MYSQL *beside = m_visit ? newHandle(m_settings.lockWaitSeconds) : nullptr;
-    if (!beside)
-        return false;
-    const unsigned limit = 2;
-    mysql_optionsv(beside, MYSQL_OPT_CONNECT_TIMEOUT, &limit);
-    mysql_optionsv(beside, MYSQL_OPT_READ_TIMEOUT, &limit);
-    const QByteArray kill = "KILL QUERY " + QByteArray::number(qulonglong(connectionId));
-    const bool ended = connectHandle(beside, QString())
-                       && mysql_real_query(beside, kill.constData(), static_cast<unsigned long>(kill.size())) == 0;
-    mysql_close(beside);
-    return ended;
+    return m_visit && app::endStatement(newHandle(m_settings.lockWaitSeconds), login(QString()), connectionId);
 }
 
 void PrivateServer::stop()
@@ -252,8 +245,10 @@ void PrivateServer::shutDown()
     if (MYSQL *handle = connect(QString())) {
         mysql_real_query(handle, "SHUTDOWN", 8);
         mysql_close(handle);
-        waitUntil([&] { return !folder.serverLives(); }, m_settings.limit);
+    } else if (process > 0) {
+        ::kill(process, SIGTERM); // it lives, but its socket is gone or it is out of connections
     }
+    waitUntil([&] { return !folder.serverLives(); }, m_settings.limit);
     // The server is a child of the instance that started it, which takes it off the system's list of processes.
     if (process > 0)
         waitUntil([&] { return ::waitpid(process, nullptr, WNOHANG) != 0; }, std::chrono::seconds(1));

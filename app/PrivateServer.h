@@ -1,17 +1,19 @@
 #pragma once
 
+#include "OfficeServer.h"
 #include <QString>
 #include <chrono>
 #include <memory>
 
-struct st_mysql;
-
 namespace ledgora::app {
+
+struct Login;
 
 /// The database server of one data folder: a child `mariadbd` on a unix socket in DIR/server, no network. The first
 /// program instance on the folder starts it, later ones attach, the last one stops it; after an unclean end it
-/// recovers at the next start. The folder is made with mode 0700.
-class PrivateServer
+/// recovers at the next start. When the last program was killed, a guard beside the server stops it. The folder is made
+/// with mode 0700.
+class PrivateServer : public OfficeServer
 {
 public:
     struct Settings
@@ -25,37 +27,37 @@ public:
     };
 
     explicit PrivateServer(Settings settings);
-    PrivateServer(const PrivateServer &) = delete;
-    PrivateServer &operator=(const PrivateServer &) = delete;
-    ~PrivateServer(); ///< leaves the folder; stops the server when this was the last instance
+    ~PrivateServer() override; ///< leaves the folder; stops the server when this was the last instance
 
-    /// Attaches, or initialises the folder and starts the server. False with `error()` in a clerk's words. May be
-    /// called again while in the folder: a server that died meanwhile is started anew.
-    bool start();
-    QString error() const { return m_error; }
+    /// Attaches, or initialises the folder and starts the server; called again while in the folder, starts a server
+    /// that died meanwhile.
+    bool start(const std::stop_token &stop = {}) override;
+    QString error() const override { return m_error; }
     bool wasCold() const { return m_cold; }        ///< the folder was initialised by this start
     bool wasRunning() const { return m_attached; } ///< another instance had started it
 
     QString socketPath() const; ///< DIR/server/ledgora.sock
     qint64 processId() const;   ///< of the server, 0 when it is not running
 
-    /// A new connection to `database` ("" for none), made for non-blocking use, with the modes that the statements
-    /// need set; the caller closes it with mysql_close. nullptr with `error()` when it fails.
-    st_mysql *connect(const QString &database = QStringLiteral("ledgora"));
-    /// Ends the statement that runs on another connection, from a connection beside it. False when the server did not
-    /// take that within two seconds.
-    bool endStatement(unsigned long connectionId);
+    /// As `connectOffice`, to any database ("" for none).
+    st_mysql *connect(const QString &database = QStringLiteral("ledgora"), const std::stop_token &stop = {});
+    st_mysql *connectOffice(const std::stop_token &stop = {}) override
+    {
+        return connect(QStringLiteral("ledgora"), stop);
+    }
+    bool endStatement(unsigned long connectionId) override;
+    QString place() const override { return m_settings.dataFolder; }
 
     /// Leaves the folder now; stops the server when this was the last instance.
     void stop();
 
 private:
     struct Visit;
-    QString bringUp();
+    QString bringUp(const std::stop_token &stop);
     QString initialise(const QString &program);
-    QString launch(const QString &program);
-    bool answers();
-    bool connectHandle(st_mysql *handle, const QString &database);
+    QString launch(const QString &program, const std::stop_token &stop);
+    bool answers(const std::stop_token &stop = {});
+    Login login(const QString &database) const;
     void shutDown();
 
     Settings m_settings;

@@ -161,6 +161,7 @@ QString ServerFolder::writeSettings(int lockWaitSeconds) const
                             "default-storage-engine=InnoDB\n"
                             "innodb_buffer_pool_size=128M\n"
                             "innodb_log_file_size=32M\n"
+                            "innodb_autoextend_increment=4\n" // not 64 MB at a time
                             "innodb_flush_log_at_trx_commit=1\n"
                             "max_allowed_packet=64M\n"
                             // A window may stay open over a long week-end.

@@ -9,9 +9,9 @@ namespace ledgora::app {
 /// The folder DIR/server of a private database server: who may enter it, its lock files, its log, its settings.
 ///
 /// `start.lock` is held exclusively around check, initialising, starting and stopping, `users.lock` shared while a
-/// program instance uses the server. The server itself holds a lock on `server.log`, its standard output, for as long
-/// as it lives: the one sign of life that neither a kill nor a reused process number falsifies.
-/// A function that returns a fault returns a text for the user, "" when all is well.
+/// program instance uses the server, `alive.lock` likewise, for the guard. The server itself holds a lock on
+/// `server.log`, its standard output, for as long as it lives: the one sign of life that neither a kill nor a reused
+/// process number falsifies. A function that returns a fault returns a text for the user, "" when all is well.
 class ServerFolder
 {
 public:

@@ -1,8 +1,10 @@
 #include "ServerProcess.h"
+#include "Waiting.h"
 #include <QFile>
 #include <QFileInfo>
 #include <QStandardPaths>
 #include <csignal>
+#include <fcntl.h>
 #include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -87,6 +89,27 @@ void ServerProcess::terminate() const
 {
     if (!m_ended)
         ::kill(m_process, SIGTERM);
+}
+
+void guardServer(int folder)
+{
+    // A program that starts holds start.lock until it is among the living; the server lives while its log is locked.
+    const QString script = QStringLiteral(R"sh(
+exec 5<server.pid 6<alive.lock 7<server.log 8<start.lock
+( while flock -x 6; do
+      if flock -n -x 8; then
+          flock -n -x 7 || kill -TERM "$(cat <&5)"
+          exit
+      fi
+      flock -u 6
+      sleep 1
+  done ) &
+)sh");
+    const int nothing = ::open("/dev/null", O_RDWR | O_CLOEXEC);
+    ServerProcess shell(QStringLiteral("/bin/sh"), {QStringLiteral("-c"), script}, folder, nothing, nothing);
+    ::close(nothing);
+    if (shell.wasStarted())
+        waitUntil([&] { return shell.hasEnded(); }, std::chrono::seconds(2)); // the guard goes on without it
 }
 
 } // namespace ledgora::app

@@ -34,4 +34,8 @@ private:
     bool m_ended = false;
 };
 
+/// Leaves a process of its own beside the server in the folder: when no program is left that holds `alive.lock`, since
+/// the last one was killed, it stops the server as that one would have done.
+void guardServer(int folder);
+
 } // namespace ledgora::app

@@ -1,16 +1,32 @@
 #pragma once
 
+#include <QByteArray>
+#include <stop_token>
+
 struct st_mysql;
 
 namespace ledgora::app {
 
-/// A new client handle, not connected yet, that sets on connecting what the statements need of their session: utf8mb4
-/// with a collation that tells all characters apart, no strict mode, a limit to the wait for a table lock. Made for
-/// non-blocking use; affected rows count rows found; nothing reconnects; reading has no limit in time, since a server
-/// would go on with a statement whose answer nobody reads. nullptr when memory is short.
+/// How a program comes to a server; empty texts count as not given.
+struct Login
+{
+    QByteArray host = {}, user = {}, password = {}, database = {}, socket = {};
+    unsigned port = 0;
+};
+
+/// A handle for a connection that is still to be made: non-blocking calls allowed, no silent reconnect, and the modes
+/// that the statements need are set as soon as it connects. nullptr when memory is exhausted.
 st_mysql *newHandle(int lockWaitSeconds);
 
-/// The flags to connect such a handle with.
+/// Flags that a connection must be made with.
 unsigned long connectFlags();
+
+/// Connects the handle; waits at most ten seconds, and no longer than the token allows. False with the handle's own
+/// error.
+bool connectHandle(st_mysql *handle, const Login &login, const std::stop_token &stop);
+
+/// Ends the running statement of a connection from another one, made on `handle` (which is closed), within two
+/// seconds.
+bool endStatement(st_mysql *handle, const Login &login, unsigned long connectionId);
 
 } // namespace ledgora::app

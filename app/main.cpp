@@ -2,7 +2,8 @@
 #include "CommandLine.h"
 #include "Demo.h"
 #include "MainWindow.h"
-#include "Office.h"
+#include "ServerDialog.h"
+#include "care/CareCommands.h"
 #include "store/Dates.h"
 #include "store/NumberFormat.h"
 #include <QApplication>
@@ -26,12 +27,11 @@ int failed(const QString &why)
 
 int printBalance(const CommandLine &line)
 {
-    if (!Office::exists(line.dataFolder)) // a mistyped folder must not become an office
-        return failed(QStringLiteral("The folder [") + line.dataFolder + QStringLiteral("] holds no office."));
-    Office office(line.dataFolder, line.host);
-    if (!office.open())
-        return failed(office.error());
-    Billing billing(office, nullptr);
+    QString fault;
+    const auto office = openOffice(line.dataFolder, line.host, line.server, Folder::MustBeThere, askOnTerminal, fault);
+    if (!office)
+        return failed(fault);
+    Billing billing(*office, nullptr);
     if (!billing.isOpen())
         return failed(QStringLiteral("the billing library could not be opened"));
     std::printf("%s\n", qPrintable(plainNumber(billing.gst().GetAmt(line.firm, line.party))));
@@ -40,12 +40,13 @@ int printBalance(const CommandLine &line)
 
 int runWindow(const CommandLine &line)
 {
-    Office office(line.dataFolder, line.host);
-    if (!office.open()) {
-        QMessageBox::critical(nullptr, QStringLiteral("Ledgora"), office.error());
-        return failed(office.error());
+    QString fault;
+    const auto office = openOffice(line.dataFolder, line.host, line.server, Folder::MayBeMade, askInWindow, fault);
+    if (!office) {
+        QMessageBox::critical(nullptr, QStringLiteral("Ledgora"), fault);
+        return failed(fault);
     }
-    MainWindow window(office);
+    MainWindow window(*office);
     if (!window.isBillingOpen())
         return failed(QStringLiteral("the billing library could not be opened"));
     window.showMaximized();
@@ -90,5 +91,7 @@ int main(int argc, char *argv[])
         const QString fault = runDemo(line.out);
         return fault.isEmpty() ? int(Done) : failed(fault);
     }
+    if (line.command != CommandLine::Command::Window)
+        return runCareCommand(line);
     return runWindow(line);
 }

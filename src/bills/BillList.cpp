@@ -15,8 +15,22 @@ QString shownDate(const QString &stored)
     return formatDate(dateFromStore(stored), QStringLiteral("dd/MM/yyyy"));
 }
 
-/// Adds a row for each stored bill and returns their ids, separated by commas.
-QString addStoredBills(Cells &bills, Recordset &stored)
+/// The ids of the rows, separated by commas.
+QString idsOf(Recordset &stored)
+{
+    const int id = stored.column(QStringLiteral("BillSrNo"));
+    QString ids;
+    while (stored.next()) {
+        if (!ids.isEmpty())
+            ids += u',';
+        ids += stored.text(id);
+    }
+    stored.rewind();
+    return ids;
+}
+
+/// Adds a row for each stored bill.
+void addStoredBills(Cells &bills, Recordset &stored)
 {
     struct Source
     {
@@ -33,7 +47,6 @@ QString addStoredBills(Cells &bills, Recordset &stored)
     const int date = stored.column(QStringLiteral("BillDt"));
     const int firstRow = bills.rows();
     bills.setRows(firstRow + int(stored.recordCount()));
-    QStringList ids;
     QString day; // bills of one day come together
     QString dayShown;
     for (int row = firstRow; stored.next(); ++row) {
@@ -45,9 +58,7 @@ QString addStoredBills(Cells &bills, Recordset &stored)
         }
         bills.setText(row, ListBillDate, dayShown);
         bills.setText(row, ListBillAmount, QStringLiteral("0"));
-        ids << bills.text(row, ListBillSrNo);
     }
-    return ids.join(u',');
 }
 
 } // namespace
@@ -70,11 +81,12 @@ void loadBillList(Connection &db, Cells &bills, const Cells &parties, int firmId
         removeDocument(bills, ListBillSrNo, id);
     const int firstRow = bills.rows();
     Recordset stored = billsOfYear(db, firmId, year, id);
-    const QString ids = addStoredBills(bills, stored);
-    fillPartyNames(bills, billListColumns, parties, firstRow);
-    if (!ids.isEmpty()) {
-        Recordset totals = billTotals(db, ids);
-        fillAmounts(bills, billListColumns, totals);
+    if (const QString ids = idsOf(stored); !ids.isEmpty()) {
+        PendingQuery totals = billTotals(db, ids); // the server adds up while the list is made
+        addStoredBills(bills, stored);
+        fillPartyNames(bills, billListColumns, parties, firstRow);
+        Recordset sums = totals.answer();
+        fillAmounts(bills, billListColumns, sums);
     }
     sortDocuments(bills, billListColumns, clientWise);
 }

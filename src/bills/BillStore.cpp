@@ -45,13 +45,6 @@ std::optional<Neighbour> firstNeighbour(Recordset found)
                      formatDate(dateFromStore(found.text(QStringLiteral("BillDt"))), QStringLiteral("DD/MM/YYYY"))};
 }
 
-QString insertHeader(const BillDraft &bill, int id)
-{
-    return "Insert Into GST_BillM Values (" + number(id) + ',' + number(bill.firmId) + ',' + number(bill.year) + ','
-           + quoted(bill.code) + ',' + number(bill.seriesId) + ',' + numberText(bill) + ',' + storedDate(bill) + ','
-           + quoted(bill.state) + ',' + quoted(taxWord(bill)) + ',' + quoted(bill.narration) + ')';
-}
-
 QString updateHeader(const BillDraft &bill)
 {
     return "UPDATE GST_BillM SET Code_No=" + quoted(bill.code) + ",BillSerId=" + number(bill.seriesId) + ",BillNo="
@@ -60,16 +53,16 @@ QString updateHeader(const BillDraft &bill)
 }
 
 /// Tax of the type that is not chosen is never stored, even though it sits in the line's hidden cells.
-QString insertLine(const BillDraft &bill, int row, int id, int serial)
+QString lineValues(const BillDraft &bill, int row, int id, int serial)
 {
     const Cells &lines = bill.lines;
     const auto amount = [&](int column) { return number(lines.value(row, column)); };
     const auto amountFor = [&](TaxType type, int column) { return bill.taxType == type ? amount(column) : number(0); };
     const QString period = lines.text(row, PeriodColumn).trimmed();
-    return "Insert Into GST_BillD Values (" + number(id) + ',' + number(serial) + ','
-           + quoted(lines.text(row, ParticularsColumn).trimmed()) + ',' + quoted(lines.text(row, SacColumn).trimmed())
-           + ',' + quoted(period) + ',' + (period.isEmpty() ? number(0) : amount(YearColumn)) + ','
-           + amount(AmountColumn) + ',' + amount(DiscountColumn) + ',' + amount(NetColumn) + ','
+    return '(' + number(id) + ',' + number(serial) + ',' + quoted(lines.text(row, ParticularsColumn).trimmed()) + ','
+           + quoted(lines.text(row, SacColumn).trimmed()) + ',' + quoted(period) + ','
+           + (period.isEmpty() ? number(0) : amount(YearColumn)) + ',' + amount(AmountColumn) + ','
+           + amount(DiscountColumn) + ',' + amount(NetColumn) + ','
            + quoted(lines.text(row, EditTaxColumn) == QLatin1String("Y") ? QStringLiteral("Y") : QStringLiteral("N"))
            + ',' + amountFor(TaxType::Intra, CgstRateColumn) + ',' + amountFor(TaxType::Intra, CgstColumn) + ','
            + amountFor(TaxType::Intra, SgstRateColumn) + ',' + amountFor(TaxType::Intra, SgstColumn) + ','
@@ -83,11 +76,9 @@ void writeLines(Connection &db, const BillDraft &bill, SaveResult &result)
         result.notIn << QStringLiteral("removal of the earlier lines");
     db.Execute(QStringLiteral("Flush Tables"));
     int serial = 0;
-    for (int row = billFixedRows; row < bill.lines.rows(); ++row) {
-        if (bill.lines.text(row, ParticularsColumn).trimmed().isEmpty())
-            continue;
+    for (const QString &values : billLineValues(bill, result.id)) {
         ++serial;
-        if (!db.Execute(insertLine(bill, row, result.id, serial)))
+        if (!db.Execute("Insert Into GST_BillD Values " + values))
             result.notIn << QStringLiteral("line %1").arg(serial);
         db.Execute(QStringLiteral("Flush Tables"));
     }
@@ -100,8 +91,10 @@ SaveResult saveHeader(Connection &db, const BillDraft &bill)
         db.Execute(QStringLiteral("Flush Tables"));
         return {bill.id, updated, {}};
     }
-    const InsertResult inserted = insertUnderNewId(db, QStringLiteral("GST_BillM"), QStringLiteral("BillSrNo"),
-                                                   [&](int id) { return insertHeader(bill, id); });
+    const InsertResult inserted =
+        insertUnderNewId(db, QStringLiteral("GST_BillM"), QStringLiteral("BillSrNo"), [&](int id) -> QString {
+            return "Insert Into GST_BillM Values " + billHeaderValues(bill, id);
+        });
     return {inserted.id, inserted.inserted, {}};
 }
 
@@ -149,6 +142,23 @@ std::optional<Neighbour> higherWithEarlierDate(Connection &db, const BillDraft &
 {
     return firstNeighbour(db.Open(sameSeries(bill) + " and (BillNo>" + numberText(bill) + " and BillDt<"
                                   + storedDate(bill) + ')' + exceptItself(bill) + " Order by BillNo ASC,BillSrNo"));
+}
+
+QString billHeaderValues(const BillDraft &bill, int id)
+{
+    return '(' + number(id) + ',' + number(bill.firmId) + ',' + number(bill.year) + ',' + quoted(bill.code) + ','
+           + number(bill.seriesId) + ',' + numberText(bill) + ',' + storedDate(bill) + ',' + quoted(bill.state) + ','
+           + quoted(taxWord(bill)) + ',' + quoted(bill.narration) + ')';
+}
+
+QStringList billLineValues(const BillDraft &bill, int id)
+{
+    QStringList values;
+    for (int row = billFixedRows; row < bill.lines.rows(); ++row) {
+        if (!bill.lines.text(row, ParticularsColumn).trimmed().isEmpty())
+            values << lineValues(bill, row, id, int(values.size()) + 1);
+    }
+    return values;
 }
 
 SaveResult saveBill(Connection &db, const BillDraft &bill)
@@ -225,9 +235,9 @@ Recordset billsOfYear(Connection &db, int firmId, int year, int id)
                    + (id != 0 ? QString(" AND BillSrNo=" + number(id)) : QString()));
 }
 
-Recordset billTotals(Connection &db, const QString &ids)
+PendingQuery billTotals(Connection &db, const QString &ids)
 {
-    return db.Open("Select BillId,SUM(TotalAmt) AS TotBillAmt from GST_BillD Where BillId IN (" + ids
+    return db.send("Select BillId,SUM(TotalAmt) AS TotBillAmt from GST_BillD Where BillId IN (" + ids
                    + ") GROUP BY BillId ORDER BY BillId");
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "bills/BillChecks.h"
-#include "store/Recordset.h"
+#include "store/Connection.h"
 #include <QStringList>
 
 namespace ledgora {
@@ -34,6 +34,11 @@ struct SaveResult
     bool whole() const { return id > 0 && headerIn && notIn.isEmpty(); }
 };
 
+/// What a save writes: the values of the bill's row in `GST_BillM`, and those of one row in `GST_BillD` for each line
+/// with particulars, serials from 1; each in brackets, as they stand behind "Insert Into ... Values".
+QString billHeaderValues(const BillDraft &bill, int id);
+QStringList billLineValues(const BillDraft &bill, int id);
+
 /// Writes header and lines as single statements. After a header that failed, or that met no row because another user
 /// deleted the bill, no line is touched; after any later failure the remaining statements still run.
 SaveResult saveBill(Connection &db, const BillDraft &bill);
@@ -52,7 +57,7 @@ void readBillLines(Connection &db, int billId, TaxType type, Cells &lines);
 
 /// Bills of the year (one when `id` is not 0), columns as stored; and the sum of each one's line totals by id.
 Recordset billsOfYear(Connection &db, int firmId, int year, int id);
-Recordset billTotals(Connection &db, const QString &ids);
+PendingQuery billTotals(Connection &db, const QString &ids);
 
 /// Earlier particulars and narrations of all companies, each once, in order.
 QStringList earlierParticulars(Connection &db);

@@ -46,12 +46,13 @@ bool panFieldIsValid(Screen &screen, QLineEdit &pan)
     return false;
 }
 
-bool tellsUnsaved(Screen &screen, bool saved, int id)
+bool tellsUnsaved(Screen &screen, bool saved, int id, const QString &command)
 {
     if (!saved)
         screen.alarm(id < 1 ? QLatin1String(invalidIdMessage)
                             : QStringLiteral("The database did not take the entry. What was typed is still here; press "
-                                             "Save to try again."));
+                                             "%1 to try again.")
+                                  .arg(command));
     return !saved;
 }
 

@@ -18,7 +18,7 @@ void writeEditFields(QWidget &screen, std::span<const MasterField> fields, const
 bool panFieldIsValid(Screen &screen, QLineEdit &pan);
 
 /// Tells a save of a master that did not go in; the frame is to stay with all that was typed. `id` below 1 means that
-/// none could be allotted. True when it was told.
-bool tellsUnsaved(Screen &screen, bool saved, int id);
+/// none could be allotted; `command` is the caption of the command that tries again. True when it was told.
+bool tellsUnsaved(Screen &screen, bool saved, int id, const QString &command = QStringLiteral("Save"));
 
 } // namespace ledgora

@@ -34,6 +34,8 @@ void frmMainGST::FORM_LOAD()
     connectHome();
     connectCompanies();
     connectOtherClients();
+    connectSeries();
+    connectSettings();
     connectTemplates();
     LOADGRIDFIRM(0);
 }
@@ -158,6 +160,10 @@ void frmMainGST::escapePressed()
 {
     if (ui->famTmplSetup->isVisible())
         return CMDBACKTMPL_CLICK();
+    if (ui->famsett->isVisible())
+        return CMDSETTCANCEL_CLICK();
+    if (ui->famSeriesMain->isVisible())
+        return m_seriesBrowsing ? showHome(ui->cmdSeriesMas) : CMDSERIESCANCEL_CLICK();
     if (ui->famOthClEdit->isVisible())
         return CMDOTHCLCANCEL_CLICK();
     if (ui->famOthClMain->isVisible())

@@ -14,6 +14,7 @@ class ChoiceBox;
 class CommandButton;
 class Grid;
 class frmBillGST;
+struct SeriesEntry;
 
 namespace Ui {
 class frmMainGST;
@@ -67,6 +68,31 @@ private:
     void CMDOTHCLCANCEL_CLICK();
     bool hasChosenOtherClient();
 
+    // Series (SeriesFrames.cpp).
+    void connectSeries();
+    void CMDSERIESMAS_CLICK();
+    void LOADGRIDSERIES(int seriesId);
+    void CMDSERIESADD_CLICK();
+    void CMDSERIESMODIFY_CLICK();
+    void CMDSERIESDELETE_CLICK();
+    void CMDSERIESUPDATE_CLICK();
+    void CMDSERIESCANCEL_CLICK();
+    void setSeriesBrowsing(bool browse);
+    void showSeries();
+    void showSeriesSample();
+    void writeSeries(const SeriesEntry &entry);
+    SeriesEntry readSeries() const;
+    bool hasChosenSeries();
+    bool seriesIsFree(int id, bool ofReceipts, const QString &message);
+
+    // Settings (SettingsFrame.cpp).
+    struct Setting;
+    std::vector<Setting> settings() const;
+    void connectSettings();
+    void CMDSETTINGS_CLICK();
+    void CMDSETTSAVE_CLICK();
+    void CMDSETTCANCEL_CLICK();
+
     // Choice of templates (TemplateFrame.cpp).
     void connectTemplates();
     void showTemplateSetup();
@@ -89,6 +115,8 @@ private:
     std::unique_ptr<Ui::frmMainGST> ui;
     bool m_addMode = false;
     bool m_otherClientsLoaded = false;
+    bool m_seriesLoaded = false;
+    bool m_seriesBrowsing = true;
     int m_editedId = 0;
     /// By company, for all home screens of the program: one closed and opened again finds the screens of the former.
     static inline QHash<int, QPointer<frmBillGST>> s_billScreens;

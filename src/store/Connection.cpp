@@ -86,13 +86,29 @@ int Connection::waitFor(int status) const
 
 bool Connection::run(const QByteArray &sql)
 {
+    return sendStatement(sql) && readAnswer();
+}
+
+bool Connection::sendStatement(const QByteArray &sql)
+{
     const auto length = static_cast<unsigned long>(sql.size());
     if (!m_wait)
-        return mysql_real_query(m_handle, sql.constData(), length) == 0;
+        return mysql_send_query(m_handle, sql.constData(), length) == 0;
     int failed = 0;
-    int status = mysql_real_query_start(&failed, m_handle, sql.constData(), length);
+    int status = mysql_send_query_start(&failed, m_handle, sql.constData(), length);
     while (status)
-        status = mysql_real_query_cont(&failed, m_handle, waitFor(status));
+        status = mysql_send_query_cont(&failed, m_handle, waitFor(status));
+    return failed == 0;
+}
+
+bool Connection::readAnswer()
+{
+    if (!m_wait)
+        return mysql_read_query_result(m_handle) == 0;
+    my_bool failed = 0;
+    int status = mysql_read_query_result_start(&failed, m_handle);
+    while (status)
+        status = mysql_read_query_result_cont(&failed, m_handle, waitFor(status));
     return failed == 0;
 }
 
@@ -127,15 +143,48 @@ bool Connection::Execute(const QString &sql)
 
 Recordset Connection::Open(const QString &sql)
 {
+    return send(sql).answer();
+}
+
+PendingQuery Connection::send(const QString &sql)
+{
     if (!checkHandle())
-        return {};
-    const QScopedValueRollback running(m_running, true);
-    MYSQL_RES *result = run(sql.toUtf8()) ? storeResult() : nullptr;
+        return {*this, false, false};
+    m_running = true;
+    return {*this, true, sendStatement(sql.toUtf8())};
+}
+
+Recordset Connection::takeResult(bool answered)
+{
+    MYSQL_RES *result = answered ? storeResult() : nullptr;
     // Not before: a statement refused during the wait has left its own number.
     m_lastErrorNumber = 0;
     if (!result)
         logFailure();
     return Recordset(result);
+}
+
+PendingQuery::PendingQuery(Connection &connection, bool accepted, bool sent)
+    : m_connection(connection)
+    , m_isRunning(accepted)
+    , m_sent(sent)
+{
+}
+
+PendingQuery::~PendingQuery()
+{
+    if (m_isRunning)
+        answer();
+}
+
+Recordset PendingQuery::answer()
+{
+    if (!m_isRunning)
+        return {};
+    Recordset rows = m_connection.takeResult(m_sent && m_connection.readAnswer());
+    m_isRunning = false;
+    m_connection.m_running = false;
+    return rows;
 }
 
 bool Connection::ping()

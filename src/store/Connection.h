@@ -8,6 +8,8 @@ struct st_mysql;
 
 namespace ledgora {
 
+class PendingQuery;
+
 /// One connection to a MySQL-dialect server. The handle is made and closed by the host; the library only uses it.
 /// `Execute` and `Open` never throw: a failure is written to the error log under the `ErrorSite` in force and the
 /// caller goes on to its next statement. Statements that met warnings (a cut text, a number out of range) are logged
@@ -33,6 +35,7 @@ public:
     /// With a hook statements run through the client's non-blocking calls, so that a window can stay alive; without
     /// one they just wait. The handle must have been made with MYSQL_OPT_NONBLOCK for a hook to be used.
     void setWaitHook(WaitHook hook);
+    const WaitHook &waitHook() const { return m_wait; }
 
     /// What a wait bar's Cancel does: the host ends the running statement from outside (a second connection).
     void setInterrupt(std::function<void()> interrupt);
@@ -44,6 +47,9 @@ public:
     qint64 affectedRows() const { return m_affected; }
     /// Runs a query and reads its whole result; a failed one gives an empty recordset that says so.
     Recordset Open(const QString &sql);
+    /// Sends a query and comes back at once, so that the caller works while the server does. No other statement can
+    /// run on the connection until the answer has been taken.
+    [[nodiscard]] PendingQuery send(const QString &sql);
 
     /// Whether the server answers; waits for it as a statement does. Nothing is logged.
     bool ping();
@@ -56,7 +62,12 @@ public:
     bool wasInterrupted() const;
 
 private:
+    friend class PendingQuery;
+
     bool run(const QByteArray &sql);
+    bool sendStatement(const QByteArray &sql);
+    bool readAnswer();
+    Recordset takeResult(bool answered);
     st_mysql_res *storeResult();
     int waitFor(int status) const;
     void logFailure();
@@ -70,6 +81,27 @@ private:
     QString m_lastError;
     unsigned m_lastErrorNumber = 0;
     bool m_running = false;
+};
+
+/// A query under way. Its answer is taken once; one that nobody takes is thrown away, since the connection is only
+/// free behind it.
+class PendingQuery
+{
+public:
+    PendingQuery(const PendingQuery &) = delete;
+    PendingQuery &operator=(const PendingQuery &) = delete;
+    ~PendingQuery();
+
+    /// Waits for the answer; as the result of `Connection::Open`.
+    Recordset answer();
+
+private:
+    friend class Connection;
+    PendingQuery(Connection &connection, bool accepted, bool sent);
+
+    Connection &m_connection;
+    bool m_isRunning;
+    bool m_sent;
 };
 
 } // namespace ledgora

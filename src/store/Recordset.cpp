@@ -31,6 +31,13 @@ bool Recordset::next()
     return m_row != nullptr;
 }
 
+void Recordset::rewind()
+{
+    m_row = nullptr;
+    if (m_result)
+        mysql_data_seek(m_result.get(), 0);
+}
+
 int Recordset::indexOf(const QString &column) const
 {
     const auto found = m_columns.constFind(column.toLower());

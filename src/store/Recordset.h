@@ -20,6 +20,7 @@ public:
     bool failed() const { return !m_result; } ///< the query did not run
     qint64 recordCount() const { return m_count; }
     bool next();
+    void rewind(); ///< before the first row again
 
     /// Position of a column, -1 when there is none: for loops over many rows, which then read by position.
     int column(const QString &name) const { return indexOf(name); }

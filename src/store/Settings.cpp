@@ -207,15 +207,15 @@ QString GETSETTININI(const QString &section, const QString &key, const QString &
     return unquoted(entry.mid(entry.indexOf(u'=') + 1).trimmed()).left(longestValue);
 }
 
-void SAVESETTININI(const QString &section, const QString &key, const QString &value)
+bool SAVESETTININI(const QString &section, const QString &key, const QString &value)
 {
     const ErrorSite site("MODULE1", "SAVESETTININI");
     if (section.isEmpty())
-        return;
+        return true;
     const QString path = settingsIni();
     TextFile text = readLines(path);
     if (!text.readable)
-        return;
+        return false;
     SectionLines lines = findSection(text.lines, oneLine(section));
     if (lines.begin < 0) {
         text.lines.append(QString('[' + oneLine(section) + ']').toUtf8());
@@ -229,7 +229,7 @@ void SAVESETTININI(const QString &section, const QString &key, const QString &va
         text.lines.insert(lines.end, entry);
     else
         text.lines[line] = entry;
-    writeLines(path, text);
+    return writeLines(path, text);
 }
 
 void READTMPLSETUP()

@@ -8,8 +8,9 @@ namespace ledgora {
 /// when the file, the section or the key is missing.
 QString GETSETTININI(const QString &section, const QString &key, const QString &defaultValue);
 
-/// Writes a value, creating file and section as needed; unknown lines and keys are kept. An empty section does nothing.
-void SAVESETTININI(const QString &section, const QString &key, const QString &value);
+/// Writes a value, creating file and section as needed; unknown lines and keys are kept. An empty section does
+/// nothing. False when the file could not be written (logged).
+bool SAVESETTININI(const QString &section, const QString &key, const QString &value);
 
 /// Refreshes `gNameCase`, `gTmplCustom`, `gBillCopy`, `gRecpCopy` for the company `gFirmId` and makes its folder.
 void READTMPLSETUP();

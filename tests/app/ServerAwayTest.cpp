@@ -2,6 +2,7 @@
 
 #include "app/MainWindow.h"
 #include "app/Office.h"
+#include "app/PrivateServer.h"
 #include "bills/BillLines.h"
 #include "bills/frmBillGST.h"
 #include "support/Screens.h"

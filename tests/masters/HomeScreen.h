@@ -37,7 +37,8 @@ protected:
     QString frame() const
     {
         QStringList shown;
-        for (const char *name : {"famFirmMain", "famFirmEdit", "famOthClMain", "famOthClEdit", "famTmplSetup"}) {
+        for (const char *name : {"famFirmMain", "famFirmEdit", "famOthClMain", "famOthClEdit", "famSeriesMain",
+                                 "famsett", "famUpdClGSTIN", "famTmplSetup"}) {
             if (isShown(name))
                 shown << name;
         }

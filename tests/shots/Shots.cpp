@@ -8,6 +8,7 @@
 #include "store/Dates.h"
 #include <QApplication>
 #include <QDir>
+#include <QFile>
 #include <QPainter>
 #include <QPixmap>
 #include <QWidget>
@@ -26,6 +27,52 @@ QPixmap pictureOf(QWidget &window)
             painter.drawPixmap(over->mapToGlobal(QPoint()) - window.mapToGlobal(QPoint()), over->grab());
     }
     return picture;
+}
+
+bool writeBranches(const QString &folder)
+{
+    QFile list(QDir(folder).filePath(QStringLiteral("ifsc.csv")));
+    const QByteArray rows = "BANK,IFSC,BRANCH,ADDRESS,CITY,STATE\n"
+                            "Gomti Co-operative Bank,GOMT0000001,Hazratganj,12 Mall Road,Lucknow,Uttar Pradesh\n"
+                            "Gomti Co-operative Bank,GOMT0000002,Aliganj,Sector B,Lucknow,Uttar Pradesh\n"
+                            "Sabarmati Bank,SABR0000117,Paldi,Ashram Road,Ahmedabad,Gujarat\n"
+                            "Sabarmati Bank,SABR0000120,Navrangpura,C.G. Road,Ahmedabad,Gujarat\n";
+    return list.open(QIODevice::WriteOnly) && list.write(rows) == rows.size();
+}
+
+/// The list of bank branches, from the company's edit frame.
+void visitBranches(Clerk &clerk, QWidget &window, const Look &look)
+{
+    clerk.alt('A');
+    window.findChild<QWidget *>(QStringLiteral("txtFirmBankNm"))->setFocus();
+    Clerk::settle();
+    clerk.expect([&](QWidget &dialog) {
+        look(QStringLiteral("company-bank-branches"), window);
+        dialog.close();
+    });
+    clerk.press(Qt::Key_F12);
+    clerk.press(Qt::Key_Escape);
+}
+
+/// The host's clients: empty, a frame, a client whose name changed, the list.
+void visitClients(Clerk &clerk, QWidget &window, const Look &look)
+{
+    clerk.press(Qt::Key_L, Qt::ControlModifier);
+    look(QStringLiteral("clients-first-start"), window);
+    for (const char *name : {"NARMADA TEXTILES PRIVATE LIMITED", "KAVERI ENGINEERING WORKS"}) {
+        clerk.alt('A');
+        clerk.enter();
+        clerk.enter(QString::fromLatin1(name).left(3));
+        clerk.enter(QString::fromLatin1(name));
+        look(QStringLiteral("client-edit"), window);
+        window.findChild<QWidget *>(QStringLiteral("cboClientState"))->setFocus();
+        clerk.choose(QStringLiteral("GUJ"));
+        clerk.alt('S');
+    }
+    clerk.alt('M');
+    look(QStringLiteral("client-modify"), window);
+    clerk.press(Qt::Key_Escape);
+    look(QStringLiteral("clients"), window);
 }
 
 /// What the demonstration does not visit: the password dialog, questions, earlier narrations, own templates, the host's
@@ -47,6 +94,9 @@ QString visitTheRest(const QString &folder, const Look &look)
         });
     };
     clerk.press(Qt::Key_G, Qt::ControlModifier);
+    if (!writeBranches(folder))
+        return QStringLiteral("the list of bank branches could not be written");
+    visitBranches(clerk, window, look);
     lookAtBox("company-delete-question");
     clerk.alt('D');
     clerk.alt('T');
@@ -71,11 +121,7 @@ QString visitTheRest(const QString &folder, const Look &look)
     lookAtBox("bill-cancel-question");
     clerk.press(Qt::Key_Escape);
     clerk.alt('C');
-    clerk.press(Qt::Key_L, Qt::ControlModifier);
-    look(QStringLiteral("clients-first-start"), window);
-    clerk.alt('A');
-    look(QStringLiteral("client-edit"), window);
-    clerk.press(Qt::Key_Escape);
+    visitClients(clerk, window, look);
     return clerk.fault();
 }
 

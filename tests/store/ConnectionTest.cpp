@@ -67,6 +67,25 @@ TEST_F(ConnectionTest, RowsAreReadByNameInAnyCaseAndByPlace)
     EXPECT_TRUE(log.isEmpty());
 }
 
+TEST_F(ConnectionTest, QueryUnderWayKeepsOthersOffUntilItsAnswerIsTakenOrDropped)
+{
+    PendingQuery names = db().send("Select Id From Notes Order By Id");
+    EXPECT_FALSE(db().Execute("Delete From Notes"));
+    Recordset rows = names.answer();
+    EXPECT_EQ(rows.recordCount(), 3);
+    ASSERT_TRUE(rows.next() && rows.next());
+    rows.rewind();
+    ASSERT_TRUE(rows.next());
+    EXPECT_EQ(rows.integer(0), 1);
+    EXPECT_TRUE(names.answer().failed()) << "an answer is taken once";
+    {
+        const PendingQuery dropped = db().send("Select * From Notes");
+    }
+    EXPECT_EQ(db().Open("Select * From Notes").recordCount(), 3);
+    EXPECT_TRUE(db().send("Select * From Nowhere").answer().failed());
+    EXPECT_EQ(log.lines().size(), 2) << "the refused one and the unknown table";
+}
+
 TEST_F(ConnectionTest, UnknownColumnReadsAsNullAndIsLoggedOnce)
 {
     Recordset rows = db().Open("Select * From Notes");

@@ -1,0 +1,74 @@
+#include "CareCommands.h"
+
+#include "Billing.h"
+#include "Check.h"
+#include "CommandLine.h"
+#include "Office.h"
+#include "SampleData.h"
+#include "host/WorkingState.h"
+#include "store/Settings.h"
+#include <QElapsedTimer>
+#include <cstdio>
+
+namespace ledgora::app {
+
+namespace {
+
+constexpr double millisecondsASecond = 1000;
+
+int failed(QString why)
+{
+    std::fprintf(stderr, "ledgora: %s\n", qPrintable(why.replace(u'\n', u' ')));
+    return 1;
+}
+
+int runSample(const CommandLine &line, Connection &db)
+{
+    QElapsedTimer clock;
+    clock.start();
+    const SampleResult result = writeSample(db, line.sample);
+    if (!result.fault.isEmpty())
+        return failed(result.fault);
+    std::printf("%lld companies, %lld clients, %lld bills with %lld lines written in %.1f s.\n",
+                static_cast<long long>(result.companies), static_cast<long long>(result.parties),
+                static_cast<long long>(result.bills), static_cast<long long>(result.lines),
+                double(clock.elapsed()) / millisecondsASecond);
+    return 0;
+}
+
+int runCheck(const CommandLine &line, Connection &db)
+{
+    const CheckResult result = checkData(db, gHostCode, line.firm, unwatched());
+    if (!result.fault.isEmpty())
+        return failed(result.fault);
+    for (const Finding &finding : result.findings)
+        std::printf("%s\n", qPrintable(findingText(finding)));
+    if (result.findings.empty())
+        std::printf("%lld bills checked, nothing found.\n", static_cast<long long>(result.bills));
+    return result.findings.empty() ? 0 : 1;
+}
+
+} // namespace
+
+int runCareCommand(const CommandLine &line)
+{
+    // Only what writes into an office may make one: a mistyped folder must not become one.
+    const Folder folder = line.command == CommandLine::Command::Sample ? Folder::MayBeMade : Folder::MustBeThere;
+    QString fault;
+    const auto office = openOffice(line.dataFolder, line.host, line.server, folder, askOnTerminal, fault);
+    if (!office)
+        return failed(fault);
+    const Billing billing(*office, nullptr); // host code and error log
+    if (!billing.isOpen())
+        return failed(QStringLiteral("the billing library could not be opened"));
+    switch (line.command) {
+    case CommandLine::Command::Sample:
+        return runSample(line, office->connection());
+    case CommandLine::Command::Check:
+        return runCheck(line, office->connection());
+    default:
+        return failed(QStringLiteral("not a command for the data"));
+    }
+}
+
+} // namespace ledgora::app

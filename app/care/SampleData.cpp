@@ -1,0 +1,131 @@
+#include "SampleData.h"
+
+#include "RowWriter.h"
+#include "SampleBills.h"
+#include "SampleMasters.h"
+#include "bills/BillStore.h"
+#include "store/Connection.h"
+#include "store/Dates.h"
+#include "store/ErrorLog.h"
+
+namespace ledgora::app {
+
+namespace {
+
+constexpr int firstYear = 2017; // the first one with GST
+constexpr int mostCompanies = 100;
+constexpr int mostParties = 1'000'000;
+constexpr int mostBills = 10'000'000;
+
+/// The first table that has rows, "" when none has.
+QString filledTable(Connection &db)
+{
+    for (const char *table : {"GST_BillM", "GST_RecpM", "GST_FirmMas", "GST_OthCl", "GST_Series", "GST_ClRegNo",
+                              "Comp_Master", "LLP_Master", "GST_BillD", "GST_RecpD"}) {
+        if (db.Open(QStringLiteral("Select 1 From ") + QLatin1String(table) + QStringLiteral(" Limit 1")).next())
+            return QLatin1String(table);
+    }
+    return {};
+}
+
+bool writeMasters(Connection &db, const SamplePlan &plan, SampleResult &result)
+{
+    RowWriter companies(db, QStringLiteral("GST_FirmMas"));
+    RowWriter series(db, QStringLiteral("GST_Series"));
+    for (int id = 1; id <= plan.companies; ++id)
+        companies.add(sampleCompany(plan, id).row);
+    for (int year = plan.from; year <= plan.to; ++year) {
+        for (int place = 0; place < sampleSeriesAYear; ++place)
+            series.add(sampleSeriesRow(plan, year, place));
+    }
+    result.companies = companies.rows();
+    return companies.finish() && series.finish();
+}
+
+bool writeParties(Connection &db, const SamplePlan &plan, SampleResult &result)
+{
+    RowWriter companies(db, QStringLiteral("Comp_Master"));
+    RowWriter partnerships(db, QStringLiteral("LLP_Master"));
+    RowWriter others(db, QStringLiteral("GST_OthCl"));
+    RowWriter registered(db, QStringLiteral("GST_ClRegNo"));
+    for (int index = 0; index < plan.parties; ++index) {
+        const SampleParty party = sampleParty(plan, index);
+        if (party.table == QLatin1String("GST_OthCl"))
+            others.add(party.row);
+        else if (party.table == QLatin1String("LLP_Master"))
+            partnerships.add(party.row);
+        else
+            companies.add(party.row);
+        if (!party.gstinRow.isEmpty())
+            registered.add(party.gstinRow);
+    }
+    result.parties = companies.rows() + partnerships.rows() + others.rows();
+    return companies.finish() && partnerships.finish() && others.finish() && registered.finish();
+}
+
+bool writeBills(Connection &db, const SamplePlan &plan, SampleResult &result)
+{
+    RowWriter headers(db, QStringLiteral("GST_BillM"));
+    RowWriter lines(db, QStringLiteral("GST_BillD"));
+    const bool whole = forEachSlot(plan, [&](const SampleSlot &slot) {
+        const BillDraft bill = sampleBill(plan, slot);
+        bool stored = headers.add(billHeaderValues(bill, slot.id));
+        for (const QString &values : billLineValues(bill, slot.id))
+            stored = lines.add(values) && stored;
+        return stored;
+    });
+    result.bills = headers.rows();
+    result.lines = lines.rows();
+    return whole && headers.finish() && lines.finish();
+}
+
+} // namespace
+
+SamplePlan settledPlan(SamplePlan plan)
+{
+    if (!plan.today.isValid())
+        plan.today = today();
+    if (plan.to == 0)
+        plan.to = financialYearOf(plan.today);
+    return plan;
+}
+
+QString planFault(const SamplePlan &plan)
+{
+    const auto outside = [](int value, int low, int high) { return value < low || value > high; };
+    if (plan.seed < 0)
+        return QStringLiteral("--seed takes a number from 0 on");
+    if (outside(plan.companies, 1, mostCompanies))
+        return QStringLiteral("--companies takes a number from 1 to %1").arg(mostCompanies);
+    if (outside(plan.parties, 1, mostParties))
+        return QStringLiteral("--parties takes a number from 1 to %1").arg(mostParties);
+    if (outside(plan.bills, 0, mostBills))
+        return QStringLiteral("--bills takes a number from 0 to %1").arg(mostBills);
+    const int last = financialYearOf(plan.today);
+    if (outside(plan.from, firstYear, last) || outside(plan.to, plan.from, last))
+        return QStringLiteral("--from and --to take the starting years of financial years from %1 to %2")
+            .arg(firstYear)
+            .arg(last);
+    return {};
+}
+
+SampleResult writeSample(Connection &db, const SamplePlan &plan)
+{
+    const ErrorSite site("SAMPLE", "WRITESAMPLE");
+    SampleResult result;
+    if (const QString table = filledTable(db); !table.isEmpty()) {
+        result.fault =
+            QStringLiteral("Sample data goes into an empty office only, and this one has rows in ") + table + u'.';
+        return result;
+    }
+    const bool whole = db.Execute(QStringLiteral("Start Transaction")) && writeMasters(db, plan, result)
+                       && writeParties(db, plan, result) && writeBills(db, plan, result)
+                       && db.Execute(QStringLiteral("Commit"));
+    if (!whole) {
+        result.fault = QStringLiteral("The sample data could not be written: ") + db.lastError();
+        db.Execute(QStringLiteral("Rollback"));
+    }
+    return result;
+}
+
+} // namespace ledgora::app
