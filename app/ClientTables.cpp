@@ -85,7 +85,7 @@ QString ClientRef::partyCode() const
 
 ClientRef clientAt(const Cells &clients, int row)
 {
-    const QString caption = clients.text(row, ClientKindName);
+    const QString &caption = clients.text(row, ClientKindName);
     const auto *table = std::ranges::find_if(
         tables, [&](const ClientTable &each) { return caption == QLatin1String(each.listCaption); });
     return {table == std::end(tables) ? ClientKind::Company : table->kind, int(clients.value(row, ClientId)),

@@ -25,10 +25,18 @@ endfunction()
 function(ledgora_library target)
   add_library(${target} SHARED)
   target_link_libraries(${target} PRIVATE ledgora_options)
-  target_include_directories(${target} PUBLIC ${PROJECT_SOURCE_DIR}/src)
+  target_include_directories(${target} PUBLIC $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/src>)
+  # The headers that hosts may include; each folder adds its own.
+  target_sources(${target} PUBLIC FILE_SET public_headers TYPE HEADERS BASE_DIRS ${PROJECT_SOURCE_DIR}/src)
   if(NOT LEDGORA_SANITIZE)
     # A layer that calls into one it does not link fails here, not in a host's process.
     target_link_options(${target} PRIVATE -Wl,--no-undefined)
   endif()
-  set_target_properties(${target} PROPERTIES VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR})
+  set_target_properties(${target} PROPERTIES VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR}
+                                             INSTALL_RPATH "$ORIGIN")
+endfunction()
+
+# Headers of this folder that are installed with the library.
+function(ledgora_public_headers target)
+  target_sources(${target} PUBLIC FILE_SET public_headers FILES ${ARGN})
 endfunction()

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/LiveObjects.h"
 #include "host/WorkingState.h"
 #include <QMessageBox>
 #include <QStringList>
@@ -85,6 +86,7 @@ private:
     bool showPosted();
     bool leave(QWidget *widget);
 
+    LiveObject m_live;
     QHash<QObject *, Field> m_fields;
     std::deque<FocusChange> m_focusChanges;
     bool m_applying = false;

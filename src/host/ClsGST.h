@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/LiveObjects.h"
 #include <QObject>
 #include <QPointer>
 #include <QString>
@@ -49,6 +50,7 @@ public:
 private:
     void takeHost(const QString &hostCode);
 
+    LiveObject m_live;
     float m_ratX = 1;
     float m_ratY = 1;
     float m_ratFS = 1;

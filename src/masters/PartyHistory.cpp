@@ -12,19 +12,24 @@ namespace ledgora {
 
 namespace {
 
-/// Runs `use` for the directory row of each change that held by the end of the year, the earliest first.
+/// Runs `use` for the directory row of each change that held by the end of the year, the earliest first. True when
+/// there was any.
 template<class Use>
-void forEachChange(Recordset &changes, int financialYear, CodeRows &clients, Use use)
+bool forEachChange(Recordset &changes, int financialYear, CodeRows &clients, Use use)
 {
     const QDate lastDay(financialYear + 1, 3, 31);
     const int day = changes.column(QStringLiteral("chdate"));
     const int code = changes.column(QStringLiteral("Code"));
+    bool any = false;
     while (changes.next()) {
         const QDate from = dateFromStore(changes.text(day));
         const int row = clients.find(changes.text(code));
-        if (row >= 0 && from.isValid() && from <= lastDay)
-            use(row);
+        if (row < 0 || !from.isValid() || from > lastDay)
+            continue;
+        use(row);
+        any = true;
     }
+    return any;
 }
 
 } // namespace
@@ -48,8 +53,10 @@ void CEF_UPDATEADDRESS(Connection &db, int financialYear, Cells &parties)
                               "Comp_Master.CompSrNo=ChangeName.CompSrNo and left(session,4)<="
                               + number(financialYear) + " order by ChDate");
     const int name = names.column(QStringLiteral("NewName"));
-    forEachChange(names, financialYear, clients, [&](int row) { parties.setText(row, PartyName, names.text(name)); });
-    parties.sort(PartyName, Cells::Sort::Text);
+    const bool renamed = forEachChange(names, financialYear, clients,
+                                       [&](int row) { parties.setText(row, PartyName, names.text(name)); });
+    if (renamed)
+        parties.sort(PartyName, Cells::Sort::Text);
 }
 
 } // namespace ledgora

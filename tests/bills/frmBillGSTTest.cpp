@@ -397,6 +397,22 @@ TEST_F(BillScreen, SameYearChosenAgainReloadsNothing)
     EXPECT_EQ(text("txtbillno"), "1");
 }
 
+TEST_F(BillScreen, CompanyBearsItsNameOfTheChosenYear)
+{
+    data().run("Insert Into Comp_Master (CompSrNo,Code,Nm,State) Values (1,'K1','NEW LTD.','DELHI')");
+    data().run("Insert Into ChangeName Values (1,'1900-01','1900-04-01','OLD LTD.'),"
+               "(1,'2024-25','2024-04-01','NEW LTD.')");
+    data().run("Insert Into GST_BillM (BillSrNo,FirmId,FYr,Code_No,BillNo,BillDt,AppTaxType) Values "
+               "(1,1,2023,'K1',1,'2023-06-01','NO'),(2,1,2024,'K1',1,'2024-06-01','NO')");
+    open();
+    EXPECT_EQ(text("txtpartynm"), "NEW LTD.");
+    auto *years = find<ChoiceBox>("cbofyr");
+    for (const auto &[year, name] : {std::pair("2023-24", "OLD LTD."), {"2024-25", "NEW LTD."}}) {
+        years->chooseText(year);
+        EXPECT_EQ(text("txtpartynm"), name) << year;
+    }
+}
+
 TEST_F(BillScreen, EnterWalksTheLineAndAnEmptyAmountEndsTheLines)
 {
     open();
