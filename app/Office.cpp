@@ -1,6 +1,7 @@
 #include "Office.h"
 
 #include "ServerFolder.h"
+#include "care/Restore.h"
 #include "store/ErrorLog.h"
 #include "store/Schema.h"
 #include "store/Settings.h"
@@ -34,6 +35,9 @@ bool Office::open()
         m_error = m_server.error();
         return false;
     }
+    m_error = finishRestore(m_connection, m_dataFolder); // one that was ended between tables and files
+    if (!m_error.isEmpty())
+        return false;
     m_error = schemaFault(m_connection);
     if (!m_error.isEmpty())
         return false;

@@ -4,6 +4,7 @@
 #include "Check.h"
 #include "CommandLine.h"
 #include "Office.h"
+#include "Restore.h"
 #include "SampleData.h"
 #include "host/WorkingState.h"
 #include "store/Settings.h"
@@ -48,13 +49,42 @@ int runCheck(const CommandLine &line, Connection &db)
     return result.findings.empty() ? 0 : 1;
 }
 
+int runBackup(const CommandLine &line, const OfficeData &office)
+{
+    const QString fault = makeBackup(office, line.out, unwatched());
+    if (!fault.isEmpty())
+        return failed(fault);
+    std::printf("The backup [%s] is written and proved.\n", qPrintable(line.out));
+    return 0;
+}
+
+int runRestore(const CommandLine &line, const OfficeData &office)
+{
+    const RestoreResult result = restoreBackup(office, line.from, unwatched());
+    if (!result.fault.isEmpty())
+        return failed(result.fault);
+    std::printf("The data of [%s] is restored.\n", qPrintable(line.from));
+    if (!result.former.isEmpty())
+        std::printf("The former data is kept in [%s].\n", qPrintable(result.former));
+    return 0;
+}
+
+/// What is wrong before an office is opened: a mistyped folder must not become one, nor a bad backup an empty one.
+QString earlyFault(const CommandLine &line)
+{
+    if (line.command == CommandLine::Command::Restore)
+        return backupFault(line.from, QStringLiteral("C"), unwatched());
+    if (line.command != CommandLine::Command::Sample && !Office::exists(line.dataFolder))
+        return QStringLiteral("The folder [") + line.dataFolder + QStringLiteral("] holds no office.");
+    return {};
+}
+
 } // namespace
 
 int runCareCommand(const CommandLine &line)
 {
-    // Only what writes into an office may make one: a mistyped folder must not become one.
-    if (line.command != CommandLine::Command::Sample && !Office::exists(line.dataFolder))
-        return failed(QStringLiteral("The folder [") + line.dataFolder + QStringLiteral("] holds no office."));
+    if (const QString fault = earlyFault(line); !fault.isEmpty())
+        return failed(fault);
     Office office(line.dataFolder);
     if (!office.open())
         return failed(office.error());
@@ -66,6 +96,10 @@ int runCareCommand(const CommandLine &line)
         return runSample(line, office.connection());
     case CommandLine::Command::Check:
         return runCheck(line, office.connection());
+    case CommandLine::Command::Backup:
+        return runBackup(line, {office.connection(), gHostCode, office.dataFolder()});
+    case CommandLine::Command::Restore:
+        return runRestore(line, {office.connection(), gHostCode, office.dataFolder()});
     default:
         return failed(QStringLiteral("not a command for the data"));
     }
