@@ -2,7 +2,9 @@
 
 #include "ClientEditor.h"
 #include "Office.h"
+#include "care/CareMenu.h"
 #include "controls/WaitBar.h"
+#include "host/WorkingState.h"
 #include <QApplication>
 #include <QCloseEvent>
 #include <QMdiArea>
@@ -41,6 +43,16 @@ void MainWindow::makeMenu()
         ->addAction(QStringLiteral("&Clients of the Office"), QKeySequence(Qt::CTRL | Qt::Key_L), this,
                     &MainWindow::openClients)
         ->setObjectName(QStringLiteral("actClients"));
+    addCareMenu(
+        *menuBar(), *this, m_office,
+        [this] {
+            m_area->closeAllSubWindows();
+            return m_area->subWindowList().isEmpty();
+        },
+        [this] {
+            CompanyState().apply(); // the chosen company may not be there any more
+            ReloadMenu();
+        });
     QMenu *window = menuBar()->addMenu(QStringLiteral("&Window"));
     window->addAction(QStringLiteral("&Next Screen"), QKeySequence(Qt::CTRL | Qt::Key_Tab), m_area,
                       &QMdiArea::activateNextSubWindow);

@@ -3,10 +3,12 @@
 #include "Billing.h"
 #include "Check.h"
 #include "CommandLine.h"
+#include "DailyBackup.h"
 #include "Office.h"
 #include "Restore.h"
 #include "SampleData.h"
 #include "host/WorkingState.h"
+#include "store/Dates.h"
 #include "store/Settings.h"
 #include <QElapsedTimer>
 #include <cstdio>
@@ -51,9 +53,11 @@ int runCheck(const CommandLine &line, Connection &db)
 
 int runBackup(const CommandLine &line, const OfficeData &office)
 {
-    const QString fault = makeBackup(office, line.out, unwatched());
+    const QString fault = line.daily ? makeDailyBackup(office, today()) : makeBackup(office, line.out, unwatched());
     if (!fault.isEmpty())
         return failed(fault);
+    if (line.daily)
+        return 0;
     std::printf("The backup [%s] is written and proved.\n", qPrintable(line.out));
     return 0;
 }

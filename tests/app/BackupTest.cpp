@@ -263,7 +263,7 @@ TEST_F(Backup, IsOfOneMomentKeepsNoSaveWaitingAndCanBeCancelled)
 }
 
 /// The program is killed at a statement, or the server is while it has the statement.
-TEST_F(Backup, KilledRestoreLeavesTheFormerDataOrTheNew)
+TEST_F(Backup, KilledOneLeavesTheFormerDataOrTheNewAndTheFormerFile)
 {
     struct Case
     {
@@ -271,6 +271,7 @@ TEST_F(Backup, KilledRestoreLeavesTheFormerDataOrTheNew)
         const char *statement;
         int nth;
         QStringList after;
+        bool backup = false; ///< instead of a restore, over the former file
     };
     const QStringList either{"first", "second"};
     const Case cases[] = {
@@ -283,6 +284,7 @@ TEST_F(Backup, KilledRestoreLeavesTheFormerDataOrTheNew)
          {"first"}}, // swapped, files still to come
         {StatementProxy::Stop::KillClient, "Drop Table `ledgora_restored`", 1, {"first"}},
         {StatementProxy::Stop::KillClient, "Drop Database If Exists `ledgora_former`", 2, {"first"}},
+        {StatementProxy::Stop::KillClient, "Insert Into `ledgora_scratch`", 1, {"second"}, true},
         {StatementProxy::Stop::HoldStatement, "Rename Table", 1, {"second"}},
         {StatementProxy::Stop::HoldAnswer, "Rename Table", 1, either},
     };
@@ -292,6 +294,7 @@ TEST_F(Backup, KilledRestoreLeavesTheFormerDataOrTheNew)
         fill(office, "first");
         ASSERT_EQ(backUp(office, file()), "");
     }
+    const QByteArray whole = contentOf(file());
     const QString socket = folder() + "/server/ledgora.sock";
     app::PrivateServer server({.dataFolder = folder()}); // stays up between the programs
     ASSERT_TRUE(server.start()) << server.error().toStdString();
@@ -307,7 +310,8 @@ TEST_F(Backup, KilledRestoreLeavesTheFormerDataOrTheNew)
             StatementProxy proxy(socket, socket + ".real");
             proxy.stopAt(c.stop, c.statement, c.nth);
             QProcess restoring;
-            restoring.start(LEDGORA_PROGRAM, {"restore", "--data", folder(), "--from", file()});
+            restoring.start(LEDGORA_PROGRAM, {c.backup ? "backup" : "restore", "--data", folder(),
+                                              c.backup ? "--out" : "--from", file()});
             ASSERT_TRUE(proxy.waitForStop()) << restoring.readAllStandardError().toStdString();
             if (c.stop != StatementProxy::Stop::KillClient) {
                 ASSERT_EQ(::kill(pid_t(server.processId()), SIGKILL), 0);
@@ -321,6 +325,7 @@ TEST_F(Backup, KilledRestoreLeavesTheFormerDataOrTheNew)
         Office office(folder());
         ASSERT_TRUE(office.open()) << office.error().toStdString();
         EXPECT_TRUE(c.after.contains(timeOf(office))) << timeOf(office).toStdString();
+        EXPECT_EQ(contentOf(file()), whole);
         EXPECT_EQ(restore(office, file()), "") << "and it can be done again";
         EXPECT_EQ(timeOf(office), "first");
         EXPECT_EQ(leftovers(office), QStringList{"ledgora"});
