@@ -4,7 +4,9 @@
 #include "GroupEditor.h"
 #include "Office.h"
 #include "ServerDialog.h"
+#include "care/CareMenu.h"
 #include "controls/WaitBar.h"
+#include "host/WorkingState.h"
 #include <QApplication>
 #include <QCloseEvent>
 #include <QMdiArea>
@@ -50,6 +52,16 @@ void MainWindow::makeMenu()
     if (m_office.hostCode() == QLatin1String("G"))
         clients->addAction(QStringLiteral("&Groups of Clients"), this, &MainWindow::openGroups)
             ->setObjectName(QStringLiteral("actGroups"));
+    addCareMenu(
+        *menuBar(), *this, m_office,
+        [this] {
+            m_area->closeAllSubWindows();
+            return m_area->subWindowList().isEmpty();
+        },
+        [this] {
+            CompanyState().apply(); // the chosen company may not be there any more
+            ReloadMenu();
+        });
     QMenu *window = menuBar()->addMenu(QStringLiteral("&Window"));
     window->addAction(QStringLiteral("&Next Screen"), QKeySequence(Qt::CTRL | Qt::Key_Tab), m_area,
                       &QMdiArea::activateNextSubWindow);

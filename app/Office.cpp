@@ -3,6 +3,7 @@
 #include "Aside.h"
 #include "PrivateServer.h"
 #include "ServerFolder.h"
+#include "care/Restore.h"
 #include "store/ErrorLog.h"
 #include "store/Schema.h"
 #include "store/Settings.h"
@@ -61,6 +62,9 @@ bool Office::open()
         m_error = QStringLiteral("The folder [") + m_dataFolder + QStringLiteral("] could not be made.");
         return false;
     }
+    m_error = finishRestore(m_connection, m_dataFolder); // one that was ended between tables and files
+    if (!m_error.isEmpty())
+        return false;
     m_error = schemaFault(m_connection);
     if (!m_error.isEmpty())
         return false;

@@ -4,10 +4,12 @@
 #include "MainWindow.h"
 #include "ServerDialog.h"
 #include "care/CareCommands.h"
+#include "care/DailyBackup.h"
 #include "store/Dates.h"
 #include "store/NumberFormat.h"
 #include <QApplication>
 #include <QMessageBox>
+#include <QStatusBar>
 #include <cstdio>
 
 using namespace ledgora;
@@ -54,6 +56,7 @@ int runWindow(const CommandLine &line)
         window.openGst();
     else
         window.ReloadMenu();
+    dailyBackup(office, today(), [&window](const QString &text) { window.statusBar()->showMessage(text); });
     return QApplication::exec();
 }
 

@@ -3,9 +3,12 @@
 #include "Billing.h"
 #include "Check.h"
 #include "CommandLine.h"
+#include "DailyBackup.h"
 #include "Office.h"
+#include "Restore.h"
 #include "SampleData.h"
 #include "host/WorkingState.h"
+#include "store/Dates.h"
 #include "store/Settings.h"
 #include <QElapsedTimer>
 #include <cstdio>
@@ -48,13 +51,40 @@ int runCheck(const CommandLine &line, Connection &db)
     return result.findings.empty() ? 0 : 1;
 }
 
+int runBackup(const CommandLine &line, const OfficeData &office)
+{
+    const QString fault = line.daily ? makeDailyBackup(office, today()) : makeBackup(office, line.out, unwatched());
+    if (!fault.isEmpty())
+        return failed(fault);
+    if (line.daily)
+        return 0;
+    std::printf("The backup [%s] is written and proved.\n", qPrintable(line.out));
+    return 0;
+}
+
+int runRestore(const CommandLine &line, const OfficeData &office)
+{
+    const RestoreResult result = restoreBackup(office, line.from, unwatched());
+    if (!result.fault.isEmpty())
+        return failed(result.fault);
+    std::printf("The data of [%s] is restored.\n", qPrintable(line.from));
+    if (!result.former.isEmpty())
+        std::printf("The former data is kept in [%s].\n", qPrintable(result.former));
+    return 0;
+}
+
 } // namespace
 
 int runCareCommand(const CommandLine &line)
 {
-    // Only what writes into an office may make one: a mistyped folder must not become one.
-    const Folder folder = line.command == CommandLine::Command::Sample ? Folder::MayBeMade : Folder::MustBeThere;
-    QString fault;
+    // Only what writes into an office may make one: a mistyped folder must not become one, nor a bad backup an empty
+    // one.
+    const bool restores = line.command == CommandLine::Command::Restore;
+    QString fault = restores ? backupFault(line.from, line.host, unwatched()) : QString();
+    if (!fault.isEmpty())
+        return failed(fault);
+    const Folder folder =
+        restores || line.command == CommandLine::Command::Sample ? Folder::MayBeMade : Folder::MustBeThere;
     const auto office = openOffice(line.dataFolder, line.host, line.server, folder, askOnTerminal, fault);
     if (!office)
         return failed(fault);
@@ -66,6 +96,10 @@ int runCareCommand(const CommandLine &line)
         return runSample(line, office->connection());
     case CommandLine::Command::Check:
         return runCheck(line, office->connection());
+    case CommandLine::Command::Backup:
+        return runBackup(line, {office->connection(), gHostCode, office->dataFolder()});
+    case CommandLine::Command::Restore:
+        return runRestore(line, {office->connection(), gHostCode, office->dataFolder()});
     default:
         return failed(QStringLiteral("not a command for the data"));
     }

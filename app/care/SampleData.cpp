@@ -17,17 +17,6 @@ constexpr int mostCompanies = 100;
 constexpr int mostParties = 1'000'000;
 constexpr int mostBills = 10'000'000;
 
-/// The first table that has rows, "" when none has.
-QString filledTable(Connection &db)
-{
-    for (const char *table : {"GST_BillM", "GST_RecpM", "GST_FirmMas", "GST_OthCl", "GST_Series", "GST_ClRegNo",
-                              "Comp_Master", "LLP_Master", "GST_BillD", "GST_RecpD"}) {
-        if (db.Open(QStringLiteral("Select 1 From ") + QLatin1String(table) + QStringLiteral(" Limit 1")).next())
-            return QLatin1String(table);
-    }
-    return {};
-}
-
 bool writeMasters(Connection &db, const SamplePlan &plan, SampleResult &result)
 {
     RowWriter companies(db, QStringLiteral("GST_FirmMas"));
@@ -80,6 +69,16 @@ bool writeBills(Connection &db, const SamplePlan &plan, SampleResult &result)
 }
 
 } // namespace
+
+QString filledTable(Connection &db)
+{
+    for (const char *table : {"GST_BillM", "GST_RecpM", "GST_FirmMas", "GST_OthCl", "GST_Series", "GST_ClRegNo",
+                              "Comp_Master", "LLP_Master", "GST_BillD", "GST_RecpD"}) {
+        if (db.Open(QStringLiteral("Select 1 From ") + QLatin1String(table) + QStringLiteral(" Limit 1")).next())
+            return QLatin1String(table);
+    }
+    return {};
+}
 
 SamplePlan settledPlan(SamplePlan plan)
 {

@@ -60,8 +60,13 @@ const char *Recordset::cell(int column, unsigned long &length) const
 
 bool Recordset::isNull(const QString &column) const
 {
+    return isNull(indexOf(column));
+}
+
+bool Recordset::isNull(int column) const
+{
     unsigned long length = 0;
-    return cell(indexOf(column), length) == nullptr;
+    return cell(column, length) == nullptr;
 }
 
 QString Recordset::text(int column) const

@@ -31,7 +31,8 @@ public:
     double number(const QString &column) const;  ///< NULL is 0
     qint64 integer(const QString &column) const; ///< NULL is 0
 
-    /// The same by position from 0, for queries of one value.
+    /// The same by position from 0, for queries of one value and loops over all columns.
+    bool isNull(int column) const;
     QString text(int column) const;
     double number(int column) const;
     qint64 integer(int column) const;
