@@ -111,15 +111,19 @@ bool Screen::applyFocusChanges()
     return true;
 }
 
+bool Screen::leavesUnchecked()
+{
+    const auto *button = qobject_cast<CommandButton *>(QApplication::focusWidget());
+    return button && !button->causesValidation();
+}
+
 bool Screen::leave(QWidget *widget)
 {
     const Field rules = m_fields.value(widget);
     if (widget->hasFocus())
         return true;
-    const auto *button = qobject_cast<CommandButton *>(QApplication::focusWidget());
     // A frame that went away took its fields along unchecked: only a command that skips checks hides them.
-    const bool mustPass = widget->isVisible() && (!button || button->causesValidation());
-    if (mustPass && rules.validate && !rules.validate())
+    if (widget->isVisible() && !leavesUnchecked() && rules.validate && !rules.validate())
         return false;
     if (rules.lostFocus)
         rules.lostFocus();
@@ -177,27 +181,38 @@ void Screen::alarm(const QString &text)
     box.exec();
 }
 
-void Screen::post(const QString &text)
+void Screen::post(const QString &text, std::function<void()> after)
 {
-    m_posted << text;
+    m_posted.push_back({text, std::move(after)});
     QMetaObject::invokeMethod(this, &Screen::showPosted, Qt::QueuedConnection);
 }
 
 bool Screen::showPosted()
 {
-    const bool any = !m_posted.isEmpty();
-    while (!m_posted.isEmpty())
-        inform(m_posted.takeFirst());
+    const bool any = !m_posted.empty();
+    while (!m_posted.empty()) {
+        const Posted posted = m_posted.front();
+        m_posted.pop_front();
+        inform(posted.text);
+        if (posted.after)
+            run(posted.after);
+    }
     return any;
 }
 
 bool Screen::ask(const QString &text, QMessageBox::StandardButton defaultButton, QMessageBox::Icon icon)
 {
-    QMessageBox box(icon, windowTitle(), text, QMessageBox::Yes | QMessageBox::No, this);
+    return choose(text, QMessageBox::Yes | QMessageBox::No, defaultButton, icon) == QMessageBox::Yes;
+}
+
+QMessageBox::StandardButton Screen::choose(const QString &text, QMessageBox::StandardButtons buttons,
+                                           QMessageBox::StandardButton defaultButton, QMessageBox::Icon icon)
+{
+    QMessageBox box(icon, windowTitle(), text, buttons, this);
     box.setTextFormat(Qt::PlainText);
     box.setDefaultButton(defaultButton);
-    box.setEscapeButton(QMessageBox::No);
-    return box.exec() == QMessageBox::Yes;
+    box.setEscapeButton(buttons.testFlag(QMessageBox::Cancel) ? QMessageBox::Cancel : QMessageBox::No);
+    return static_cast<QMessageBox::StandardButton>(box.exec());
 }
 
 } // namespace ledgora

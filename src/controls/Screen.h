@@ -32,11 +32,15 @@ public:
     void inform(const QString &text, QWidget *field = nullptr);
     void alarm(const QString &text);
     /// A plain box that comes when the present event is over; a command given meanwhile shows it at once and does not
-    /// run, since what it tells of has changed what the command would work on.
-    void post(const QString &text);
+    /// run, since what it tells of has changed what the command would work on. `after` runs when it was read.
+    void post(const QString &text, std::function<void()> after = {});
     /// A question with Yes and No.
     bool ask(const QString &text, QMessageBox::StandardButton defaultButton = QMessageBox::Yes,
              QMessageBox::Icon icon = QMessageBox::Question);
+    /// The same with other buttons. Closing the box is Cancel where there is one, else No.
+    QMessageBox::StandardButton choose(const QString &text, QMessageBox::StandardButtons buttons,
+                                       QMessageBox::StandardButton defaultButton,
+                                       QMessageBox::Icon icon = QMessageBox::Question);
 
 protected:
     /// What happens around a field, besides its own keys.
@@ -68,6 +72,9 @@ protected:
 
     void run(const std::function<void()> &handler);
 
+    /// Whether the command that takes the focus just now does without the checks of what is left: Cancel and Back do.
+    static bool leavesUnchecked();
+
     /// Esc, when nothing above the screen took it.
     virtual void escapePressed() = 0;
 
@@ -88,7 +95,12 @@ private:
     QHash<QObject *, Field> m_fields;
     std::deque<FocusChange> m_focusChanges;
     bool m_applying = false;
-    QStringList m_posted;
+    struct Posted
+    {
+        QString text;
+        std::function<void()> after;
+    };
+    std::deque<Posted> m_posted;
     std::optional<CompanyState> m_company;
 };
 

@@ -2,6 +2,7 @@
 
 #include "masters/frmMainGST.h"
 
+#include "masters/OlderTables.h"
 #include "masters/OtherClientStore.h"
 #include "store/Connection.h"
 #include "store/ErrorLog.h"
@@ -30,8 +31,11 @@ void frmMainGST::connectOtherClients()
 
 void frmMainGST::CMDOTHCLMAS_CLICK()
 {
-    if (!m_otherClientsLoaded)
+    if (!m_otherClientsLoaded) {
         LOADGRIDOTHCL(0);
+        if (!ui->vsOthCl->cells().hasData() && IMPORTOLDBILLOTHCLS(*gCnn))
+            LOADGRIDOTHCL(0);
+    }
     m_otherClientsLoaded = true;
     showFrame(ui->famOthClMain);
     ui->vsOthCl->setFocus();

@@ -4,6 +4,7 @@
 #include "controls/StateChoice.h"
 #include "masters/CompanyStore.h"
 #include "masters/EditFields.h"
+#include "masters/OlderTables.h"
 #include "masters/OtherClientStore.h"
 #include "masters/frmLogin1.h"
 #include "platform/HostObject.h"
@@ -36,8 +37,11 @@ void frmMainGST::FORM_LOAD()
     connectOtherClients();
     connectSeries();
     connectSettings();
+    connectClientGstins();
     connectTemplates();
     LOADGRIDFIRM(0);
+    if (!ui->vsFirm->cells().hasData() && IMPORTOLDBILLFIRMS(*gCnn))
+        LOADGRIDFIRM(0);
 }
 
 void frmMainGST::connectHome()
@@ -158,6 +162,8 @@ void frmMainGST::CMDBILLS_CLICK()
 
 void frmMainGST::escapePressed()
 {
+    if (ui->famUpdClGSTIN->isVisible())
+        return leaveClientGstins(true);
     if (ui->famTmplSetup->isVisible())
         return CMDBACKTMPL_CLICK();
     if (ui->famsett->isVisible())
@@ -175,6 +181,12 @@ void frmMainGST::escapePressed()
 
 void frmMainGST::closeEvent(QCloseEvent *event)
 {
+    // A window can be closed in the middle of the register, by its frame or with the whole program.
+    bool mayClose = true;
+    if (ui->famUpdClGSTIN->isVisible())
+        run([&] { mayClose = settle() && UPDATECLGSTIN(true); });
+    if (!mayClose)
+        return event->ignore();
     Screen::closeEvent(event);
     if (event->isAccepted() && gHostCode == QLatin1String("C") && gMdi)
         gMdi->ReloadMenu();
