@@ -158,20 +158,7 @@ void DocumentScreen::SETBUTTONS(bool browse)
     for (QWidget *widget : std::initializer_list<QWidget *>{m_fields.editPanel, m_fields.update, m_fields.cancel})
         widget->setEnabled(!browse);
     m_fields.keysHint->setVisible(!browse);
-    setReadable(browse);
-}
-
-/// While browsing the panel reads as a document: full ink, no boxes.
-void DocumentScreen::setReadable(bool browse) const
-{
-    QPalette palette = m_fields.editPanel->palette();
-    for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText})
-        palette.setColor(QPalette::Disabled, role, palette.color(QPalette::Active, role));
-    m_fields.editPanel->setPalette(palette);
-    for (QLineEdit *line : m_fields.editPanel->findChildren<QLineEdit *>())
-        line->setFrame(!browse && !line->isReadOnly());
-    for (QComboBox *box : m_fields.editPanel->findChildren<QComboBox *>())
-        box->setFrame(!browse);
+    showAsDocument(*m_fields.editPanel, browse);
 }
 
 void DocumentScreen::CMDADD_CLICK()

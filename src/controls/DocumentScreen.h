@@ -133,7 +133,6 @@ private:
     void partyFieldLeft();
     void takeParty(int row);
     void sortClientWise();
-    void setReadable(bool browse) const;
 
     DocumentFields m_fields{};
     Kind m_kind;

@@ -6,6 +6,7 @@
 #include "controls/VTxt.h"
 #include "store/ErrorLog.h"
 #include <QApplication>
+#include <QComboBox>
 #include <QKeyEvent>
 #include <QScopedValueRollback>
 
@@ -50,6 +51,18 @@ void Screen::command(QAbstractButton *button, std::function<void()> handler)
         if (settle())
             handler();
     });
+}
+
+void Screen::showAsDocument(QWidget &panel, bool browse)
+{
+    QPalette palette = panel.palette();
+    for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText})
+        palette.setColor(QPalette::Disabled, role, palette.color(QPalette::Active, role));
+    panel.setPalette(palette);
+    for (QLineEdit *line : panel.findChildren<QLineEdit *>())
+        line->setFrame(!browse && !line->isReadOnly());
+    for (QComboBox *box : panel.findChildren<QComboBox *>())
+        box->setFrame(!browse);
 }
 
 void Screen::bindToCompany()
@@ -181,9 +194,9 @@ void Screen::alarm(const QString &text)
     box.exec();
 }
 
-void Screen::post(const QString &text, std::function<void()> after)
+void Screen::post(const QString &text, std::function<void()> point)
 {
-    m_posted.push_back({text, std::move(after)});
+    m_posted.push_back({text, std::move(point)});
     QMetaObject::invokeMethod(this, &Screen::showPosted, Qt::QueuedConnection);
 }
 
@@ -193,9 +206,9 @@ bool Screen::showPosted()
     while (!m_posted.empty()) {
         const Posted posted = m_posted.front();
         m_posted.pop_front();
+        if (posted.point)
+            run(posted.point);
         inform(posted.text);
-        if (posted.after)
-            run(posted.after);
     }
     return any;
 }

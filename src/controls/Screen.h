@@ -32,8 +32,9 @@ public:
     void inform(const QString &text, QWidget *field = nullptr);
     void alarm(const QString &text);
     /// A plain box that comes when the present event is over; a command given meanwhile shows it at once and does not
-    /// run, since what it tells of has changed what the command would work on. `after` runs when it was read.
-    void post(const QString &text, std::function<void()> after = {});
+    /// run, since what it tells of has changed what the command would work on. `point` runs just before it
+    /// is shown and puts the cursor where it belongs to.
+    void post(const QString &text, std::function<void()> point = {});
     /// A question with Yes and No.
     bool ask(const QString &text, QMessageBox::StandardButton defaultButton = QMessageBox::Yes,
              QMessageBox::Icon icon = QMessageBox::Question);
@@ -67,6 +68,9 @@ protected:
     /// Runs `handler` for a click of the button, after `settle`.
     void command(QAbstractButton *button, std::function<void()> handler);
 
+    /// A panel that is off while its records are browsed reads as a document: full ink, no boxes.
+    static void showAsDocument(QWidget &panel, bool browse);
+
     /// Keeps the working state's company for every handler of this screen from now on.
     void bindToCompany();
 
@@ -98,7 +102,7 @@ private:
     struct Posted
     {
         QString text;
-        std::function<void()> after;
+        std::function<void()> point;
     };
     std::deque<Posted> m_posted;
     std::optional<CompanyState> m_company;

@@ -57,7 +57,8 @@ void frmMainGST::CMDUPDCLGSTIN_CLICK()
 void frmMainGST::VSCLGSTIN_VALIDATEEDIT(int row)
 {
     const QString gstin = ui->vsClGSTIN->cells().text(row, ClientGstin);
-    if (gstin.isEmpty() || IsGstinShape(gstin) || leavesUnchecked() || m_gstinRefused)
+    const bool frameLeft = !ui->vsClGSTIN->isVisible() || leavesUnchecked();
+    if (gstin.isEmpty() || IsGstinShape(gstin) || frameLeft || m_gstinRefused)
         return;
     m_gstinRefused = true; // until it was told: a cell is left more than once on the way to the next
     post(QStringLiteral("Invalid 'GSTIN' !"), [this, row] {

@@ -48,8 +48,8 @@ void frmMainGST::LOADGRIDOTHCL(int clientId)
     const Cells &clients = ui->vsOthCl->cells();
     const int row = clientId != 0 ? clients.find(QString::number(clientId), OtherClientId) : -1;
     ui->vsOthCl->setRow(row >= 0 ? row : clients.fixedRows());
-    ui->lblOthClHint->setText(
-        clients.hasData() ? QString() : QStringLiteral("There is no other client yet. Press Alt+A to add one."));
+    ui->lblOthClHint->setText(QStringLiteral("There is no other client yet. Press Alt+A to add one."));
+    ui->lblOthClHint->setVisible(!clients.hasData());
 }
 
 bool frmMainGST::hasChosenOtherClient()
