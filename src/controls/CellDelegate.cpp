@@ -83,6 +83,7 @@ QWidget *CellDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem 
         return box;
     }
     auto *line = new QLineEdit(parent);
+    line->setAccessibleName(m_grid->cells().text(0, index.column()));
     line->setMaxLength(column.maxLength);
     line->setAlignment(column.rightAligned ? Qt::AlignRight : Qt::AlignLeft);
     return line;

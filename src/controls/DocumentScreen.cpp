@@ -38,6 +38,7 @@ void DocumentScreen::setUpDocument(const DocumentFields &fields, Kind kind)
 
     m_list = new Grid(this);
     m_list->setObjectName(m_kind.listName);
+    m_list->setAccessibleName(m_kind.noun + QStringLiteral("s of the Year"));
     m_list->setListMode();
     m_list->setCells(m_kind.emptyList);
     m_list->hide();
@@ -52,13 +53,22 @@ void DocumentScreen::setUpDocument(const DocumentFields &fields, Kind kind)
     m_parties->setWidths({0.2, 0, 0.16, 0.22, 0, 0}, PartyName);
     m_parties->hide();
 
-    m_narrations = makeTextPopup(QStringLiteral("vsListN"), [this](const QString &text) {
-        m_fields.narration->setText(text);
-        m_fields.narration->setFocus();
-    });
+    m_parties->setAccessibleName(QStringLiteral("Clients"));
+    m_narrations =
+        makeTextPopup(QStringLiteral("vsListN"), QStringLiteral("Earlier Narrations"), [this](const QString &text) {
+            m_fields.narration->setText(text);
+            m_fields.narration->setFocus();
+        });
     connectCommands();
     connectFields();
     connectParty();
+    tellKeys({
+        {m_fields.editPanel, "Enter", "Goes to the next field or cell"},
+        {m_fields.editPanel, "Up, Down, Page Up, Page Down", "Move in the list of clients while a name is typed"},
+        {m_fields.editPanel, "F12", "Lists the particulars or narrations used before"},
+        {m_fields.editPanel, "Esc", "Closes a list, else cancels the entry"},
+        {m_fields.add, "Esc", "Closes the list, else the screen"},
+    });
 }
 
 void DocumentScreen::connectCommands()

@@ -170,8 +170,26 @@ void Screen::keyPressEvent(QKeyEvent *event)
 {
     if (event->key() == Qt::Key_Escape)
         run([this] { escapePressed(); });
+    else if (event->key() == Qt::Key_F1 && event->modifiers() == Qt::NoModifier)
+        showOwnKeys();
     else
         QWidget::keyPressEvent(event);
+}
+
+void Screen::tellKeys(std::initializer_list<ScreenKey> keys)
+{
+    m_keys.insert(m_keys.end(), keys);
+}
+
+void Screen::showOwnKeys()
+{
+    std::vector<KeyRow> rows = accessKeys(*this);
+    for (const ScreenKey &key : m_keys) {
+        if (!key.where || (key.where->isVisible() && key.where->isEnabled()))
+            rows.push_back({QLatin1String(key.key), QLatin1String(key.effect)});
+    }
+    rows.push_back({QStringLiteral("Tab, Shift+Tab"), QStringLiteral("To the next field, to the one before")});
+    showKeys(*this, rows);
 }
 
 void Screen::inform(const QString &text, QWidget *field)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "controls/KeysWindow.h"
 #include "host/WorkingState.h"
 #include <QMessageBox>
 #include <QStringList>
@@ -71,6 +72,16 @@ protected:
     /// A panel that is off while its records are browsed reads as a document: full ink, no boxes.
     static void showAsDocument(QWidget &panel, bool browse);
 
+    /// A key of the screen that no caption shows, for its window of keys (F1). It is listed while `where` can be used;
+    /// no widget for one that always holds.
+    struct ScreenKey
+    {
+        const QWidget *where;
+        const char *key;
+        const char *effect;
+    };
+    void tellKeys(std::initializer_list<ScreenKey> keys);
+
     /// Keeps the working state's company for every handler of this screen from now on.
     void bindToCompany();
 
@@ -95,6 +106,7 @@ private:
     bool applyFocusChanges();
     bool showPosted();
     bool leave(QWidget *widget);
+    void showOwnKeys();
 
     QHash<QObject *, Field> m_fields;
     std::deque<FocusChange> m_focusChanges;
@@ -106,6 +118,7 @@ private:
     };
     std::deque<Posted> m_posted;
     std::optional<CompanyState> m_company;
+    std::vector<ScreenKey> m_keys;
 };
 
 } // namespace ledgora

@@ -32,6 +32,7 @@ public:
 private:
     void FORM_LOAD();
     void connectHome();
+    void tellHomeKeys();
     void showFrame(QWidget *frame);
     void showHome(QWidget *focus);
 
