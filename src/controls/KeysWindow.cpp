@@ -63,6 +63,11 @@ std::vector<KeyRow> accessKeys(const QWidget &window)
         if (button->isVisible() && button->isEnabled() && !button->shortcut().isEmpty())
             rows.push_back({button->shortcut().toString(QKeySequence::NativeText), withoutMark(button->text())});
     }
+    for (const QLabel *label : window.findChildren<QLabel *>()) {
+        const QKeySequence key = label->buddy() ? QKeySequence::mnemonic(label->text()) : QKeySequence();
+        if (label->isVisible() && !key.isEmpty())
+            rows.push_back({key.toString(QKeySequence::NativeText), withoutMark(label->text())});
+    }
     return rows;
 }
 

@@ -14,7 +14,7 @@ struct KeyRow
     QString effect;
 };
 
-/// The access keys of the commands and options that can be used in a window now, in the order of the window.
+/// The access keys of the commands, options and fields that can be used in a window now, in the order of the window.
 std::vector<KeyRow> accessKeys(const QWidget &window);
 
 /// Shows keys in a small window over `window`, which Esc, Enter or F1 closes.

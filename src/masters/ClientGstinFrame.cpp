@@ -7,6 +7,7 @@
 #include "store/ErrorLog.h"
 #include "store/Identifiers.h"
 #include "ui_frmMainGST.h"
+#include <QKeyEvent>
 #include <algorithm>
 
 namespace ledgora {
@@ -34,6 +35,14 @@ void frmMainGST::connectClientGstins()
             return ui->cmdSaveClGSTIN->setFocus();
         ui->vsClGSTIN->setCursor(row + 1, ClientGstin);
     });
+    on(ui->txtClGSTINSearch, &QLineEdit::textEdited, [this](const QString &typed) { findClientOfGstin(typed); });
+    field(ui->txtClGSTINSearch).keyDown = [this](const QKeyEvent *key) {
+        const bool found = ui->vsClGSTIN->cells().isData(ui->vsClGSTIN->row());
+        const bool enters = key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter || key->key() == Qt::Key_Down;
+        if (enters && found)
+            ui->vsClGSTIN->editCell(ui->vsClGSTIN->row(), ClientGstin);
+        return enters;
+    };
     command(ui->cmdUpdClGSTIN, [this] { CMDUPDCLGSTIN_CLICK(); });
     command(ui->cmdSaveClGSTIN, [this] { leaveClientGstins(false); });
     command(ui->cmdBackClGSTIN, [this] { leaveClientGstins(true); });
@@ -43,15 +52,26 @@ void frmMainGST::CMDUPDCLGSTIN_CLICK()
 {
     ui->vsClGSTIN->change([](Cells &clients) { LOADGRIDUPDCLGSTIN(*gCnn, gHostCode, clients); });
     const Cells &clients = ui->vsClGSTIN->cells();
-    ui->lblClGSTINHint->setText(
-        clients.hasData() ? QStringLiteral("Letters typed in the Name column find a client.")
-                          : QStringLiteral("The office has no clients yet whose GSTIN could be registered here."));
+    ui->txtClGSTINSearch->clear();
+    ui->lblClGSTINHint->setText(QStringLiteral("The office has no clients yet whose GSTIN could be registered here."));
+    ui->lblClGSTINHint->setVisible(!clients.hasData());
     showFrame(ui->famUpdClGSTIN);
     ui->vsClGSTIN->setFocus();
     if (clients.hasData())
         ui->vsClGSTIN->editCell(clients.fixedRows(), ClientGstin);
     else
         ui->cmdBackClGSTIN->setFocus();
+}
+
+void frmMainGST::findClientOfGstin(const QString &typed)
+{
+    const Cells &clients = ui->vsClGSTIN->cells();
+    for (const int column : {ClientGstinName, ClientGstinCode}) {
+        const int row =
+            typed.isEmpty() ? -1 : clients.find(typed, column, clients.fixedRows(), Cells::Match::BeginsAnyCase);
+        if (row >= 0)
+            return ui->vsClGSTIN->setRow(row);
+    }
 }
 
 void frmMainGST::VSCLGSTIN_VALIDATEEDIT(int row)

@@ -97,6 +97,7 @@ private:
     // GSTINs of the host's clients (ClientGstinFrame.cpp).
     void connectClientGstins();
     void CMDUPDCLGSTIN_CLICK();
+    void findClientOfGstin(const QString &typed);
     void VSCLGSTIN_VALIDATEEDIT(int row);
     bool UPDATECLGSTIN(bool askOnExit);
     bool gstinPasses(int row);

@@ -49,6 +49,11 @@ TEST_F(ClientGstinFrame, GstinsAreKeyedInDownTheColumn)
     EXPECT_EQ(stored(), (QStringList{"A1|07AAAFS1234K1Z5", "C1|30DELA12345B1Z5"}));
     alt('U');
     EXPECT_EQ(gstin(2), "");
+    alt('R');
+    type("ceta");
+    press(Qt::Key_Return);
+    EXPECT_EQ(row(), 3);
+    EXPECT_TRUE(find<Grid>("vsClGSTIN")->isEditing());
     alt('B'); // unchanged: nothing is asked
     EXPECT_EQ(frame(), "famFirmMain");
 }

@@ -34,6 +34,14 @@ QPixmap pictureOf(QWidget &window)
 void visitMasters(Clerk &clerk, Office &office, MainWindow &window, const Look &look)
 {
     const auto lookAs = [&](const char *name) { look(QLatin1String(name), window); };
+    const auto lookAtKeys = [&](const char *name) {
+        clerk.expect([&look, &window, name](QWidget &keys) {
+            look(QLatin1String(name), window);
+            keys.close();
+        });
+        clerk.press(Qt::Key_F1);
+    };
+    lookAtKeys("keys-home");
     clerk.alt('S');
     lookAs("series-first-start");
     const std::pair<const char *, int> series[] = {{"SA/24-25/", 1}, {"/R", 2}, {"TAX-##/24", 1}};
@@ -69,6 +77,7 @@ void visitMasters(Clerk &clerk, Office &office, MainWindow &window, const Look &
         box.close();
     });
     clerk.press(Qt::Key_Return);
+    lookAtKeys("keys-client-gstins");
     clerk.expectBox(QStringLiteral("Do you want to Save?"), QMessageBox::No);
     clerk.expectBox(QStringLiteral("Do you really want to exit without saving the changes?"), QMessageBox::Yes);
     clerk.press(Qt::Key_Escape);
