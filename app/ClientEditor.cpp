@@ -54,6 +54,13 @@ void ClientEditor::connectList()
     command(ui->cmdClientModify, [this] { modifyClient(); });
     command(ui->cmdClientDelete, [this] { deleteChosen(); });
     command(ui->cmdClientBack, [this] { close(); });
+    tellKeys({
+        {ui->famClientMain, "Up, Down", "Move in the list while a name is searched"},
+        {ui->famClientMain, "Enter", "Modifies the client under the cursor"},
+        {ui->famClientMain, "Esc", "Closes the screen"},
+        {ui->famClientEdit, "Enter", "Goes to the next field"},
+        {ui->famClientEdit, "Esc", "Cancels the entry"},
+    });
 }
 
 void ClientEditor::loadList(const ClientRef &chosen)

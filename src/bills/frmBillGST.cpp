@@ -78,11 +78,12 @@ void frmBillGST::setUpLines()
         [this](int row, int column) { return isEditing() && isBillCellEditable(ui->vsB->cells(), row, column); },
         [this](int row, int column) { return isEditing() && isBillCellEditedOnEntry(ui->vsB->cells(), row, column); });
     lines->setCells(emptyBillLines());
-    m_particulars = makeTextPopup(QStringLiteral("vsListP"), [this](const QString &text) {
-        const int row = ui->vsB->row();
-        ui->vsB->change([&](Cells &cells) { cells.setText(row, ParticularsColumn, text); });
-        ui->vsB->setFocus();
-    });
+    m_particulars =
+        makeTextPopup(QStringLiteral("vsListP"), QStringLiteral("Earlier Particulars"), [this](const QString &text) {
+            const int row = ui->vsB->row();
+            ui->vsB->change([&](Cells &cells) { cells.setText(row, ParticularsColumn, text); });
+            ui->vsB->setFocus();
+        });
 }
 
 void frmBillGST::connectLines()

@@ -83,6 +83,7 @@ QWidget *CellDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem 
         return box;
     }
     auto *line = new QLineEdit(parent);
+    line->setAccessibleName(m_grid->cells().text(0, index.column()));
     line->setMaxLength(column.maxLength);
     line->setAlignment(column.rightAligned ? Qt::AlignRight : Qt::AlignLeft);
     return line;
@@ -95,7 +96,8 @@ void CellDelegate::setEditorData(QWidget *editor, const QModelIndex &index) cons
         box->setCurrentIndex(box->findData(text));
     } else if (auto *line = qobject_cast<QLineEdit *>(editor)) {
         line->setText(text);
-        keepOneLine(*line); // from now on: what only passes through the editor stays as it is stored
+        // From now on: what only passes through the editor stays as it is stored.
+        keepOneLine(*line, m_grid->column(index.column()).upperCase);
         line->setProperty(originalTextProperty, text);
         line->selectAll();
     }
@@ -110,6 +112,7 @@ void CellDelegate::setModelData(QWidget *editor, QAbstractItemModel *model, cons
         text = line->text();
     if (text != index.data(Qt::EditRole).toString())
         model->setData(index, text);
+    Q_EMIT m_grid->editFinished(index.row(), index.column());
 }
 
 bool CellDelegate::editorEvent(QEvent *event, QAbstractItemModel *model, const QStyleOptionViewItem &option,

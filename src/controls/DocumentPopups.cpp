@@ -134,10 +134,12 @@ void DocumentScreen::GETLISTN()
     showTexts(m_narrations, {}, m_fields.narration->text(), m_fields.narration, m_fields.narration->rect());
 }
 
-QListWidget *DocumentScreen::makeTextPopup(const QString &name, const std::function<void(const QString &)> &take)
+QListWidget *DocumentScreen::makeTextPopup(const QString &name, const QString &heading,
+                                           const std::function<void(const QString &)> &take)
 {
     auto *popup = new QListWidget(this);
     popup->setObjectName(name);
+    popup->setAccessibleName(heading);
     popup->setFrameShape(QFrame::StyledPanel);
     popup->hide();
     const auto takeCurrent = [popup, take] {

@@ -39,6 +39,7 @@ void DocumentScreen::setUpDocument(const DocumentFields &fields, Kind kind)
 
     m_list = new Grid(this);
     m_list->setObjectName(m_kind.listName);
+    m_list->setAccessibleName(m_kind.noun + QStringLiteral("s of the Year"));
     m_list->setListMode();
     m_list->setCells(m_kind.emptyList);
     m_list->hide();
@@ -53,13 +54,22 @@ void DocumentScreen::setUpDocument(const DocumentFields &fields, Kind kind)
     m_parties->setWidths({0.2, 0, 0.16, 0.22, 0, 0}, PartyName);
     m_parties->hide();
 
-    m_narrations = makeTextPopup(QStringLiteral("vsListN"), [this](const QString &text) {
-        m_fields.narration->setText(text);
-        m_fields.narration->setFocus();
-    });
+    m_parties->setAccessibleName(QStringLiteral("Clients"));
+    m_narrations =
+        makeTextPopup(QStringLiteral("vsListN"), QStringLiteral("Earlier Narrations"), [this](const QString &text) {
+            m_fields.narration->setText(text);
+            m_fields.narration->setFocus();
+        });
     connectCommands();
     connectFields();
     connectParty();
+    tellKeys({
+        {m_fields.editPanel, "Enter", "Goes to the next field or cell"},
+        {m_fields.editPanel, "Up, Down, Page Up, Page Down", "Move in the list of clients while a name is typed"},
+        {m_fields.editPanel, "F12", "Lists the particulars or narrations used before"},
+        {m_fields.editPanel, "Esc", "Closes a list, else cancels the entry"},
+        {m_fields.add, "Esc", "Closes the list, else the screen"},
+    });
 }
 
 void DocumentScreen::connectCommands()
@@ -162,20 +172,7 @@ void DocumentScreen::SETBUTTONS(bool browse)
     for (QWidget *widget : std::initializer_list<QWidget *>{m_fields.editPanel, m_fields.update, m_fields.cancel})
         widget->setEnabled(!browse);
     m_fields.keysHint->setVisible(!browse);
-    setReadable(browse);
-}
-
-/// While browsing the panel reads as a document: full ink, no boxes.
-void DocumentScreen::setReadable(bool browse) const
-{
-    QPalette palette = m_fields.editPanel->palette();
-    for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText})
-        palette.setColor(QPalette::Disabled, role, palette.color(QPalette::Active, role));
-    m_fields.editPanel->setPalette(palette);
-    for (QLineEdit *line : m_fields.editPanel->findChildren<QLineEdit *>())
-        line->setFrame(!browse && !line->isReadOnly());
-    for (QComboBox *box : m_fields.editPanel->findChildren<QComboBox *>())
-        box->setFrame(!browse);
+    showAsDocument(*m_fields.editPanel, browse);
 }
 
 void DocumentScreen::CMDADD_CLICK()

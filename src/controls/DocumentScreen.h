@@ -113,7 +113,8 @@ protected:
     /// Fills a one-column pop-up once an edit, selects the row that equals `text` and shows it at `under`; the chosen
     /// row goes to `take`. Nothing happens for an empty list.
     void showTexts(QListWidget *popup, const QStringList &texts, const QString &text, QWidget *under, const QRect &at);
-    QListWidget *makeTextPopup(const QString &name, const std::function<void(const QString &)> &take);
+    QListWidget *makeTextPopup(const QString &name, const QString &heading,
+                               const std::function<void(const QString &)> &take);
 
     void escapePressed() override;
     void resizeEvent(QResizeEvent *event) override;
@@ -133,7 +134,6 @@ private:
     void partyFieldLeft();
     void takeParty(int row);
     void sortClientWise();
-    void setReadable(bool browse) const;
 
     DocumentFields m_fields{};
     Kind m_kind;

@@ -136,6 +136,17 @@ void Grid::setCursor(int row, int column)
     scrollTo(m_model.index(row, column));
 }
 
+void Grid::editCell(int row, int column)
+{
+    if (isEditing() && row == this->row() && column == col())
+        return;
+    commitEditor();
+    setFocus();
+    setCursor(row, column);
+    if (!isEditing())
+        QTableView::edit(currentIndex());
+}
+
 int Grid::lastVisibleRow() const
 {
     const int row = rowAt(viewport()->height() - verticalHeader()->defaultSectionSize() / 2);
@@ -165,7 +176,8 @@ bool Grid::step(bool forward)
         }
         if (!m_model.cells.isData(row))
             return false;
-    } while (isColumnHidden(column) || isRowHidden(row));
+    } while (isColumnHidden(column) || isRowHidden(row)
+             || (m_stepsOverEditableOnly && !(m_model.editable && m_model.editable(row, column))));
     setCursor(row, column);
     return true;
 }

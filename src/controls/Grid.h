@@ -27,9 +27,10 @@ public:
     struct Column
     {
         bool rightAligned = false;
-        bool check = false;    ///< "Y" and "N" as a check box
-        bool computed = false; ///< a shade darker
-        int maxLength = 32767; ///< characters an editor takes
+        bool check = false;     ///< "Y" and "N" as a check box
+        bool computed = false;  ///< a shade darker
+        int maxLength = 32767;  ///< characters an editor takes
+        bool upperCase = false; ///< letters brought into it become capitals
         std::vector<Pick> picks;
     };
 
@@ -73,6 +74,10 @@ public:
     int col() const { return currentIndex().column(); }
     void setRow(int row); ///< no row for -1; scrolls to it
     void setCursor(int row, int column);
+    /// Puts the cursor into a cell that can be edited, and opens it.
+    void editCell(int row, int column);
+    /// Whether Tab passes over cells that can not be edited.
+    void setStepsOverEditableOnly(bool only) { m_stepsOverEditableOnly = only; }
     int lastVisibleRow() const; ///< last data row inside the viewport
 
     bool isEditing() const { return state() == EditingState; }
@@ -83,6 +88,7 @@ public:
 
 Q_SIGNALS:
     void cellEdited(int row, int column);
+    void editFinished(int row, int column); ///< an opened cell was left, changed or not
     void enterPressed(int row, int column);
     void f12Pressed(int row, int column);
     void rowActivated(int row); ///< list mode: double click or Enter
@@ -109,6 +115,7 @@ private:
     std::vector<double> m_fractions;
     int m_restColumn = -1;
     bool m_listMode = false;
+    bool m_stepsOverEditableOnly = false;
 };
 
 } // namespace ledgora

@@ -26,7 +26,7 @@ bool isHalf(const QString &text, qsizetype at)
 class OneLineText : public QValidator
 {
 public:
-    explicit OneLineText(QLineEdit &field) : QValidator(&field), m_field(field) {}
+    OneLineText(QLineEdit &field, bool upperCase) : QValidator(&field), m_field(field), m_upperCase(upperCase) {}
 
     State validate(QString &input, int &cursor) const override
     {
@@ -34,12 +34,15 @@ public:
             const auto before = oneLine(input.left(cursor)).size();
             input = oneLine(input);
             cursor = int(before);
+            for (QChar &c : input)
+                c = m_upperCase ? c.toUpper() : c; // one for one: the cursor stays right
         }
         return Acceptable;
     }
 
 private:
     QLineEdit &m_field;
+    bool m_upperCase;
 };
 
 } // namespace
@@ -60,9 +63,9 @@ bool isTypedCharacter(const QString &keyText)
     return !keyText.isEmpty() && (keyText.at(0).isPrint() || keyText.at(0).isSurrogate());
 }
 
-void keepOneLine(QLineEdit &field)
+void keepOneLine(QLineEdit &field, bool upperCase)
 {
-    field.setValidator(new OneLineText(field));
+    field.setValidator(new OneLineText(field, upperCase));
 }
 
 } // namespace ledgora

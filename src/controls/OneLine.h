@@ -15,7 +15,7 @@ QString oneLine(QString text);
 bool isTypedCharacter(const QString &keyText);
 
 /// Keeps what a user brings into a field so, however it gets in: typed, pasted, dropped or composed. A text that is
-/// only shown, in a field that is off, stays as it is stored.
-void keepOneLine(QLineEdit &field);
+/// only shown, in a field that is off, stays as it is stored. With `upperCase` letters become capitals too.
+void keepOneLine(QLineEdit &field, bool upperCase = false);
 
 } // namespace ledgora

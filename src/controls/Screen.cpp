@@ -6,6 +6,7 @@
 #include "controls/VTxt.h"
 #include "store/ErrorLog.h"
 #include <QApplication>
+#include <QComboBox>
 #include <QKeyEvent>
 #include <QScopedValueRollback>
 
@@ -50,6 +51,18 @@ void Screen::command(QAbstractButton *button, std::function<void()> handler)
         if (settle())
             handler();
     });
+}
+
+void Screen::showAsDocument(QWidget &panel, bool browse)
+{
+    QPalette palette = panel.palette();
+    for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText})
+        palette.setColor(QPalette::Disabled, role, palette.color(QPalette::Active, role));
+    panel.setPalette(palette);
+    for (QLineEdit *line : panel.findChildren<QLineEdit *>())
+        line->setFrame(!browse && !line->isReadOnly());
+    for (QComboBox *box : panel.findChildren<QComboBox *>())
+        box->setFrame(!browse);
 }
 
 void Screen::bindToCompany()
@@ -111,15 +124,19 @@ bool Screen::applyFocusChanges()
     return true;
 }
 
+bool Screen::leavesUnchecked()
+{
+    const auto *button = qobject_cast<CommandButton *>(QApplication::focusWidget());
+    return button && !button->causesValidation();
+}
+
 bool Screen::leave(QWidget *widget)
 {
     const Field rules = m_fields.value(widget);
     if (widget->hasFocus())
         return true;
-    const auto *button = qobject_cast<CommandButton *>(QApplication::focusWidget());
     // A frame that went away took its fields along unchecked: only a command that skips checks hides them.
-    const bool mustPass = widget->isVisible() && (!button || button->causesValidation());
-    if (mustPass && rules.validate && !rules.validate())
+    if (widget->isVisible() && !leavesUnchecked() && rules.validate && !rules.validate())
         return false;
     if (rules.lostFocus)
         rules.lostFocus();
@@ -153,8 +170,26 @@ void Screen::keyPressEvent(QKeyEvent *event)
 {
     if (event->key() == Qt::Key_Escape)
         run([this] { escapePressed(); });
+    else if (event->key() == Qt::Key_F1 && event->modifiers() == Qt::NoModifier)
+        showOwnKeys();
     else
         QWidget::keyPressEvent(event);
+}
+
+void Screen::tellKeys(std::initializer_list<ScreenKey> keys)
+{
+    m_keys.insert(m_keys.end(), keys);
+}
+
+void Screen::showOwnKeys()
+{
+    std::vector<KeyRow> rows = accessKeys(*this);
+    for (const ScreenKey &key : m_keys) {
+        if (!key.where || (key.where->isVisible() && key.where->isEnabled()))
+            rows.push_back({QLatin1String(key.key), QLatin1String(key.effect)});
+    }
+    rows.push_back({QStringLiteral("Tab, Shift+Tab"), QStringLiteral("To the next field, to the one before")});
+    showKeys(*this, rows);
 }
 
 void Screen::inform(const QString &text, QWidget *field)
@@ -177,27 +212,38 @@ void Screen::alarm(const QString &text)
     box.exec();
 }
 
-void Screen::post(const QString &text)
+void Screen::post(const QString &text, std::function<void()> point)
 {
-    m_posted << text;
+    m_posted.push_back({text, std::move(point)});
     QMetaObject::invokeMethod(this, &Screen::showPosted, Qt::QueuedConnection);
 }
 
 bool Screen::showPosted()
 {
-    const bool any = !m_posted.isEmpty();
-    while (!m_posted.isEmpty())
-        inform(m_posted.takeFirst());
+    const bool any = !m_posted.empty();
+    while (!m_posted.empty()) {
+        const Posted posted = m_posted.front();
+        m_posted.pop_front();
+        if (posted.point)
+            run(posted.point);
+        inform(posted.text);
+    }
     return any;
 }
 
 bool Screen::ask(const QString &text, QMessageBox::StandardButton defaultButton, QMessageBox::Icon icon)
 {
-    QMessageBox box(icon, windowTitle(), text, QMessageBox::Yes | QMessageBox::No, this);
+    return choose(text, QMessageBox::Yes | QMessageBox::No, defaultButton, icon) == QMessageBox::Yes;
+}
+
+QMessageBox::StandardButton Screen::choose(const QString &text, QMessageBox::StandardButtons buttons,
+                                           QMessageBox::StandardButton defaultButton, QMessageBox::Icon icon)
+{
+    QMessageBox box(icon, windowTitle(), text, buttons, this);
     box.setTextFormat(Qt::PlainText);
     box.setDefaultButton(defaultButton);
-    box.setEscapeButton(QMessageBox::No);
-    return box.exec() == QMessageBox::Yes;
+    box.setEscapeButton(buttons.testFlag(QMessageBox::Cancel) ? QMessageBox::Cancel : QMessageBox::No);
+    return static_cast<QMessageBox::StandardButton>(box.exec());
 }
 
 } // namespace ledgora

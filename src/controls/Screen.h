@@ -1,5 +1,6 @@
 #pragma once
 
+#include "controls/KeysWindow.h"
 #include "host/LiveObjects.h"
 #include "host/WorkingState.h"
 #include <QMessageBox>
@@ -33,11 +34,16 @@ public:
     void inform(const QString &text, QWidget *field = nullptr);
     void alarm(const QString &text);
     /// A plain box that comes when the present event is over; a command given meanwhile shows it at once and does not
-    /// run, since what it tells of has changed what the command would work on.
-    void post(const QString &text);
+    /// run, since what it tells of has changed what the command would work on. `point` runs just before it
+    /// is shown and puts the cursor where it belongs to.
+    void post(const QString &text, std::function<void()> point = {});
     /// A question with Yes and No.
     bool ask(const QString &text, QMessageBox::StandardButton defaultButton = QMessageBox::Yes,
              QMessageBox::Icon icon = QMessageBox::Question);
+    /// The same with other buttons. Closing the box is Cancel where there is one, else No.
+    QMessageBox::StandardButton choose(const QString &text, QMessageBox::StandardButtons buttons,
+                                       QMessageBox::StandardButton defaultButton,
+                                       QMessageBox::Icon icon = QMessageBox::Question);
 
 protected:
     /// What happens around a field, besides its own keys.
@@ -64,10 +70,26 @@ protected:
     /// Runs `handler` for a click of the button, after `settle`.
     void command(QAbstractButton *button, std::function<void()> handler);
 
+    /// A panel that is off while its records are browsed reads as a document: full ink, no boxes.
+    static void showAsDocument(QWidget &panel, bool browse);
+
+    /// A key of the screen that no caption shows, for its window of keys (F1). It is listed while `where` can be used;
+    /// no widget for one that always holds.
+    struct ScreenKey
+    {
+        const QWidget *where;
+        const char *key;
+        const char *effect;
+    };
+    void tellKeys(std::initializer_list<ScreenKey> keys);
+
     /// Keeps the working state's company for every handler of this screen from now on.
     void bindToCompany();
 
     void run(const std::function<void()> &handler);
+
+    /// Whether the command that takes the focus just now does without the checks of what is left: Cancel and Back do.
+    static bool leavesUnchecked();
 
     /// Esc, when nothing above the screen took it.
     virtual void escapePressed() = 0;
@@ -85,13 +107,20 @@ private:
     bool applyFocusChanges();
     bool showPosted();
     bool leave(QWidget *widget);
+    void showOwnKeys();
 
     LiveObject m_live;
     QHash<QObject *, Field> m_fields;
     std::deque<FocusChange> m_focusChanges;
     bool m_applying = false;
-    QStringList m_posted;
+    struct Posted
+    {
+        QString text;
+        std::function<void()> point;
+    };
+    std::deque<Posted> m_posted;
     std::optional<CompanyState> m_company;
+    std::vector<ScreenKey> m_keys;
 };
 
 } // namespace ledgora

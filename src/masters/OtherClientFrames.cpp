@@ -2,6 +2,7 @@
 
 #include "masters/frmMainGST.h"
 
+#include "masters/OlderTables.h"
 #include "masters/OtherClientStore.h"
 #include "store/Connection.h"
 #include "store/ErrorLog.h"
@@ -30,8 +31,11 @@ void frmMainGST::connectOtherClients()
 
 void frmMainGST::CMDOTHCLMAS_CLICK()
 {
-    if (!m_otherClientsLoaded)
+    if (!m_otherClientsLoaded) {
         LOADGRIDOTHCL(0);
+        if (!ui->vsOthCl->cells().hasData() && IMPORTOLDBILLOTHCLS(*gCnn))
+            LOADGRIDOTHCL(0);
+    }
     m_otherClientsLoaded = true;
     showFrame(ui->famOthClMain);
     ui->vsOthCl->setFocus();
@@ -44,8 +48,8 @@ void frmMainGST::LOADGRIDOTHCL(int clientId)
     const Cells &clients = ui->vsOthCl->cells();
     const int row = clientId != 0 ? clients.find(QString::number(clientId), OtherClientId) : -1;
     ui->vsOthCl->setRow(row >= 0 ? row : clients.fixedRows());
-    ui->lblOthClHint->setText(
-        clients.hasData() ? QString() : QStringLiteral("There is no other client yet. Press Alt+A to add one."));
+    ui->lblOthClHint->setText(QStringLiteral("There is no other client yet. Press Alt+A to add one."));
+    ui->lblOthClHint->setVisible(!clients.hasData());
 }
 
 bool frmMainGST::hasChosenOtherClient()

@@ -11,8 +11,21 @@
 #include "store/DocumentNumber.h"
 #include "store/ErrorLog.h"
 #include "ui_frmMainGST.h"
+#include <QButtonGroup>
 
 namespace ledgora {
+
+namespace {
+
+/// Tab leads to the option that is chosen; Qt sees to that only for a choice that the user made.
+void chooseOption(QRadioButton &option)
+{
+    option.setChecked(true);
+    for (QAbstractButton *each : option.group()->buttons())
+        each->setFocusPolicy(each == &option ? Qt::StrongFocus : Qt::ClickFocus);
+}
+
+} // namespace
 
 void frmMainGST::connectSeries()
 {
@@ -52,8 +65,7 @@ void frmMainGST::LOADGRIDSERIES(int seriesId)
     const Cells &series = ui->vsSeries->cells();
     const int row = seriesId != 0 ? series.find(QString::number(seriesId), SeriesId) : -1;
     ui->vsSeries->setRow(row >= 0 ? row : series.fixedRows());
-    ui->lblSeriesHint->setText(series.hasData() ? QString()
-                                                : QStringLiteral("There is no series yet. Press Alt+A to add one."));
+    ui->lblSeriesHint->setText(QStringLiteral("There is no series yet. Press Alt+A to add one."));
     ui->lblSeriesHint->setVisible(!series.hasData());
     showSeries();
 }
@@ -69,6 +81,7 @@ void frmMainGST::setSeriesBrowsing(bool browse)
          std::initializer_list<QWidget *>{ui->famSeriesEdit, ui->cmdSeriesUpdate, ui->cmdSeriesCancel})
         widget->setEnabled(!browse);
     ui->cmdBackSeries->setEnabled(browse);
+    showAsDocument(*ui->famSeriesEdit, browse);
 }
 
 void frmMainGST::showSeries()
@@ -78,8 +91,8 @@ void frmMainGST::showSeries()
 
 void frmMainGST::writeSeries(const SeriesEntry &entry)
 {
-    (entry.ofReceipts ? ui->optSeriesR : ui->optSeriesB)->setChecked(true);
-    (entry.suffix ? ui->optSeriesSuffix : ui->optSeriesPrefix)->setChecked(true);
+    chooseOption(*(entry.ofReceipts ? ui->optSeriesR : ui->optSeriesB));
+    chooseOption(*(entry.suffix ? ui->optSeriesSuffix : ui->optSeriesPrefix));
     ui->cboSeriesFY->chooseText(entry.year);
     ui->txtSeriesStr->setText(entry.text);
 }

@@ -4,6 +4,7 @@
 #include "controls/StateChoice.h"
 #include "masters/CompanyStore.h"
 #include "masters/EditFields.h"
+#include "masters/OlderTables.h"
 #include "masters/OtherClientStore.h"
 #include "masters/frmLogin1.h"
 #include "platform/HostObject.h"
@@ -36,8 +37,11 @@ void frmMainGST::FORM_LOAD()
     connectOtherClients();
     connectSeries();
     connectSettings();
+    connectClientGstins();
     connectTemplates();
     LOADGRIDFIRM(0);
+    if (!ui->vsFirm->cells().hasData() && IMPORTOLDBILLFIRMS(*gCnn))
+        LOADGRIDFIRM(0);
 }
 
 void frmMainGST::connectHome()
@@ -55,6 +59,35 @@ void frmMainGST::connectHome()
     on(ui->vsFirm, &Grid::rowActivated, [this](int) { CMDBILLS_CLICK(); });
     command(ui->cmdBills, [this] { CMDBILLS_CLICK(); });
     command(ui->cmdBackMain, [this] { escapePressed(); });
+    tellHomeKeys();
+}
+
+void frmMainGST::tellHomeKeys()
+{
+    constexpr auto nextField = "Goes to the next field";
+    constexpr auto cancels = "Cancels the entry";
+    constexpr auto goesBack = "Goes back";
+    tellKeys({
+        {ui->vsFirm, "Enter", "Opens the bills of the company under the cursor"},
+        {ui->famFirmMain, "Esc", "Closes the screen"},
+        {ui->famFirmEdit, "Enter", nextField},
+        {ui->famFirmEdit, "F12", "Looks up the bank, from its name or IFS code"},
+        {ui->famFirmEdit, "Esc", cancels},
+        {ui->vsOthCl, "Enter", "Modifies the client under the cursor"},
+        {ui->famOthClMain, "Esc", goesBack},
+        {ui->famOthClEdit, "Enter", nextField},
+        {ui->famOthClEdit, "Esc", cancels},
+        {ui->vsSeries, "Enter", "Modifies the series under the cursor"},
+        {ui->vsSeries, "Esc", goesBack},
+        {ui->famSeriesEdit, "Enter", nextField},
+        {ui->famSeriesEdit, "Esc", cancels},
+        {ui->vsClGSTIN, "Enter", "Takes the GSTIN and goes to the next client"},
+        {ui->vsClGSTIN, "Esc", "Takes back what is being typed, else goes back"},
+        {ui->famsett, "Enter", nextField},
+        {ui->famsett, "Esc", "Goes back without saving"},
+        {ui->famTmplSetup, "Enter", nextField},
+        {ui->famTmplSetup, "Esc", "Keeps the choice and goes back"},
+    });
 }
 
 void frmMainGST::showFrame(QWidget *frame)
@@ -81,7 +114,7 @@ void frmMainGST::showChosenCompany()
     const bool any = ui->vsFirm->cells().hasData();
     ui->lblFirm->setText(ui->vsFirm->cells().text(ui->vsFirm->row(), CompanyName));
     ui->lblFirm->setVisible(any);
-    ui->lblFirmHint->setText(any ? QStringLiteral("Enter opens the bills of the chosen company.")
+    ui->lblFirmHint->setText(any ? QStringLiteral("Enter opens the bills of the chosen company. F1 shows all keys.")
                                  : QStringLiteral("There is no company yet. Press Alt+C to create the first one."));
 }
 
@@ -158,6 +191,8 @@ void frmMainGST::CMDBILLS_CLICK()
 
 void frmMainGST::escapePressed()
 {
+    if (ui->famUpdClGSTIN->isVisible())
+        return leaveClientGstins(true);
     if (ui->famTmplSetup->isVisible())
         return CMDBACKTMPL_CLICK();
     if (ui->famsett->isVisible())
@@ -175,6 +210,12 @@ void frmMainGST::escapePressed()
 
 void frmMainGST::closeEvent(QCloseEvent *event)
 {
+    // A window can be closed in the middle of the register, by its frame or with the whole program.
+    bool mayClose = true;
+    if (ui->famUpdClGSTIN->isVisible())
+        run([&] { mayClose = settle() && UPDATECLGSTIN(true); });
+    if (!mayClose)
+        return event->ignore();
     Screen::closeEvent(event);
     if (event->isAccepted() && gHostCode == QLatin1String("C") && gMdi)
         gMdi->ReloadMenu();

@@ -32,6 +32,7 @@ public:
 private:
     void FORM_LOAD();
     void connectHome();
+    void tellHomeKeys();
     void showFrame(QWidget *frame);
     void showHome(QWidget *focus);
 
@@ -93,6 +94,15 @@ private:
     void CMDSETTSAVE_CLICK();
     void CMDSETTCANCEL_CLICK();
 
+    // GSTINs of the host's clients (ClientGstinFrame.cpp).
+    void connectClientGstins();
+    void CMDUPDCLGSTIN_CLICK();
+    void findClientOfGstin(const QString &typed);
+    void VSCLGSTIN_VALIDATEEDIT(int row);
+    bool UPDATECLGSTIN(bool askOnExit);
+    bool gstinPasses(int row);
+    void leaveClientGstins(bool askOnExit);
+
     // Choice of templates (TemplateFrame.cpp).
     void connectTemplates();
     void showTemplateSetup();
@@ -117,6 +127,7 @@ private:
     bool m_otherClientsLoaded = false;
     bool m_seriesLoaded = false;
     bool m_seriesBrowsing = true;
+    bool m_gstinRefused = false;
     int m_editedId = 0;
     /// By company, for all home screens of the program: one closed and opened again finds the screens of the former.
     static inline QHash<int, QPointer<frmBillGST>> s_billScreens;

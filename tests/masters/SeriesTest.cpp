@@ -113,6 +113,8 @@ TEST_F(SeriesMaster, EscapeCancelsFirstAndLeavesThen)
     alt('S');
     alt('M');
     retype("txtSeriesStr", "CHANGED");
+    press(Qt::Key_Return);
+    EXPECT_EQ(focus(), "optSeriesSuffix");
     press(Qt::Key_Escape);
     EXPECT_EQ(frame(), "famSeriesMain");
     EXPECT_EQ(text("txtSeriesStr"), "A/");
@@ -121,6 +123,8 @@ TEST_F(SeriesMaster, EscapeCancelsFirstAndLeavesThen)
     EXPECT_TRUE(find<QWidget>("optSeriesR")->isEnabled()) << "after a modification too";
     EXPECT_TRUE(isChecked("optSeriesB"));
     EXPECT_EQ(choice("cboSeriesFY"), "");
+    press(Qt::Key_Return, Qt::NoModifier, 3);
+    EXPECT_EQ(focus(), "optSeriesPrefix") << "the chosen option, not the one last in use";
     press(Qt::Key_Escape);
     EXPECT_EQ(focus(), "cmdSeriesAdd");
     press(Qt::Key_Escape);

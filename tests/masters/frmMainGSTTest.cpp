@@ -2,6 +2,8 @@
 // screens that work for one company.
 
 #include "HomeScreen.h"
+#include <QRadioButton>
+#include <QSet>
 
 using namespace ledgora;
 using namespace ledgora::test;
@@ -369,6 +371,53 @@ TEST_F(HomeScreen, EscapeBacksOutFrameByFrame)
     press(Qt::Key_Escape);
     QTest::qWait(0);
     EXPECT_TRUE(home.isNull()) << "on the bare list the screen closes";
+}
+
+TEST_F(HomeScreen, EveryFrameIsWalkedByKeysAlone)
+{
+    struct Frame
+    {
+        const char *way; ///< access keys from the list of companies
+        const char *name, *backOn;
+    };
+    addCompany(1, "ALPHA");
+    addClient(1, "ASHOK TRADERS", "DELHI");
+    data().run("Insert Into Comp_Master (CompSrNo,Code,Nm) Values (1,'A','ALPHA LTD'),(2,'B','BETA LTD')");
+    QFile settings(folder() + "/GST_Templates/Settings.txt");
+    ASSERT_TRUE(settings.open(QIODevice::WriteOnly));
+    settings.write("B_COPY=0\nR_COPY=0\n");
+    settings.close();
+    open();
+    for (const Frame &step : std::initializer_list<Frame>{{"", "famFirmMain", "vsFirm"},
+                                                          {"C", "famFirmEdit", "cmdFirmCreate"},
+                                                          {"O", "famOthClMain", "cmdOthClMas"},
+                                                          {"OA", "famOthClEdit", "cmdOthClMas"},
+                                                          {"S", "famSeriesMain", "cmdSeriesMas"},
+                                                          {"SA", "famSeriesMain", "cmdSeriesMas"},
+                                                          {"I", "famsett", "cmdSettings"},
+                                                          {"U", "famUpdClGSTIN", "cmdUpdClGSTIN"},
+                                                          {"T", "famTmplSetup", "cmdTemplateSetup"}}) {
+        for (const char *key = step.way; *key; ++key)
+            alt(*key);
+        ASSERT_EQ(frame(), step.name);
+        QSet<QString> open;
+        for (const QWidget *control : find<QWidget>(step.name)->findChildren<QWidget *>()) {
+            const auto *option = qobject_cast<const QRadioButton *>(control);
+            const bool chosen = !option || option->isChecked(); // arrow keys choose the others
+            if (control->isVisible() && control->isEnabled() && (control->focusPolicy() & Qt::TabFocus) && chosen)
+                open << control->objectName();
+        }
+        open.remove({}); // an open cell is its grid's
+        QSet<QString> walked{focus()};
+        for (int i = 0; i < 60 && walked != open; ++i) {
+            press(Qt::Key_Tab);
+            walked << focus();
+        }
+        EXPECT_EQ(walked, open) << step.name << step.way;
+        for (int i = 0; i < 2 && frame() != "famFirmMain"; ++i)
+            press(Qt::Key_Escape);
+        EXPECT_TRUE(frame() == "famFirmMain" && (!*step.way || focus() == step.backOn)) << step.name;
+    }
 }
 
 TEST_F(HomeScreen, CompanyThatCouldNotBeStoredKeepsItsEntry)

@@ -5,6 +5,8 @@
 #include "app/Demo.h"
 #include "app/MainWindow.h"
 #include "app/Office.h"
+#include "host/WorkingState.h"
+#include "store/Connection.h"
 #include "store/Dates.h"
 #include <QApplication>
 #include <QDir>
@@ -35,8 +37,8 @@ bool writeBranches(const QString &folder)
     const QByteArray rows = "BANK,IFSC,BRANCH,ADDRESS,CITY,STATE\n"
                             "Gomti Co-operative Bank,GOMT0000001,Hazratganj,12 Mall Road,Lucknow,Uttar Pradesh\n"
                             "Gomti Co-operative Bank,GOMT0000002,Aliganj,Sector B,Lucknow,Uttar Pradesh\n"
-                            "Sabarmati Bank,SABR0000117,Paldi,Ashram Road,Ahmedabad,Gujarat\n"
-                            "Sabarmati Bank,SABR0000120,Navrangpura,C.G. Road,Ahmedabad,Gujarat\n";
+                            "State Bank of India,SBIN0000691,Parliament Street,11 Sansad Marg,New Delhi,Delhi\n"
+                            "State Bank of India,SBIN0001067,Connaught Circus,C Block,New Delhi,Delhi\n";
     return list.open(QIODevice::WriteOnly) && list.write(rows) == rows.size();
 }
 
@@ -75,8 +77,71 @@ void visitClients(Clerk &clerk, QWidget &window, const Look &look)
     look(QStringLiteral("clients"), window);
 }
 
-/// What the demonstration does not visit: the password dialog, questions, earlier narrations, own templates, the host's
-/// clients.
+/// Series, register of GSTINs and settings; with host "G" for a moment, which has all settings.
+void visitMasters(Clerk &clerk, Office &office, MainWindow &window, const Look &look)
+{
+    const auto lookAs = [&](const char *name) { look(QLatin1String(name), window); };
+    const auto lookAtKeys = [&](const char *name) {
+        clerk.expect([&look, &window, name](QWidget &keys) {
+            look(QLatin1String(name), window);
+            keys.close();
+        });
+        clerk.press(Qt::Key_F1);
+    };
+    lookAtKeys("keys-home");
+    clerk.alt('S');
+    lookAs("series-first-start");
+    const std::pair<const char *, int> series[] = {{"SA/24-25/", 1}, {"/R", 2}, {"TAX-##/24", 1}};
+    for (const auto &[text, kind] : series) {
+        clerk.alt('A');
+        clerk.press(Qt::Key_Right, Qt::NoModifier, kind - 1);
+        clerk.press(Qt::Key_Return);
+        clerk.press(Qt::Key_End);
+        clerk.press(Qt::Key_Return);
+        clerk.type(QLatin1String(text));
+        clerk.press(Qt::Key_Return);
+        clerk.press(Qt::Key_Right, Qt::NoModifier, kind - 1);
+        lookAs("series-edit");
+        clerk.alt('U');
+    }
+    lookAs("series");
+    clerk.press(Qt::Key_Escape);
+    clerk.alt('U');
+    lookAs("client-gstins-first-start");
+    clerk.press(Qt::Key_Escape);
+    office.connection().Execute(
+        QStringLiteral("Insert Into Comp_Master (CompSrNo,Code,Nm,PAN,State) Values "
+                       "(1,'ALPHA-01','ALPHA TEXTILES PVT. LTD.','AAACA1234C','GUJARAT'),"
+                       "(2,'BHARAT-7','BHARAT STEEL ROLLING AND TRADING COMPANY (INDIA) LTD.','AABCB4321D','DELHI'),"
+                       "(3,'C100','CHANDRA EXPORTS LTD.','','ANDAMAN & NICOBAR ISLANDS')"));
+    office.connection().Execute(QStringLiteral("Insert Into GST_ClRegNo Values ('ALPHA-01','24AAACA1234C1Z5','')"));
+    clerk.alt('U');
+    clerk.press(Qt::Key_Down);
+    clerk.type(QStringLiteral("07aabcb4321d1z"));
+    lookAs("client-gstins");
+    clerk.expect([&](QWidget &box) {
+        lookAs("client-gstin-refused");
+        box.close();
+    });
+    clerk.press(Qt::Key_Return);
+    lookAtKeys("keys-client-gstins");
+    clerk.expectBox(QStringLiteral("Do you want to Save?"), QMessageBox::No);
+    clerk.expectBox(QStringLiteral("Do you really want to exit without saving the changes?"), QMessageBox::Yes);
+    clerk.press(Qt::Key_Escape);
+    clerk.alt('I');
+    lookAs("settings");
+    clerk.press(Qt::Key_Escape, Qt::NoModifier, 2);
+    ledgora::gHostCode = QStringLiteral("G");
+    clerk.press(Qt::Key_G, Qt::ControlModifier);
+    clerk.alt('I');
+    lookAs("settings-of-a-host-with-offices");
+    clerk.press(Qt::Key_Escape, Qt::NoModifier, 2);
+    ledgora::gHostCode = QStringLiteral("C");
+    clerk.press(Qt::Key_G, Qt::ControlModifier);
+}
+
+/// What the demonstration does not visit: the masters, the password dialog, questions, earlier narrations, own
+/// templates, the host's clients.
 QString visitTheRest(const QString &folder, const Look &look)
 {
     Office office(folder);
@@ -97,6 +162,7 @@ QString visitTheRest(const QString &folder, const Look &look)
     if (!writeBranches(folder))
         return QStringLiteral("the list of bank branches could not be written");
     visitBranches(clerk, window, look);
+    visitMasters(clerk, office, window, look);
     lookAtBox("company-delete-question");
     clerk.alt('D');
     clerk.alt('T');

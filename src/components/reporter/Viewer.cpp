@@ -7,6 +7,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QMessageBox>
 #include <QPainter>
@@ -49,6 +50,7 @@ Viewer::Viewer(PageList pages, const QString &name, QWidget *parent) : QWidget(p
     resize(960, 760);
     m_view = new PageView(this);
     m_view->setObjectName(QStringLiteral("pageView"));
+    m_view->setAccessibleName(QStringLiteral("Pages"));
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
@@ -106,12 +108,21 @@ void Viewer::addTool(QWidget *row, const QString &objectName, const QString &cap
     button->setFocusPolicy(Qt::TabFocus);
     button->setToolTip(keys.front().toString(QKeySequence::NativeText));
     row->layout()->addWidget(button);
+    m_keys.push_back({button->toolTip(), QString(caption).remove(u'&')});
     connect(button, &QPushButton::clicked, this, action);
     for (const QKeySequence &key : keys) {
         auto *shortcut = new QShortcut(key, this);
         shortcut->setContext(Qt::WidgetWithChildrenShortcut);
         connect(shortcut, &QShortcut::activated, this, action);
     }
+}
+
+void Viewer::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_F1)
+        showKeys(*this, m_keys);
+    else
+        QWidget::keyPressEvent(event);
 }
 
 void Viewer::tellView()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "components/reporter/PageList.h"
+#include "controls/KeysWindow.h"
 #include <QWidget>
 
 class QLabel;
@@ -11,8 +12,8 @@ namespace ledgora::reporter {
 class PageView;
 
 /// The preview window `ReportViewer`: the pages below one row of tools. Prints (Ctrl+P), saves as PDF (Ctrl+S), zooms
-/// (Ctrl and +, -, 0 or the wheel), closes (Esc) and then deletes itself. It keeps its own pages: a later report
-/// changes nothing in it.
+/// (Ctrl and +, -, 0 or the wheel), shows its keys (F1), closes (Esc) and then deletes itself. It keeps its own pages:
+/// a later report changes nothing in it.
 class Viewer : public QWidget
 {
     Q_OBJECT
@@ -23,6 +24,9 @@ public:
     Viewer(PageList pages, const QString &name, QWidget *parent = nullptr);
 
     const PageList &pages() const;
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
 
 private:
     QWidget *makeTools();
@@ -37,6 +41,7 @@ private:
     void tellView();
 
     QString m_name;
+    std::vector<KeyRow> m_keys; ///< of its tools, for F1
     PageView *m_view = nullptr;
     QLabel *m_zoom = nullptr;
     QLabel *m_page = nullptr;
