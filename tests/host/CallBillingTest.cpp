@@ -29,7 +29,7 @@ public:
     float vScreenRatY() const override { return 1; }
     float vScreenRatFS() const override { return 1; }
     void Resize_For_Resolution(QWidget &) override {}
-    QString vTmpPath() const override { return QStringLiteral("/tmp/host"); }
+    QString vTmpPath() const override { return QStringLiteral("/run/host"); }
     qint16 GetRegYr() const override { return answers.year; }
 };
 class OldHostG : public Answering<VeltrixHost>
@@ -90,7 +90,7 @@ TEST_F(CallBilling, TakesFoldersYearAndLogFromTheHost)
         EXPECT_EQ(gRegYr, c.year);
         EXPECT_EQ(QStringList({gAppPath, gTmplPath, gLogPath}).join(' '), c.paths);
         EXPECT_EQ(gCnn, &data().db());
-        EXPECT_EQ(gTmpPath, *c.host == 'C' ? folder() : QString("/tmp/host"));
+        EXPECT_EQ(gTmpPath, *c.host == 'C' ? folder() : QString("/run/host"));
         ASSERT_TRUE(gHostObj && gReporter);
     }
 }
