@@ -56,7 +56,8 @@ int runWindow(const CommandLine &line)
         window.openGst();
     else
         window.ReloadMenu();
-    dailyBackup(office, today(), [&window](const QString &text) { window.statusBar()->showMessage(text); });
+    if (line.server.address.isEmpty()) // a shared server is its administrator's to back up
+        dailyBackup(*office, today(), [&window](const QString &text) { window.statusBar()->showMessage(text); });
     return QApplication::exec();
 }
 

@@ -134,7 +134,7 @@ void dailyBackup(const Office &office, QDate day, const std::function<void(const
     });
     process->start(program.isEmpty() ? QCoreApplication::applicationFilePath() : program,
                    {QStringLiteral("backup"), QStringLiteral("--daily"), QStringLiteral("--data"), office.dataFolder(),
-                    QStringLiteral("--today"), day.toString(Qt::ISODate)});
+                    QStringLiteral("--host"), office.hostCode(), QStringLiteral("--today"), day.toString(Qt::ISODate)});
 }
 
 } // namespace ledgora::app

@@ -2,6 +2,7 @@
 // the work half-way, the office has its former data or the new, and a former backup file stays.
 
 #include "app/Office.h"
+#include "app/PrivateServer.h"
 #include "app/care/Restore.h"
 #include "tests/support/HostileTexts.h"
 #include "tests/support/Log.h"
