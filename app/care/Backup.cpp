@@ -45,9 +45,10 @@ public:
     {
         for (const QString &path : officeFiles(m_office.folder)) {
             QFile file(joinPath(m_office.folder, path));
-            if (!file.open(QIODevice::ReadOnly))
+            const QByteArray content = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+            if (file.error() != QFile::NoError)
                 return QStringLiteral("The file [") + file.fileName() + QStringLiteral("] can not be read.");
-            m_writer.addFile(path, file.readAll());
+            m_writer.addFile(path, content);
         }
         return m_writer.fault();
     }

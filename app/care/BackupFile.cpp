@@ -45,9 +45,9 @@ public:
     quint64 longNumber() { return fixed<quint64>(); }
     QByteArray bytes()
     {
-        const auto cell = takeRow(m_rest, 1);
-        m_whole = m_whole && cell && cell->front();
-        return m_whole ? cell->front()->toByteArray() : QByteArray();
+        const std::optional<QByteArrayView> cell = takeRow(m_rest, 1).value_or(RowCells(1)).front();
+        m_whole = m_whole && cell.has_value();
+        return m_whole ? cell.value_or(QByteArrayView()).toByteArray() : QByteArray();
     }
     QString text() { return QString::fromUtf8(bytes()); }
     bool areWhole() const { return m_whole && m_rest.isEmpty(); }
@@ -303,7 +303,8 @@ void BackupWriter::rename()
         return fail(QStringLiteral("can not be renamed"));
     const QByteArray folder = QFile::encodeName(QFileInfo(m_path).path());
     const Descriptor above(::open(folder.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    ::fsync(above.number());
+    if (above.isOpen())
+        ::fsync(above.number());
 }
 
 void BackupWriter::writeBlock(char kind, const QByteArray &content)

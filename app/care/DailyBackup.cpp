@@ -103,8 +103,7 @@ QString makeDailyBackup(const OfficeData &office, QDate day)
         return {};
     if (!folder.exists() && !QDir().mkdir(folder.path(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner))
         return QStringLiteral("The folder [") + folder.path() + QStringLiteral("] can not be made.");
-    const QString fault = makeBackup(office, daily, unwatched());
-    if (!fault.isEmpty())
+    if (QString fault = makeBackup(office, daily, unwatched()); !fault.isEmpty())
         return fault;
     keepForTheWeek(daily, folder.filePath(weeklyBackupName(day)));
     removeOutdated(folder);

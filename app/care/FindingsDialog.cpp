@@ -25,6 +25,7 @@ QTableWidget *listOf(const Findings &findings)
     list->setSelectionBehavior(QAbstractItemView::SelectRows);
     list->setTabKeyNavigation(false);
     list->verticalHeader()->hide();
+    list->verticalHeader()->setDefaultSectionSize(list->fontMetrics().height() + 4);
     for (int row = 0; row < list->rowCount(); ++row) {
         const Finding &finding = findings[size_t(row)];
         const QString date =
@@ -48,7 +49,7 @@ FindingsDialog::FindingsDialog(const CheckResult &result, QWidget *parent)
     setWindowTitle(QStringLiteral("Check the Data"));
     resize(1000, 500);
     auto *layout = new QVBoxLayout(this);
-    layout->addWidget(new QLabel(QStringLiteral("%1 bills checked, %2 findings. Nothing was changed.")
+    layout->addWidget(new QLabel(QStringLiteral("Bills checked: %1. Findings: %2. Nothing was changed.")
                                      .arg(result.bills)
                                      .arg(m_findings.size())));
     layout->addWidget(listOf(m_findings));

@@ -107,10 +107,10 @@ QString takeKept(const QString &dataFolder)
     for (const char *name : {singleFiles[0], singleFiles[1], templates}) {
         const QString from = below(kept, name);
         const QString place = below(dataFolder, name);
-        const QString old = below(below(dataFolder, former), name);
+        const QString away = below(below(dataFolder, former), name);
         if (!isThere(from))
             continue;
-        if (isThere(place) && !(removeAll(old) && QDir().rename(place, old)))
+        if (isThere(place) && !(removeAll(away) && QDir().rename(place, away)))
             return unwritable(place);
         if (!QDir().rename(from, place))
             return unwritable(place);

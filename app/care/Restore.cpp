@@ -61,9 +61,9 @@ bool mayHaveMark(Connection &db)
 class Restore
 {
 public:
-    Restore(const OfficeData &office, const QString &file, const Progress &progress)
+    Restore(const OfficeData &office, QString file, const Progress &progress)
         : m_office(office)
-        , m_file(file)
+        , m_file(std::move(file))
         , m_progress(progress)
         , m_database(databaseOf(office.db))
     {

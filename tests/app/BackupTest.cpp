@@ -268,26 +268,24 @@ TEST_F(Backup, KilledOneLeavesTheFormerDataOrTheNewAndTheFormerFile)
 {
     struct Case
     {
-        StatementProxy::Stop stop; // holds the statement or its answer for the kill of the server
         const char *statement;
-        int nth;
         QStringList after;
-        bool backup = false; ///< instead of a restore, over the former file
+        StatementProxy::Stop stop = StatementProxy::Stop::KillClient; // else held for the kill of the server
+        int nth = 1;
+        bool backup = false; // instead of a restore, over the former file
     };
     const QStringList either{"first", "second"};
+    using Stop = StatementProxy::Stop;
     const Case cases[] = {
-        {StatementProxy::Stop::KillClient, "Create Database `ledgora_scratch`", 1, {"second"}},
-        {StatementProxy::Stop::KillClient, "Insert Into `ledgora_restore`", 1, {"second"}},
-        {StatementProxy::Stop::KillClient, "Rename Table", 1, {"second"}},
-        {StatementProxy::Stop::KillClient,
-         "Select 1 From information_schema.tables",
-         2,
-         {"first"}}, // swapped, files still to come
-        {StatementProxy::Stop::KillClient, "Drop Table `ledgora_restored`", 1, {"first"}},
-        {StatementProxy::Stop::KillClient, "Drop Database If Exists `ledgora_former`", 2, {"first"}},
-        {StatementProxy::Stop::KillClient, "Insert Into `ledgora_scratch`", 1, {"second"}, true},
-        {StatementProxy::Stop::HoldStatement, "Rename Table", 1, {"second"}},
-        {StatementProxy::Stop::HoldAnswer, "Rename Table", 1, either},
+        {"Create Database `ledgora_scratch`", {"second"}},
+        {"Insert Into `ledgora_restore`", {"second"}},
+        {"Insert Into `ledgora_scratch`", {"second"}, Stop::KillClient, 1, true},
+        {"Rename Table", {"second"}},
+        {"Select 1 From information_schema.tables", {"first"}, Stop::KillClient, 2}, // swapped, files still to come
+        {"Drop Table `ledgora_restored`", {"first"}},
+        {"Drop Database If Exists `ledgora_former`", {"first"}, Stop::KillClient, 2},
+        {"Rename Table", {"second"}, Stop::HoldStatement},
+        {"Rename Table", either, Stop::HoldAnswer},
     };
     {
         Office office(folder());

@@ -112,7 +112,7 @@ TEST(Rotation, KeepsSevenDaysEightWeeksAndWhatIsNotOurs)
     for (int day = 1; day <= 9; ++day)
         names.prepend(QString("daily-2024-06-0%1.ledgora").arg(day));
     for (int week = 0; week < 10; ++week)
-        names << app::weeklyBackupName(QDate(2024, 1, 3).addDays(7 * week));
+        names << app::weeklyBackupName(QDate(2024, 1, 3).addDays(qint64(7) * week));
     for (int hour = 0; hour < 4; ++hour)
         names << QString("before-restore-2024-06-15-%1.ledgora").arg(120000 + hour);
     QStringList outdated = app::outdatedBackups(names);
