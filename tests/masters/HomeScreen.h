@@ -2,6 +2,7 @@
 
 #include "controls/ChoiceBox.h"
 #include "host/WorkingState.h"
+#include "store/Settings.h"
 #include "tests/support/Screens.h"
 #include <QApplication>
 #include <QDir>
@@ -73,6 +74,7 @@ protected:
             press(Qt::Key_Down);
         EXPECT_EQ(choice(list), entry);
     }
+    void chooseCommonTemplates() const { saveTemplateSetup(false, false, 0, 0); }
     static QStringList companies()
     {
         return data().rows("Select FirmSrNo,Nm,StateNm,Pass From GST_FirmMas Order by FirmSrNo");
