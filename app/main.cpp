@@ -8,6 +8,7 @@
 #include "store/Dates.h"
 #include "store/NumberFormat.h"
 #include <QApplication>
+#include <QIcon>
 #include <QMessageBox>
 #include <QStatusBar>
 #include <cstdio>
@@ -88,6 +89,10 @@ int main(int argc, char *argv[])
     }
     const QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Ledgora"));
+    QApplication::setDesktopFileName(QStringLiteral("ledgora"));
+    QIcon icon(QStringLiteral(":/icons/ledgora-32.png"));
+    icon.addFile(QStringLiteral(":/icons/ledgora-128.png"));
+    QApplication::setWindowIcon(icon);
     QApplication::setApplicationVersion(QStringLiteral(LEDGORA_VERSION));
     if (line.command == CommandLine::Command::Balance)
         return printBalance(line);
