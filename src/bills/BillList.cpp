@@ -1,69 +1,9 @@
 #include "bills/BillList.h"
 
 #include "bills/BillStore.h"
-#include "store/Dates.h"
-#include <QStringList>
-#include <algorithm>
-#include <array>
-#include <utility>
+#include "store/Connection.h"
 
 namespace ledgora {
-
-namespace {
-
-/// A stored date and time as dd/MM/yyyy.
-QString shownDate(const QString &stored)
-{
-    return formatDate(dateFromStore(stored), QStringLiteral("dd/MM/yyyy"));
-}
-
-/// The ids of the rows, separated by commas.
-QString idsOf(Recordset &stored)
-{
-    const int id = stored.column(QStringLiteral("BillSrNo"));
-    QString ids;
-    while (stored.next()) {
-        if (!ids.isEmpty())
-            ids += u',';
-        ids += stored.text(id);
-    }
-    stored.rewind();
-    return ids;
-}
-
-/// Adds a row for each stored bill.
-void addStoredBills(Cells &bills, Recordset &stored)
-{
-    struct Source
-    {
-        int cell;
-        int column;
-    };
-    const auto source = [&stored](int cell, const char *name) {
-        return Source{cell, stored.column(QLatin1String(name))};
-    };
-    const std::array sources{source(ListBillSrNo, "BillSrNo"),   source(ListPartyCode, "Code_No"),
-                             source(ListBillSerId, "BillSerId"), source(ListBillNo, "BillNo"),
-                             source(ListPlace, "PlaceOfServ"),   source(ListTaxType, "AppTaxType"),
-                             source(ListNarration, "Narr")};
-    const int date = stored.column(QStringLiteral("BillDt"));
-    const int firstRow = bills.rows();
-    bills.setRows(firstRow + int(stored.recordCount()));
-    QString day; // bills of one day come together
-    QString dayShown;
-    for (int row = firstRow; stored.next(); ++row) {
-        for (const Source &from : sources)
-            bills.setText(row, from.cell, stored.text(from.column));
-        if (const QString storedDay = stored.text(date); storedDay != day) {
-            day = storedDay;
-            dayShown = shownDate(day);
-        }
-        bills.setText(row, ListBillDate, dayShown);
-        bills.setText(row, ListBillAmount, QStringLiteral("0"));
-    }
-}
-
-} // namespace
 
 Cells emptyBillList()
 {
@@ -75,35 +15,10 @@ Cells emptyBillList()
     return bills;
 }
 
-bool isListedAsStored(const Cells &bills, int row, const StoredBill &bill)
-{
-    enum StoredColumn { Id, Firm, Year, Party, Series, Number, Date, Place, TaxWord, Narration, Count };
-    constexpr std::pair<int, StoredColumn> columns[] = {
-        {ListBillSrNo, Id}, {ListPartyCode, Party}, {ListBillSerId, Series},   {ListBillNo, Number},
-        {ListPlace, Place}, {ListTaxType, TaxWord}, {ListNarration, Narration}};
-    if (bill.header.size() != Count)
-        return false;
-    return bills.text(row, ListBillDate) == shownDate(bill.header.at(Date))
-           && std::ranges::all_of(
-               columns, [&](const auto &pair) { return bills.text(row, pair.first) == bill.header.at(pair.second); });
-}
-
 void loadBillList(Connection &db, Cells &bills, const Cells &parties, int firmId, int year, int id, bool clientWise)
 {
-    if (id == 0)
-        bills.clearData();
-    else
-        removeDocument(bills, ListBillSrNo, id);
-    const int firstRow = bills.rows();
-    Recordset stored = billsOfYear(db, firmId, year, id);
-    if (const QString ids = idsOf(stored); !ids.isEmpty()) {
-        PendingQuery totals = billTotals(db, ids); // the server adds up while the list is made
-        addStoredBills(bills, stored);
-        fillPartyNames(bills, billListColumns, parties, firstRow);
-        Recordset sums = totals.answer();
-        fillAmounts(bills, billListColumns, sums);
-    }
-    sortDocuments(bills, billListColumns, clientWise);
+    loadDocumentList(bills, billListKind, parties, id, clientWise, billsOfYear(db, firmId, year, id),
+                     [&db](const QString &ids) { return billTotals(db, ids); });
 }
 
 } // namespace ledgora

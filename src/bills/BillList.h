@@ -23,14 +23,14 @@ enum BillListColumn {
 };
 
 inline constexpr DocumentListColumns billListColumns{.name = ListReceiverName, .amount = ListBillAmount};
+inline constexpr ListedColumn listedBillColumns[] = {{ListBillSrNo, "BillSrNo", 0},   {ListPartyCode, "Code_No", 3},
+                                                     {ListBillSerId, "BillSerId", 4}, {ListBillNo, "BillNo", 5},
+                                                     {ListPlace, "PlaceOfServ", 7},   {ListTaxType, "AppTaxType", 8},
+                                                     {ListNarration, "Narr", 9}};
+inline constexpr DocumentListKind billListKind{billListColumns, listedBillColumns, {ListBillDate, "BillDt", 6}};
 
 /// The list with its heading, without bills.
 Cells emptyBillList();
-
-struct StoredBill;
-
-/// Whether the row of the list still says what is stored.
-bool isListedAsStored(const Cells &bills, int row, const StoredBill &bill);
 
 /// Rebuilds the list of the year's bills (`id` 0), or refreshes one bill in it with as few queries: one for the
 /// bills, one for all their totals. `parties` is the directory.

@@ -37,12 +37,9 @@ QString exceptItself(const BillDraft &bill)
     return bill.id > 0 ? QString(" and BillSrNo<>" + number(bill.id)) : QString();
 }
 
-std::optional<Neighbour> firstNeighbour(Recordset found)
+std::optional<Neighbour> nearestBill(Connection &db, const QString &query)
 {
-    if (!found.next())
-        return std::nullopt;
-    return Neighbour{found.text(QStringLiteral("BillNo")),
-                     formatDate(dateFromStore(found.text(QStringLiteral("BillDt"))), QStringLiteral("DD/MM/YYYY"))};
+    return firstNeighbour(db.Open(query), QStringLiteral("BillNo"), QStringLiteral("BillDt"));
 }
 
 QString updateHeader(const BillDraft &bill)
@@ -98,14 +95,6 @@ SaveResult saveHeader(Connection &db, const BillDraft &bill)
     return {inserted.id, inserted.inserted, {}};
 }
 
-QStringList firstColumn(Recordset rows)
-{
-    QStringList texts;
-    while (rows.next())
-        texts << rows.text(0);
-    return texts;
-}
-
 BillFault notWaitedFor()
 {
     return {QLatin1String(notWaitedForMessage), QStringLiteral("cmdupdate")};
@@ -134,14 +123,14 @@ std::optional<BillFault> storedFault(Connection &db, const BillDraft &bill)
 
 std::optional<Neighbour> lowerWithLaterDate(Connection &db, const BillDraft &bill)
 {
-    return firstNeighbour(db.Open(sameSeries(bill) + " and (BillNo<" + numberText(bill) + " and BillDt>"
-                                  + storedDate(bill) + ')' + exceptItself(bill) + " Order by BillNo DESC,BillSrNo"));
+    return nearestBill(db, sameSeries(bill) + " and (BillNo<" + numberText(bill) + " and BillDt>" + storedDate(bill)
+                               + ')' + exceptItself(bill) + " Order by BillNo DESC,BillSrNo");
 }
 
 std::optional<Neighbour> higherWithEarlierDate(Connection &db, const BillDraft &bill)
 {
-    return firstNeighbour(db.Open(sameSeries(bill) + " and (BillNo>" + numberText(bill) + " and BillDt<"
-                                  + storedDate(bill) + ')' + exceptItself(bill) + " Order by BillNo ASC,BillSrNo"));
+    return nearestBill(db, sameSeries(bill) + " and (BillNo>" + numberText(bill) + " and BillDt<" + storedDate(bill)
+                               + ')' + exceptItself(bill) + " Order by BillNo ASC,BillSrNo");
 }
 
 QString billHeaderValues(const BillDraft &bill, int id)
@@ -241,21 +230,10 @@ PendingQuery billTotals(Connection &db, const QString &ids)
                    + ") GROUP BY BillId ORDER BY BillId");
 }
 
-std::optional<StoredBill> billAsStored(Connection &db, int billId)
+std::optional<StoredDocument> billAsStored(Connection &db, int billId)
 {
-    const auto allTexts = [](Recordset &rows) {
-        QStringList texts;
-        while (rows.next()) {
-            for (int column = 0; column < rows.columns(); ++column)
-                texts << rows.text(column);
-        }
-        return texts;
-    };
-    Recordset header = db.Open("Select * from GST_BillM Where BillSrNo=" + number(billId));
-    Recordset lines = db.Open("Select * from GST_BillD Where BillId=" + number(billId) + " Order By SrNo");
-    if (header.failed() || lines.failed())
-        return std::nullopt;
-    return StoredBill{allTexts(header), allTexts(lines)};
+    return storedDocument(db.Open("Select * from GST_BillM Where BillSrNo=" + number(billId)),
+                          db.Open("Select * from GST_BillD Where BillId=" + number(billId) + " Order By SrNo"));
 }
 
 QStringList earlierParticulars(Connection &db)

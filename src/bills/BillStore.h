@@ -1,38 +1,20 @@
 #pragma once
 
 #include "bills/BillChecks.h"
+#include "bills/DocumentStore.h"
 #include "store/Connection.h"
-#include <QStringList>
 
 namespace ledgora {
 
 class Connection;
 
-inline constexpr auto notWaitedForMessage =
-    "The database was not waited for. Nothing was saved; what was typed is still here.";
-
 /// Faults that only the database can tell: less than was received on the bill, a number in use. A check that the user
 /// did not wait for is a fault too: a bill that was not checked is not saved.
 std::optional<BillFault> storedFault(Connection &db, const BillDraft &bill);
 
-/// A bill of the same company, year and series whose number and date are out of order with the one being saved.
-struct Neighbour
-{
-    QString number;
-    QString date; ///< DD/MM/YYYY
-};
 /// The nearest lower number with a later date, and the nearest higher number with an earlier one.
 std::optional<Neighbour> lowerWithLaterDate(Connection &db, const BillDraft &bill);
 std::optional<Neighbour> higherWithEarlierDate(Connection &db, const BillDraft &bill);
-
-/// What came of a save. A bill is not written as one unit: `notIn` names, for the user, what did not go in.
-struct SaveResult
-{
-    int id = 0;            ///< 0 when no id could be allotted: nothing was written
-    bool headerIn = false; ///< from here on the bill exists under `id`
-    QStringList notIn;
-    bool whole() const { return id > 0 && headerIn && notIn.isEmpty(); }
-};
 
 /// What a save writes: the values of the bill's row in `GST_BillM`, and those of one row in `GST_BillD` for each line
 /// with particulars, serials from 1; each in brackets, as they stand behind "Insert Into ... Values".
@@ -59,16 +41,8 @@ void readBillLines(Connection &db, int billId, TaxType type, Cells &lines);
 Recordset billsOfYear(Connection &db, int firmId, int year, int id);
 PendingQuery billTotals(Connection &db, const QString &ids);
 
-/// A bill as it lies in the tables now, to see whether another user changed it since it was read; without texts when
-/// it is gone.
-struct StoredBill
-{
-    QStringList header; ///< columns of `GST_BillM` as stored
-    QStringList lines;  ///< columns of each line in order
-    bool operator==(const StoredBill &) const = default;
-};
-/// Nothing when it could not be read.
-std::optional<StoredBill> billAsStored(Connection &db, int billId);
+/// The bill as it lies in the tables now; nothing when it could not be read.
+std::optional<StoredDocument> billAsStored(Connection &db, int billId);
 
 /// Earlier particulars and narrations of all companies, each once, in order.
 QStringList earlierParticulars(Connection &db);

@@ -1,11 +1,86 @@
 #include "bills/DocumentList.h"
 
+#include "bills/DocumentStore.h"
+#include "store/Connection.h"
+#include "store/Dates.h"
 #include "store/NumberFormat.h"
 #include <QHash>
 #include <algorithm>
 #include <vector>
 
 namespace ledgora {
+
+namespace {
+
+/// The ids of the rows, separated by commas.
+QString idsOf(Recordset &stored, const DocumentListKind &kind)
+{
+    const int id = stored.column(QLatin1String(kind.listed.front().name));
+    QString ids;
+    while (stored.next()) {
+        if (!ids.isEmpty())
+            ids += u',';
+        ids += stored.text(id);
+    }
+    stored.rewind();
+    return ids;
+}
+
+/// Adds a row for each stored document.
+void addStored(Cells &list, const DocumentListKind &kind, Recordset &stored)
+{
+    std::vector<int> sources;
+    for (const ListedColumn &column : kind.listed)
+        sources.push_back(stored.column(QLatin1String(column.name)));
+    const int date = stored.column(QLatin1String(kind.date.name));
+    const int firstRow = list.rows();
+    list.setRows(firstRow + int(stored.recordCount()));
+    QString day; // documents of one day come together
+    QString dayShown;
+    for (int row = firstRow; stored.next(); ++row) {
+        for (size_t i = 0; i < sources.size(); ++i)
+            list.setText(row, kind.listed[i].cell, stored.text(sources[i]));
+        if (const QString storedDay = stored.text(date); storedDay != day) {
+            day = storedDay;
+            dayShown = listedDate(day);
+        }
+        list.setText(row, kind.date.cell, dayShown);
+        list.setText(row, kind.columns.amount, QStringLiteral("0"));
+    }
+}
+
+} // namespace
+
+QString listedDate(const QString &stored)
+{
+    return formatDate(dateFromStore(stored), QStringLiteral("dd/MM/yyyy"));
+}
+
+void loadDocumentList(Cells &list, const DocumentListKind &kind, const Cells &parties, int id, bool clientWise,
+                      Recordset stored, const std::function<PendingQuery(const QString &ids)> &totals)
+{
+    if (id == 0)
+        list.clearData();
+    else
+        removeDocument(list, kind.columns.id, id);
+    const int firstRow = list.rows();
+    if (const QString ids = idsOf(stored, kind); !ids.isEmpty()) {
+        PendingQuery sums = totals(ids); // the server adds up while the list is made
+        addStored(list, kind, stored);
+        fillPartyNames(list, kind.columns, parties, firstRow);
+        Recordset answer = sums.answer();
+        fillAmounts(list, kind.columns, answer);
+    }
+    sortDocuments(list, kind.columns, clientWise);
+}
+
+bool isListedAsStored(const Cells &list, int row, const DocumentListKind &kind, const StoredDocument &document)
+{
+    return list.text(row, kind.date.cell) == listedDate(document.header.value(kind.date.place))
+           && std::ranges::all_of(kind.listed, [&](const ListedColumn &column) {
+                  return list.text(row, column.cell) == document.header.value(column.place);
+              });
+}
 
 void fillPartyNames(Cells &list, const DocumentListColumns &columns, const Cells &parties, int firstRow)
 {

@@ -10,11 +10,6 @@ namespace {
 
 constexpr int firstYear = 2017;
 
-qsizetype digitsIn(const QString &text)
-{
-    return std::ranges::count_if(text, [](QChar c) { return c >= u'0' && c <= u'9'; });
-}
-
 QDate firstDay(int year)
 {
     return {year, year == firstYear ? 7 : 4, 1};
@@ -44,9 +39,15 @@ QString documentNumberFault(const QString &text, const QString &noun)
     return {};
 }
 
+bool isWholeDate(const QString &text)
+{
+    constexpr auto dateDigits = 8;
+    return std::ranges::count_if(text, [](QChar c) { return c >= u'0' && c <= u'9'; }) >= dateDigits;
+}
+
 QString completedDate(const QString &text, int year)
 {
-    if (digitsIn(text) >= 8)
+    if (isWholeDate(text))
         return text;
     QString lastYear = QString::number(year + 1);
     const QString completed = CONVERTDATE(unmasked(text), QStringLiteral("DD/MM/YYYY"), lastYear);
@@ -55,7 +56,7 @@ QString completedDate(const QString &text, int year)
 
 QString documentDateFault(const QString &text, int year, const QString &noun)
 {
-    if (digitsIn(text) < 8)
+    if (!isWholeDate(text))
         return QStringLiteral("Please Specify a Valid '%1 Date'.").arg(noun);
     const QDate day = DateFromText(text);
     if (day.isValid() && day >= firstDay(year) && day <= QDate(year + 1, 3, 31))

@@ -14,6 +14,9 @@ inline constexpr int documentNumberDigits = 9; ///< a bill or receipt number tak
 /// "" for a number of digits that does not begin with 0, else the message.
 QString documentNumberFault(const QString &text, const QString &noun);
 
+/// Whether a date field's text has all its eight digits.
+bool isWholeDate(const QString &text);
+
 /// The date field's text with a short date ("1/6") completed in the financial year that starts in `year`; texts of
 /// eight digits and more stay. `text` may hold the blanks of the field's mask.
 QString completedDate(const QString &text, int year);

@@ -8,7 +8,6 @@
 #include "platform/Reporter.h"
 #include "store/Connection.h"
 #include "store/ErrorLog.h"
-#include "store/NewId.h"
 #include "store/NumberFormat.h"
 #include "store/StateList.h"
 #include "ui_frmBillGST.h"
@@ -30,17 +29,17 @@ void frmBillGST::FORM_LOAD()
     const ErrorSite site("frmBillGST", "FORM_LOAD");
     gHostObj->Resize_For_Resolution(*this);
     setWindowTitle(QStringLiteral("GST Billing - ") + gFirmName);
-    setUpDocument({ui->cbofyr,        ui->cbosr,         ui->txtbillno,   ui->txtbilldt, ui->txtpartynm,
-                   ui->txtpartyPAN,   ui->txtpartygstin, ui->txtpartyadd, ui->txtNarr,   ui->famedit,
-                   ui->chkClientWise, ui->lblKeys,       ui->lblStatus,   ui->cmdnext,   ui->cmdprev,
-                   ui->cmdshlist,     ui->cmdAdd,        ui->cmdmodify,   ui->cmddelete, ui->cmdupdate,
-                   ui->cmdCancel,     ui->cmdPreview,    ui->cmdback},
+    setUpDocument({ui->cbofyr,        ui->cbosr,       ui->txtbillno, ui->txtbilldt, ui->txtpartynm,    ui->txtpartyPAN,
+                   ui->txtpartygstin, ui->txtpartyadd, ui->txtNarr,   ui->famedit,   ui->chkClientWise, ui->lblKeys,
+                   ui->lblStatus,     ui->cmdnext,     ui->cmdprev,   ui->cmdshlist, ui->cmdAdd,        ui->cmdmodify,
+                   ui->cmddelete,     ui->cmdupdate,   ui->cmdCancel, ui->cmdback,   ui->cmdPreview},
                   {.noun = QStringLiteral("Bill"),
                    .seriesKind = QStringLiteral("B"),
-                   .columns = billListColumns,
+                   .list = billListKind,
                    .seriesColumn = ListBillSerId,
                    .narrationColumn = ListNarration,
                    .listName = QStringLiteral("vsListB"),
+                   .f12Effect = "Lists the particulars or narrations used before",
                    .emptyList = emptyBillList()});
     LOADSTATELISTGST(*ui->cboPOS);
     ui->cboTaxType->addItems({QStringLiteral("Intra-State (CGST/SGST)"), QStringLiteral("Inter-State (IGST)"),
@@ -123,9 +122,10 @@ void frmBillGST::CMDUPDATE_CLICK()
         return pointAt(*fault);
     if (const auto fault = storedFault(*gCnn, draft)) // receipts already taken, number in use
         return pointAt(*fault);
-    if (!agreesToOutOfOrder(draft))
+    if (!agreesToOutOfOrder(lowerWithLaterDate(*gCnn, draft), true)
+        || !agreesToOutOfOrder(higherWithEarlierDate(*gCnn, draft), false))
         return;
-    const bool overwritten = m_editedId > 0 && wasChangedByOthers(m_editedId);
+    const bool overwritten = wasChangedByOthers();
     const SaveResult saved = saveBill(*gCnn, draft);
     if (!saved.whole())
         return keepEntry(saved);
@@ -133,47 +133,7 @@ void frmBillGST::CMDUPDATE_CLICK()
     CMDCANCEL_CLICK();
     say(QStringLiteral("Bill No. %1 saved, Rs. %2.")
             .arg(draft.number, FORMETGEN(draft.lines.text(billTotalRow, TotalColumn), QStringLiteral("#,##0")))
-        + (overwritten ? QStringLiteral(" Another user had changed it meanwhile; your entry has replaced his.")
-                       : QString()));
-}
-
-/// Numbers out of the order of their dates are advice, not a rule: each of the two questions can be answered Yes.
-bool frmBillGST::agreesToOutOfOrder(const BillDraft &draft)
-{
-    const auto agrees = [&](const std::optional<Neighbour> &found, bool lower) {
-        if (gCnn->wasInterrupted()) {
-            inform(QLatin1String(notWaitedForMessage), ui->cmdupdate);
-            return false;
-        }
-        return !found
-               || ask(outOfOrderQuestion(QStringLiteral("Bill"), lower, found->number, found->date, draft.number,
-                                         draft.date),
-                      QMessageBox::No);
-    };
-    return agrees(lowerWithLaterDate(*gCnn, draft), true) && agrees(higherWithEarlierDate(*gCnn, draft), false);
-}
-
-/// Advice only: the last writer wins. What is stored now counts as seen from here on.
-bool frmBillGST::wasChangedByOthers(int billId)
-{
-    const auto now = billAsStored(*gCnn, billId);
-    return now && std::exchange(m_seen, now) != now;
-}
-
-/// A save that did not go in whole: say what is missing and leave everything typed where it is. With the header in,
-/// pressing Update again changes that bill instead of making a second one.
-void frmBillGST::keepEntry(const SaveResult &saved)
-{
-    if (saved.id < 1)
-        return alarm(QLatin1String(invalidIdMessage));
-    if (saved.headerIn) {
-        m_editedId = saved.id;
-        LOADBILLGRID(saved.id);
-        m_seen = billAsStored(*gCnn, saved.id); // what is missing is nobody else's doing
-    }
-    alarm(QStringLiteral("The database did not take everything. Not saved: %1.\n\nWhat was typed is still here; press "
-                         "Update to try again.")
-              .arg(saved.notIn.join(QStringLiteral(", "))));
+        + replacedNote(overwritten));
 }
 
 void frmBillGST::pointAt(const BillFault &fault)
@@ -189,7 +149,7 @@ void frmBillGST::pointAt(const BillFault &fault)
 BillDraft frmBillGST::read() const
 {
     BillDraft draft;
-    draft.id = m_editedId;
+    draft.id = editedId();
     draft.firmId = gFirmId;
     draft.year = year();
     draft.code = partyCode();
@@ -225,11 +185,6 @@ void frmBillGST::showPanel(int listRow)
     ui->vsB->change([&](Cells &lines) { readBillLines(*gCnn, currentId(), type, lines); });
     SETTAXCOLS();
     recomputeTotals();
-    m_seen = billAsStored(*gCnn, currentId());
-    if (m_seen && !isListedAsStored(list, listRow, *m_seen))
-        say(m_seen->header.isEmpty() ? QStringLiteral("Another user has deleted this bill.")
-                                     : QStringLiteral("Another user has changed this bill since the list was read; "
-                                                      "choose the year again to see it as it is."));
 }
 
 void frmBillGST::yearChanged(int year)
@@ -239,7 +194,6 @@ void frmBillGST::yearChanged(int year)
 
 void frmBillGST::beginAdd()
 {
-    m_editedId = 0;
     m_particulars->clear();
     ui->vsB->change([](Cells &lines) { ADDDEFROWSB(lines); });
     toFirstLine();
@@ -248,13 +202,10 @@ void frmBillGST::beginAdd()
 
 void frmBillGST::beginModify()
 {
-    m_editedId = currentId();
-    if (wasChangedByOthers(m_editedId))
-        say(QStringLiteral("Another user has changed this bill since it was shown here. Update replaces his entry."));
     m_particulars->clear();
     ui->vsB->change([](Cells &lines) { ADDDEFROWSB(lines); });
     // A bill that was paid can not change hands or date.
-    const bool paid = hasReceipts(*gCnn, m_editedId);
+    const bool paid = hasReceipts(*gCnn, editedId());
     ui->txtpartynm->setDisabled(paid);
     ui->txtbilldt->setDisabled(paid);
     toFirstLine();
@@ -282,6 +233,11 @@ bool frmBillGST::removeStored(int id)
         alarm(QStringLiteral(
             "The database did not delete the whole bill. The list shows what is left; please try again."));
     return true;
+}
+
+std::optional<StoredDocument> frmBillGST::asStored(int id)
+{
+    return billAsStored(*gCnn, id);
 }
 
 void frmBillGST::partyLeft()

@@ -11,7 +11,6 @@ class frmBillGST;
 }
 
 struct BillFault;
-struct SaveResult;
 struct BillDocument;
 
 /// Entry, browsing, changing and deleting of one company's tax invoices of a financial year.
@@ -41,9 +40,6 @@ private:
     BillDraft read() const;
     BillDocument documentFromScreen() const;
     void pointAt(const BillFault &fault);
-    bool agreesToOutOfOrder(const BillDraft &draft);
-    void keepEntry(const SaveResult &saved);
-    bool wasChangedByOthers(int billId);
     std::optional<TaxType> taxType() const;
     void toFirstLine();
 
@@ -59,13 +55,12 @@ private:
     QStringList narrationsUsed() override;
     void updatePressed() override { CMDUPDATE_CLICK(); }
     void previewPressed() override { CMDPREVIEW_CLICK(); }
+    std::optional<StoredDocument> asStored(int id) override;
     void placeList() override;
     bool closeOwnPopup() override;
 
     std::unique_ptr<Ui::frmBillGST> ui;
     QListWidget *m_particulars = nullptr;
-    int m_editedId = 0;               ///< bill in edit; 0 for a new one
-    std::optional<StoredBill> m_seen; ///< the bill shown, as it was read; other users may change it meanwhile
 };
 
 } // namespace ledgora

@@ -48,26 +48,39 @@ bool DocumentScreen::partyKey(QKeyEvent *key)
 {
     if (!isEditing())
         return false;
-    const int first = m_parties->cells().fixedRows();
-    const int last = m_parties->cells().rows() - 1;
-    const int row = m_parties->row();
-    switch (key->key()) {
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-        m_fields.series->setFocus();
-        return true;
+    if (key->key() != Qt::Key_Return && key->key() != Qt::Key_Enter)
+        return moveInList(*m_parties, *key);
+    m_fields.series->setFocus();
+    return true;
+}
+
+bool DocumentScreen::moveInList(Grid &list, const QKeyEvent &key)
+{
+    const Cells &cells = list.cells();
+    const int end = cells.rows();
+    /// The nearest row that shows from `row` on in a direction; -1 past the end.
+    const auto shown = [&](int row, int step) {
+        while (cells.isData(row) && cells.isHidden(row))
+            row += step;
+        return cells.isData(row) ? row : -1;
+    };
+    const int first = shown(cells.fixedRows(), 1);
+    const int last = shown(end - 1, -1);
+    const int row = list.row();
+    const auto otherwise = [](int found, int instead) { return found >= 0 ? found : instead; };
+    switch (key.key()) {
     case Qt::Key_Up:
-        m_parties->setRow(row <= first ? last : row - 1);
+        list.setRow(row < 0 ? last : otherwise(shown(row - 1, -1), last));
         return true;
     case Qt::Key_Down:
-        m_parties->setRow(row < first || row >= last ? first : row + 1);
+        list.setRow(row < 0 ? first : otherwise(shown(row + 1, 1), first));
         return true;
     case Qt::Key_PageDown:
-        m_parties->setRow(std::min(last, m_parties->lastVisibleRow()));
-        m_parties->scrollTo(m_parties->currentIndex(), QAbstractItemView::PositionAtTop);
+        list.setRow(std::min(last, list.lastVisibleRow()));
+        list.scrollTo(list.currentIndex(), QAbstractItemView::PositionAtTop);
         return true;
     case Qt::Key_PageUp:
-        m_parties->setRow(std::max(first, row - (m_parties->lastVisibleRow() - row)));
+        list.setRow(otherwise(shown(row - (list.lastVisibleRow() - row), -1), first));
         return true;
     default:
         return false;
@@ -121,10 +134,14 @@ void DocumentScreen::placePopup(QWidget *popup, QWidget *under, QSize size)
     m_fields.editPanel->layout()->activate(); // fields that have just opened may still be moving
     const int rowHeight = popup->fontMetrics().height() + 8;
     const QPoint below = under->mapTo(this, QPoint(0, under->height() + 1));
-    const int height =
-        std::min(size.height() > 0 ? size.height() : (popupRows + 1) * rowHeight, this->height() - below.y() - 4);
+    const int roomBelow = height() - below.y() - 4;
+    const int roomAbove = below.y() - under->height() - 2;
+    const int wanted = size.height() > 0 ? size.height() : (popupRows + 1) * rowHeight;
+    const bool above = wanted > roomBelow && roomAbove > roomBelow;
+    const int popupHeight = std::min(wanted, above ? roomAbove : roomBelow);
     const int width = std::clamp(size.width(), 320, this->width() - 8);
-    popup->setGeometry(std::min(below.x(), this->width() - width - 4), below.y(), width, height);
+    popup->setGeometry(std::min(below.x(), this->width() - width - 4), above ? roomAbove - popupHeight : below.y(),
+                       width, popupHeight);
 }
 
 void DocumentScreen::GETLISTN()

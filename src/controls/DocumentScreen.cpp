@@ -66,7 +66,7 @@ void DocumentScreen::setUpDocument(const DocumentFields &fields, Kind kind)
     tellKeys({
         {m_fields.editPanel, "Enter", "Goes to the next field or cell"},
         {m_fields.editPanel, "Up, Down, Page Up, Page Down", "Move in the list of clients while a name is typed"},
-        {m_fields.editPanel, "F12", "Lists the particulars or narrations used before"},
+        {m_fields.editPanel, "F12", m_kind.f12Effect},
         {m_fields.editPanel, "Esc", "Closes a list, else cancels the entry"},
         {m_fields.add, "Esc", "Closes the list, else the screen"},
     });
@@ -82,7 +82,8 @@ void DocumentScreen::connectCommands()
     command(m_fields.remove, [this] { CMDDELETE_CLICK(); });
     command(m_fields.update, [this] { updatePressed(); });
     command(m_fields.cancel, [this] { CMDCANCEL_CLICK(); });
-    command(m_fields.preview, [this] { previewPressed(); });
+    if (m_fields.preview)
+        command(m_fields.preview, [this] { previewPressed(); });
     command(m_fields.back, [this] { close(); });
 }
 
@@ -95,16 +96,15 @@ void DocumentScreen::connectFields()
     field(m_fields.number).validate = [this] {
         return !isEditing() || m_fields.number->text().isEmpty() || checkNumber();
     };
-    field(m_fields.number).keyDown = [this](QKeyEvent *key) {
-        const QString typed = key->text();
-        const bool digit = typed.size() == 1 && typed.at(0) >= u'0' && typed.at(0) <= u'9'; // no other script's
-        const bool refused =
-            isTypedCharacter(typed) && !digit && !(key->modifiers() & (Qt::ControlModifier | Qt::AltModifier));
-        if (refused)
-            inform(QStringLiteral("Enter Numeric Value."), m_fields.number);
-        return refused;
+    digitsOnly(m_fields.number);
+    field(m_fields.date).validate = [this] {
+        if (!isEditing())
+            return true;
+        const bool valid = m_fields.date->date().isEmpty() || checkDate();
+        if (valid)
+            dateLeft();
+        return valid;
     };
-    field(m_fields.date).validate = [this] { return !isEditing() || m_fields.date->date().isEmpty() || checkDate(); };
     field(m_fields.narration).keyDown = [this](QKeyEvent *key) {
         const bool list = key->key() == Qt::Key_F12 && key->modifiers() == Qt::NoModifier && isEditing();
         if (list)
@@ -119,6 +119,19 @@ void DocumentScreen::connectFields()
     field(m_list).lostFocus = [this] {
         if (m_list->isVisible() && !m_fields.showList->hasFocus())
             hideDocumentList();
+    };
+}
+
+void DocumentScreen::digitsOnly(QLineEdit *line)
+{
+    field(line).keyDown = [this, line](QKeyEvent *key) {
+        const QString typed = key->text();
+        const bool digit = typed.size() == 1 && typed.at(0) >= u'0' && typed.at(0) <= u'9'; // no other script's
+        const bool refused =
+            isTypedCharacter(typed) && !digit && !(key->modifiers() & (Qt::ControlModifier | Qt::AltModifier));
+        if (refused)
+            inform(QStringLiteral("Enter Numeric Value."), line);
+        return refused;
     };
 }
 
@@ -167,8 +180,10 @@ void DocumentScreen::SETBUTTONS(bool browse)
     const std::initializer_list<QWidget *> browsing{
         m_fields.year,       m_fields.add,      m_fields.modify, m_fields.remove,  m_fields.showList,
         m_fields.clientWise, m_fields.previous, m_fields.next,   m_fields.preview, m_fields.back};
-    for (QWidget *widget : browsing)
-        widget->setEnabled(browse);
+    for (QWidget *widget : browsing) {
+        if (widget)
+            widget->setEnabled(browse);
+    }
     for (QWidget *widget : std::initializer_list<QWidget *>{m_fields.editPanel, m_fields.update, m_fields.cancel})
         widget->setEnabled(!browse);
     m_fields.keysHint->setVisible(!browse);
@@ -187,6 +202,7 @@ void DocumentScreen::CMDADD_CLICK()
     m_fields.number->setText(QString::number(highestNumber() + 1));
     m_fields.date->setDate(proposedDate(year(), today()));
     m_isAdding = true;
+    m_editedId = 0;
     SETBUTTONS(false);
     beginAdd();
 }
@@ -199,6 +215,7 @@ void DocumentScreen::CMDMODIFY_CLICK()
     m_narrations->clear();
     m_isAdding = false;
     SETBUTTONS(false);
+    noteModified();
     beginModify();
 }
 
@@ -206,7 +223,7 @@ void DocumentScreen::CMDDELETE_CLICK()
 {
     if (!hasCurrent())
         return;
-    const QString number = m_list->cells().text(m_list->row(), m_kind.columns.number);
+    const QString number = m_list->cells().text(m_list->row(), m_kind.list.columns.number);
     if (!ask(QStringLiteral("Do you want to Delete the Selected %1 No. %2?").arg(m_kind.noun, number), QMessageBox::No))
         return;
     const int id = currentId();
@@ -232,7 +249,7 @@ void DocumentScreen::CMDSHLIST_CLICK()
         hideDocumentList();
         return;
     }
-    m_list->setRow(m_list->cells().find(m_fields.number->hiddenValue(), m_kind.columns.id));
+    m_list->setRow(m_list->cells().find(m_fields.number->hiddenValue(), m_kind.list.columns.id));
     placeList();
     m_list->show();
     m_list->raise();
@@ -243,7 +260,7 @@ void DocumentScreen::CMDSHLIST_CLICK()
 /// The cursor goes back to the document on show, and the list away.
 void DocumentScreen::hideDocumentList()
 {
-    m_list->setRow(m_list->cells().find(m_fields.number->hiddenValue(), m_kind.columns.id));
+    m_list->setRow(m_list->cells().find(m_fields.number->hiddenValue(), m_kind.list.columns.id));
     m_list->hide();
     m_fields.showList->setText(QLatin1String(showListCaption));
 }
@@ -266,8 +283,8 @@ void DocumentScreen::moveTo(int delta)
 void DocumentScreen::sortClientWise()
 {
     const QString shown = m_fields.number->hiddenValue();
-    m_list->change([this](Cells &list) { sortDocuments(list, m_kind.columns, m_fields.clientWise->isChecked()); });
-    m_list->setRow(m_list->cells().find(shown, m_kind.columns.id));
+    m_list->change([this](Cells &list) { sortDocuments(list, m_kind.list.columns, m_fields.clientWise->isChecked()); });
+    m_list->setRow(m_list->cells().find(shown, m_kind.list.columns.id));
     m_fields.previous->setEnabled(!isEditing() && m_list->cells().isData(m_list->row() - 1));
     m_fields.next->setEnabled(!isEditing() && m_list->cells().isData(m_list->row() + 1));
     if (m_fields.showList->text() != QLatin1String(hideListCaption))
@@ -278,7 +295,7 @@ void DocumentScreen::sortClientWise()
 
 void DocumentScreen::selectAfterRefresh(int id, int rememberedRow)
 {
-    m_list->setRow(rowAfterRefresh(m_list->cells(), m_kind.columns.id, id, rememberedRow));
+    m_list->setRow(rowAfterRefresh(m_list->cells(), m_kind.list.columns.id, id, rememberedRow));
 }
 
 void DocumentScreen::showCurrent()
@@ -298,13 +315,14 @@ void DocumentScreen::showCurrent()
     m_fields.next->setEnabled(!isEditing() && hasCurrent() && list.isData(row + 1));
     if (!hasCurrent())
         return;
-    m_fields.number->setHiddenValue(list.text(row, m_kind.columns.id));
-    takeParty(m_parties->cells().find(list.text(row, m_kind.columns.party), PartyCode));
+    m_fields.number->setHiddenValue(list.text(row, m_kind.list.columns.id));
+    takeParty(m_parties->cells().find(list.text(row, m_kind.list.columns.party), PartyCode));
     m_fields.series->setCurrentIndex(GETSRINDEX(int(list.value(row, m_kind.seriesColumn))));
-    m_fields.number->setText(list.text(row, m_kind.columns.number));
-    m_fields.date->setDate(CONVERTDATE(list.text(row, m_kind.columns.date)));
+    m_fields.number->setText(list.text(row, m_kind.list.columns.number));
+    m_fields.date->setDate(CONVERTDATE(list.text(row, m_kind.list.columns.date)));
     m_fields.narration->setText(list.text(row, m_kind.narrationColumn));
     showPanel(row);
+    noteStored();
 }
 
 bool DocumentScreen::checkNumber()
@@ -344,7 +362,7 @@ int DocumentScreen::seriesId() const
 
 int DocumentScreen::currentId() const
 {
-    return hasCurrent() ? int(m_list->cells().value(m_list->row(), m_kind.columns.id)) : 0;
+    return hasCurrent() ? int(m_list->cells().value(m_list->row(), m_kind.list.columns.id)) : 0;
 }
 
 bool DocumentScreen::hasCurrent() const

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "bills/DocumentList.h"
+#include "bills/DocumentStore.h"
 #include "controls/Screen.h"
 #include "store/Cells.h"
 
@@ -28,7 +29,8 @@ struct DocumentFields
     QWidget *editPanel;
     QCheckBox *clientWise;
     QLabel *keysHint, *status;
-    CommandButton *next, *previous, *showList, *add, *modify, *remove, *update, *cancel, *preview, *back;
+    CommandButton *next, *previous, *showList, *add, *modify, *remove, *update, *cancel, *back;
+    CommandButton *preview = nullptr; ///< nothing on a screen without one
 };
 
 /// The base of the entry screens for bills and receipts: year and series lists, type-ahead on the party directory,
@@ -46,10 +48,11 @@ protected:
     {
         QString noun;       ///< "Bill"
         QString seriesKind; ///< `BR` of its series: "B"
-        DocumentListColumns columns;
+        DocumentListKind list;
         int seriesColumn = 2;
-        int narrationColumn = 8;
-        QString listName; ///< object name of the list grid
+        int narrationColumn;
+        QString listName;      ///< object name of the list grid
+        const char *f12Effect; ///< what F12 does, for the window of keys
         Cells emptyList;
     };
 
@@ -68,9 +71,12 @@ protected:
     virtual int highestNumber() = 0;         ///< of company and year, over all series
     virtual bool removeStored(int id) = 0;   ///< deletes the document and tells a failure; False when it was refused
     virtual void partyLeft() {}              ///< the party field was left
+    virtual void dateLeft() {}               ///< the date field was left, with a date of the year or empty
     virtual QStringList narrationsUsed() = 0;
     virtual void updatePressed() = 0;
-    virtual void previewPressed() = 0;
+    virtual void previewPressed() {}
+    /// The document as the tables have it now; nothing when it could not be read.
+    virtual std::optional<StoredDocument> asStored(int id) = 0;
     virtual void placeList() = 0;                  ///< where the list lies
     virtual bool closeOwnPopup() { return false; } ///< Esc: True when a pop-up of the kind's own was closed
 
@@ -92,6 +98,18 @@ protected:
     bool checkNumber();
     bool checkDate();
 
+    /// Keys that type anything but a digit are refused in the field, with a message.
+    void digitsOnly(QLineEdit *line);
+
+    // Saving, and what other users did meanwhile (DocumentSaving.cpp).
+    bool agreesToOutOfOrder(const std::optional<Neighbour> &found, bool lower);
+    void keepEntry(const SaveResult &saved);
+    bool wasChangedByOthers(); ///< the document in edit, since it was last looked at
+    static QString replacedNote(bool overwritten);
+    void noteStored();   ///< remembers what is shown, and says when the list is out of date
+    void noteModified(); ///< begins the edit of the current one, and says when it changed since it was shown
+    int editedId() const { return m_editedId; } ///< 0 for a new one
+
     int year() const;      ///< starting year of the chosen financial year
     int seriesId() const;  ///< 0 for "(None)"
     int currentId() const; ///< id of the selected row of the list, 0 for none
@@ -108,8 +126,11 @@ protected:
     void selectAfterRefresh(int id, int rememberedRow);
     void say(const QString &status) const;
 
-    /// Puts a pop-up under a field, inside the screen, on top, without covering the field.
+    /// Puts a pop-up under a field, or above it where there is more room, inside the screen, without covering the
+    /// field.
     void placePopup(QWidget *popup, QWidget *under, QSize size);
+    /// Up, Down, Page Up and Page Down move the row of a list while a field has the keys; hidden rows are passed over.
+    static bool moveInList(Grid &list, const QKeyEvent &key);
     /// Fills a one-column pop-up once an edit, selects the row that equals `text` and shows it at `under`; the chosen
     /// row goes to `take`. Nothing happens for an empty list.
     void showTexts(QListWidget *popup, const QStringList &texts, const QString &text, QWidget *under, const QRect &at);
@@ -141,6 +162,8 @@ private:
     Grid *m_parties = nullptr;
     QListWidget *m_narrations = nullptr;
     bool m_isAdding = false;
+    int m_editedId = 0;
+    std::optional<StoredDocument> m_seen; ///< the document shown, as it was read; other users may change it meanwhile
 };
 
 } // namespace ledgora

@@ -59,8 +59,10 @@ void Screen::showAsDocument(QWidget &panel, bool browse)
     for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText})
         palette.setColor(QPalette::Disabled, role, palette.color(QPalette::Active, role));
     panel.setPalette(palette);
-    for (QLineEdit *line : panel.findChildren<QLineEdit *>())
-        line->setFrame(!browse && !line->isReadOnly());
+    for (QLineEdit *line : panel.findChildren<QLineEdit *>()) {
+        if (!qobject_cast<QComboBox *>(line->parentWidget())) // a list that takes free text has a frame of its own
+            line->setFrame(!browse && !line->isReadOnly());
+    }
     for (QComboBox *box : panel.findChildren<QComboBox *>())
         box->setFrame(!browse);
 }

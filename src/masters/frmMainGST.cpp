@@ -8,6 +8,7 @@
 #include "masters/OtherClientStore.h"
 #include "masters/frmLogin1.h"
 #include "platform/HostObject.h"
+#include "receipts/frmRecpGST.h"
 #include "store/Connection.h"
 #include "store/ErrorLog.h"
 #include "store/Identifiers.h"
@@ -58,6 +59,7 @@ void frmMainGST::connectHome()
     on(ui->vsFirm, &Grid::rowChanged, [this](int) { showChosenCompany(); });
     on(ui->vsFirm, &Grid::rowActivated, [this](int) { CMDBILLS_CLICK(); });
     command(ui->cmdBills, [this] { CMDBILLS_CLICK(); });
+    command(ui->cmdRecps, [this] { CMDRECPS_CLICK(); });
     command(ui->cmdBackMain, [this] { escapePressed(); });
     tellHomeKeys();
 }
@@ -174,19 +176,31 @@ bool frmMainGST::CHECKTMPLSETUP()
     return false;
 }
 
-void frmMainGST::CMDBILLS_CLICK()
+template<class EntryScreen>
+void frmMainGST::openScreen(QHash<int, QPointer<EntryScreen>> &screens)
 {
-    const ErrorSite site("frmMainGST", "CMDBILLS_CLICK");
     if (!ISSELECTEDFIRM() || !CHECKTMPLSETUP())
         return;
-    QPointer<frmBillGST> &screen = s_billScreens[gFirmId];
+    QPointer<EntryScreen> &screen = screens[gFirmId];
     if (!screen)
-        screen = new frmBillGST;
+        screen = new EntryScreen;
     if (gMdi)
         return gMdi->showScreen(*screen);
     screen->show();
     screen->raise();
     screen->activateWindow();
+}
+
+void frmMainGST::CMDBILLS_CLICK()
+{
+    const ErrorSite site("frmMainGST", "CMDBILLS_CLICK");
+    openScreen(s_billScreens);
+}
+
+void frmMainGST::CMDRECPS_CLICK()
+{
+    const ErrorSite site("frmMainGST", "CMDRECPS_CLICK");
+    openScreen(s_receiptScreens);
 }
 
 void frmMainGST::escapePressed()

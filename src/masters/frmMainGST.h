@@ -14,6 +14,7 @@ class ChoiceBox;
 class CommandButton;
 class Grid;
 class frmBillGST;
+class frmRecpGST;
 struct SeriesEntry;
 
 namespace Ui {
@@ -44,6 +45,10 @@ private:
     int chosenCompany() const;
     void showChosenCompany();
     void CMDBILLS_CLICK();
+    void CMDRECPS_CLICK();
+    /// Behind both gates: the screen of the chosen company, one for each company.
+    template<class EntryScreen>
+    void openScreen(QHash<int, QPointer<EntryScreen>> &screens);
 
     // Companies (CompanyFrames.cpp).
     void connectCompanies();
@@ -131,6 +136,7 @@ private:
     int m_editedId = 0;
     /// By company, for all home screens of the program: one closed and opened again finds the screens of the former.
     static inline QHash<int, QPointer<frmBillGST>> s_billScreens;
+    static inline QHash<int, QPointer<frmRecpGST>> s_receiptScreens;
 };
 
 } // namespace ledgora
