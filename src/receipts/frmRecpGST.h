@@ -76,7 +76,8 @@ private:
     void loadBills();
     void refreshBills();
     void CHECKRECPS();
-    bool checkOverpaid(int row, QWidget *field);
+    void refuse(LineField *field, const QString &message);
+    bool checkOverpaid(int row, LineField *field);
     void GETTAXAMTS();
     void GETTOTSR();
     int receiptId() const; ///< of the receipt on show, 0 for a new one

@@ -221,12 +221,19 @@ void frmRecpGST::CHECKRECPS()
     }
 }
 
-bool frmRecpGST::checkOverpaid(int row, QWidget *field)
+/// What was refused stays, selected: the next key types over it.
+void frmRecpGST::refuse(LineField *field, const QString &message)
+{
+    inform(message, field);
+    field->selectAll();
+}
+
+bool frmRecpGST::checkOverpaid(int row, LineField *field)
 {
     refreshBills();
     const bool valid = VALIDBILLAMT(m_bills->cells(), readRows()[size_t(row)]);
     if (!valid)
-        inform(QLatin1String(overpaidMessage), field);
+        refuse(field, QLatin1String(overpaidMessage));
     return valid;
 }
 
@@ -313,7 +320,7 @@ bool frmRecpGST::settleAmount(LineField *box)
     if (settled)
         box->setText(*settled);
     else
-        inform(QLatin1String(invalidAmountMessage), box);
+        refuse(box, QLatin1String(invalidAmountMessage));
     return settled.has_value();
 }
 
@@ -346,7 +353,7 @@ bool frmRecpGST::TXTTDS_VALIDATE(int row)
     if (!settleAmount(boxes.tds))
         return false;
     if (const QString fault = tdsFault(Val(boxes.amount->text()), Val(typed)); !fault.isEmpty()) {
-        inform(fault, boxes.tds);
+        refuse(boxes.tds, fault);
         return false;
     }
     GETTOTSR();
