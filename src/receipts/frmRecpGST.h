@@ -57,6 +57,7 @@ private:
     void makeRows();
     void makeRow(int row);
     LineField *makeBox(const char *name, const QString &heading, int row, int column);
+    void setUpBills();
     void connectRows();
     void connectAmount(LineField *box, const std::function<bool()> &validate);
     void clearRows();
