@@ -1,6 +1,7 @@
 #include "Demo.h"
 
 #include "Clerk.h"
+#include "DemoReceipts.h"
 #include "MainWindow.h"
 #include "Office.h"
 #include "ServerFolder.h"
@@ -139,6 +140,13 @@ QString Demo::run()
     step(QStringLiteral("bill 4 deleted"), [this] { deleteBill(); });
     step(QStringLiteral("bills browsed, by key and in the list"), [this] { browse(); });
     step(QStringLiteral("a bill refused by a check, and cancelled"), [this] { refusedBill(); });
+    m_clerk.press(Qt::Key_G, Qt::ControlModifier);
+    keyInReceipts({.clerk = m_clerk,
+                   .window = m_window,
+                   .step = [this](const QString &what, const std::function<void()> &keys) { step(what, keys); },
+                   .check = [this](bool holds, const QString &what) { check(holds, what); },
+                   .stored = [this](const QString &query) { return stored(query); },
+                   .look = [this](const char *name) { look(name); }});
     if (m_fault.isEmpty())
         tellFiguresAndFiles();
     return m_fault;
@@ -376,7 +384,8 @@ void Demo::refusedBill()
 void Demo::tellFiguresAndFiles()
 {
     Connection &db = m_office.connection();
-    std::printf("\nBills stored: %d\n", m_bills);
+    std::printf("\nBills stored: %d, receipts stored: %d\n", m_bills,
+                int(stored(QStringLiteral("Select count(*) from GST_RecpM"))));
     Recordset parties = db.Open(QStringLiteral("Select OthClCode,Nm from GST_OthCl Order by Nm"));
     while (parties.next())
         std::printf("Balance of %s (%s): Rs. %s\n", qPrintable(parties.text(1)), qPrintable(parties.text(0)),

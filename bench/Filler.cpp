@@ -74,4 +74,15 @@ void fillBills(Connection &db, int firmId, int year, int count, int parties)
     });
 }
 
+void fillReceipts(Connection &db, int firmId, int year)
+{
+    const int shift = highest(db, QStringLiteral("Select Max(RecpSrNo) From GST_RecpM"));
+    const QString bills = " From GST_BillM Where FirmId=" + number(firmId) + " and FYr=" + number(year);
+    run(db, "Insert Into GST_RecpM Select BillSrNo+" + number(shift)
+                + ",FirmId,FYr,Code_No,0,BillNo,BillDt,1,'0',0,'','','','',''" + bills);
+    run(db, "Insert Into GST_RecpD Select BillId+" + number(shift)
+                + ",1,BillId,Floor(Sum(TotalAmt)/2),0,0 From GST_BillD Where BillId IN (Select BillSrNo" + bills
+                + ") Group By BillId");
+}
+
 } // namespace ledgora::bench

@@ -14,4 +14,7 @@ void fillParties(Connection &db, int count);
 /// numbers go on from the highest there are.
 void fillBills(Connection &db, int firmId, int year, int count, int parties);
 
+/// Adds a receipt of half its sum to each of the company's bills of the year.
+void fillReceipts(Connection &db, int firmId, int year);
+
 } // namespace ledgora::bench

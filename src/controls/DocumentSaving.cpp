@@ -48,7 +48,10 @@ bool DocumentScreen::wasChangedByOthers()
     if (m_editedId == 0)
         return false;
     const auto now = asStored(m_editedId);
-    return now && std::exchange(m_seen, now) != now;
+    if (!now)
+        return false;
+    const auto seen = std::exchange(m_seen, now);
+    return seen && seen != now; // what could not be read before proves nothing
 }
 
 QString DocumentScreen::replacedNote(bool overwritten)

@@ -57,6 +57,7 @@ private:
     void makeRows();
     void makeRow(int row);
     LineField *makeBox(const char *name, const QString &heading, int row, int column);
+    void setUpBills();
     void connectRows();
     void connectAmount(LineField *box, const std::function<bool()> &validate);
     void clearRows();
@@ -76,7 +77,8 @@ private:
     void loadBills();
     void refreshBills();
     void CHECKRECPS();
-    bool checkOverpaid(int row, QWidget *field);
+    void refuse(LineField *field, const QString &message);
+    bool checkOverpaid(int row, LineField *field);
     void GETTAXAMTS();
     void GETTOTSR();
     int receiptId() const; ///< of the receipt on show, 0 for a new one

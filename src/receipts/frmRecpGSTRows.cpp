@@ -36,6 +36,36 @@ constexpr std::array amountsOfRow{AmountOfRow{AmountBox, "txtAMT", "Amount", &Re
 constexpr auto billHeading = "Bill No.";
 constexpr int hintWidth = 150;
 
+void makeBold(QWidget &widget)
+{
+    QFont bold = widget.font();
+    bold.setBold(true);
+    widget.setFont(bold);
+}
+
+/// A computed field: read, never typed into, and no box of its own.
+void showOnly(QLineEdit &line)
+{
+    line.setReadOnly(true);
+    line.setFocusPolicy(Qt::NoFocus);
+    line.setFrame(false);
+    QPalette palette;
+    palette.setColor(QPalette::Base, Qt::transparent);
+    line.setPalette(palette);
+}
+
+/// Fields lose their frames while receipts are browsed; the rows are not to move for it.
+void keepRowHeights(QGridLayout &grid)
+{
+    for (int row = 0; row < grid.rowCount(); ++row) {
+        for (int column = 0; column < grid.columnCount(); ++column) {
+            const QLayoutItem *item = grid.itemAtPosition(row, column);
+            if (item && item->widget())
+                grid.setRowMinimumHeight(row, std::max(grid.rowMinimumHeight(row), item->sizeHint().height()));
+        }
+    }
+}
+
 } // namespace
 
 LineField *frmRecpGST::makeBox(const char *name, const QString &headingText, int row, int column)
@@ -47,10 +77,8 @@ LineField *frmRecpGST::makeBox(const char *name, const QString &headingText, int
     box->setMaxLength(column == BillBox ? documentNumberDigits : wholeRupeeDigits);
     if (column != BillBox)
         box->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    if (row == totalRow || column >= CgstBox) {
-        box->setReadOnly(true);
-        box->setFocusPolicy(Qt::NoFocus);
-    }
+    if (row == totalRow || column >= CgstBox)
+        showOnly(*box);
     ui->rowsGrid->addWidget(box, row + 1, column);
     return box;
 }
@@ -64,6 +92,10 @@ void frmRecpGST::makeRows()
     }
     for (int row = 0; row <= totalRow; ++row)
         makeRow(row);
+    for (const AmountOfRow &amount : amountsOfRow)
+        makeBold(*(m_rows[totalRow].*amount.box));
+    showOnly(*ui->txtTotAmtRecd);
+    makeBold(*ui->txtTotAmtRecd);
     QWidget *before = ui->txtrecpdt;
     for (int row = 0; row < receiptRowCount; ++row) {
         const ReceiptRowBoxes &boxes = m_rows[size_t(row)];
@@ -81,7 +113,10 @@ void frmRecpGST::makeRow(int row)
     boxes.hint->setTextFormat(Qt::PlainText);
     boxes.hint->setMinimumWidth(hintWidth);
     ui->rowsGrid->addWidget(boxes.hint, row + 1, HintBox);
-    if (row != totalRow)
+    if (row == totalRow) {
+        boxes.hint->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+        makeBold(*boxes.hint);
+    } else
         boxes.bill = makeBox("txtBillSN", QLatin1String(billHeading), row, BillBox);
     for (const AmountOfRow &amount : amountsOfRow)
         boxes.*amount.box = makeBox(amount.name, QLatin1String(amount.heading), row, amount.column);
@@ -94,7 +129,7 @@ void frmRecpGST::connectAmount(LineField *box, const std::function<bool()> &vali
     field(box).enterMovesOn = true;
 }
 
-void frmRecpGST::connectRows()
+void frmRecpGST::setUpBills()
 {
     m_bills = new Grid(this);
     m_bills->setObjectName(QStringLiteral("vsfbr"));
@@ -111,6 +146,13 @@ void frmRecpGST::connectRows()
         if (m_servedRow >= 0)
             m_rows[size_t(m_servedRow)].amount->setFocus();
     });
+}
+
+void frmRecpGST::connectRows()
+{
+    for (QGridLayout *grid : {ui->whoAndWhere, ui->numberAndMoney, ui->rowsGrid})
+        keepRowHeights(*grid);
+    setUpBills();
     for (int row = 0; row < receiptRowCount; ++row) {
         const ReceiptRowBoxes &boxes = m_rows[size_t(row)];
         Field &bill = field(boxes.bill);
@@ -221,12 +263,19 @@ void frmRecpGST::CHECKRECPS()
     }
 }
 
-bool frmRecpGST::checkOverpaid(int row, QWidget *field)
+/// What was refused stays, selected: the next key types over it.
+void frmRecpGST::refuse(LineField *field, const QString &message)
+{
+    inform(message, field);
+    field->selectAll();
+}
+
+bool frmRecpGST::checkOverpaid(int row, LineField *field)
 {
     refreshBills();
     const bool valid = VALIDBILLAMT(m_bills->cells(), readRows()[size_t(row)]);
     if (!valid)
-        inform(QLatin1String(overpaidMessage), field);
+        refuse(field, QLatin1String(overpaidMessage));
     return valid;
 }
 
@@ -313,7 +362,7 @@ bool frmRecpGST::settleAmount(LineField *box)
     if (settled)
         box->setText(*settled);
     else
-        inform(QLatin1String(invalidAmountMessage), box);
+        refuse(box, QLatin1String(invalidAmountMessage));
     return settled.has_value();
 }
 
@@ -346,7 +395,7 @@ bool frmRecpGST::TXTTDS_VALIDATE(int row)
     if (!settleAmount(boxes.tds))
         return false;
     if (const QString fault = tdsFault(Val(boxes.amount->text()), Val(typed)); !fault.isEmpty()) {
-        inform(fault, boxes.tds);
+        refuse(boxes.tds, fault);
         return false;
     }
     GETTOTSR();

@@ -97,10 +97,10 @@ TEST_F(Journey, DocumentsSayWhatWasKeyedIn)
     }
 }
 
-TEST_F(Journey, BalanceIsTheSumOfTheBills)
+TEST_F(Journey, BalanceIsTheSumOfTheBillsLessWhatCameIn)
 {
     for (const auto &[party, owed] :
-         {std::pair{"BILL~OTHCL-000001", "40800\n"}, {"BILL~OTHCL-000002", "24302\n"}, {"nobody' Or '1'='1", "0\n"}}) {
+         {std::pair{"BILL~OTHCL-000001", "800\n"}, {"BILL~OTHCL-000002", "0\n"}, {"nobody' Or '1'='1", "0\n"}}) {
         const Finished told = balance(party);
         EXPECT_EQ(told.status, 0) << told.errors.toStdString();
         EXPECT_EQ(told.output.toStdString(), owed) << party;
@@ -122,7 +122,7 @@ TEST_F(Journey, SecondDemonstrationReplacesTheFirst)
 {
     const Finished again = ledgora({"demo", "--out", s_out->path(), "--today", "2024-06-15"});
     EXPECT_EQ(again.status, 0) << again.errors.toStdString();
-    EXPECT_EQ(balance("BILL~OTHCL-000001").output.toStdString(), "40800\n") << "not twice as much";
+    EXPECT_EQ(balance("BILL~OTHCL-000001").output.toStdString(), "800\n") << "not twice as much";
 }
 
 TEST(Program, FolderThatIsNoOfficeIsLeftAlone)

@@ -28,7 +28,7 @@ protected:
     void TearDown() override
     {
         for (QWidget *window : QApplication::topLevelWidgets()) {
-            if (window->objectName() == "frmBillGST")
+            if (window->objectName() == "frmBillGST" || window->objectName() == "frmRecpGST")
                 delete window;
         }
         ScreenTest::TearDown();
@@ -45,12 +45,14 @@ protected:
         }
         return shown.join('+');
     }
-    static bool isBillScreenOpen()
+    static int openScreens(const char *name)
     {
         const auto windows = QApplication::topLevelWidgets();
-        return std::any_of(windows.begin(), windows.end(),
-                           [](const QWidget *w) { return w->objectName() == "frmBillGST" && w->isVisible(); });
+        return int(std::count_if(windows.begin(), windows.end(), [name](const QWidget *w) {
+            return w->objectName() == QLatin1String(name) && w->isVisible();
+        }));
     }
+    static bool isBillScreenOpen() { return openScreens("frmBillGST") > 0; }
 
     /// The password dialog comes next, asks `caption`, and gets this password with Enter, or Esc for "".
     void expectPassword(const QString &caption, const QString &password)

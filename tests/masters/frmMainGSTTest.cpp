@@ -234,7 +234,7 @@ TEST_F(HomeScreen, OldSpellingOfAStatePassesTheGate)
     addCompany(1, "KALINGA & CO", "ORISSA");
     open();
     boxes.expect("Please specify 'Template' Type !");
-    alt('B');
+    alt('R');
     EXPECT_EQ(frame(), "famTmplSetup");
     EXPECT_EQ(gFirmStateCode, "21");
 }
@@ -257,6 +257,11 @@ TEST_F(HomeScreen, BillsOpenOnceTemplatesAreChosen)
     EXPECT_EQ(gFirmId, 3);
     EXPECT_EQ(gFirmName, "ALPHA");
     EXPECT_EQ(gFirmStateCode, "07");
+    for (int time = 0; time < 2; ++time) {
+        show(screen());
+        alt('R');
+        EXPECT_EQ(openScreens("frmRecpGST"), 1);
+    }
 }
 
 TEST_F(HomeScreen, BillsOfEachCompanyStayItsOwn)
