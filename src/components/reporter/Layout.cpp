@@ -175,9 +175,10 @@ std::vector<Slice> layoutColumn(const std::vector<Block> &blocks, qreal width)
 
 PageList layoutDocument(const Document &document)
 {
-    Pager pager(document.page);
-    for (const Block &block : document.blocks)
-        pager.add(block);
+    Pager pager(document.sections.front().page);
+    for (const Section &section : document.sections)
+        for (const Block &block : section.blocks)
+            pager.add(block);
     return pager.take();
 }
 
