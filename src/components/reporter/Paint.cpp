@@ -50,6 +50,9 @@ void paintPage(QPainter &painter, const Page &page)
     painter.setRenderHint(QPainter::Antialiasing, false);
     for (const FilledArea &filled : page.drawing.areas)
         painter.fillRect(filled.area, QColor::fromRgb(filled.colour));
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    for (const DrawnPicture &picture : page.drawing.pictures)
+        painter.drawImage(picture.area, picture.image, picture.part);
     for (const Rule &rule : page.drawing.rules)
         paintRule(painter, rule);
     painter.setRenderHint(QPainter::Antialiasing, smooth);
