@@ -198,6 +198,20 @@ TEST(PdfOutput, ReplacesAFormerFileAndALeftOver)
     EXPECT_FALSE(QFile::exists(path + QStringLiteral(".part")));
 }
 
+/// Shaped text, in which signs change their order and join, is found again as it was typed, beside plain text.
+TEST(PdfOutput, IndianScriptsAreReadBackAsTyped)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("a.pdf"));
+    const QString text = QString::fromUtf8("M/s हिन्दी क्षत्रिय शर्मा | தமிழ் நிறுவனம் | গ্রন্থাগার | ગ્રાહક ₹ 500");
+    const QByteArray rtf = "{\\rtf1{\\fonttbl{\\f0 Liberation Sans;}}\\f0 #A#\\par plain (words)\\par\\page #A#\\par}";
+    Filling filling(readRtf(rtf).document);
+    filling.setText(QStringLiteral("#A#"), text);
+    ASSERT_EQ(writePdf(layoutDocument(filling.document()), path, QString()), QString());
+    const QString expected = text + QStringLiteral(" plain (words) ") + text;
+    EXPECT_EQ(pdfWords(path).join(QLatin1Char(' ')).toStdString(), expected.toStdString());
+}
+
 struct HostileCase
 {
     const char *name;

@@ -43,7 +43,7 @@ void paintRule(QPainter &painter, const Rule &rule)
 
 } // namespace
 
-void paintPage(QPainter &painter, const Page &page)
+void paintGround(QPainter &painter, const Page &page)
 {
     // Edges on whole dots: neighbouring areas leave no seam and rules stay crisp.
     const bool smooth = painter.testRenderHint(QPainter::Antialiasing);
@@ -56,11 +56,20 @@ void paintPage(QPainter &painter, const Page &page)
     for (const Rule &rule : page.drawing.rules)
         paintRule(painter, rule);
     painter.setRenderHint(QPainter::Antialiasing, smooth);
-    for (const TextPiece &piece : page.drawing.texts) {
-        painter.setFont(piece.font);
-        painter.setPen(QColor::fromRgb(piece.colour));
-        painter.drawText(piece.baseline, piece.text);
-    }
+}
+
+void paintText(QPainter &painter, const TextPiece &piece)
+{
+    painter.setFont(piece.font);
+    painter.setPen(QColor::fromRgb(piece.colour));
+    painter.drawText(piece.baseline, piece.text);
+}
+
+void paintPage(QPainter &painter, const Page &page)
+{
+    paintGround(painter, page);
+    for (const TextPiece &piece : page.drawing.texts)
+        paintText(painter, piece);
 }
 
 void scaleToTwips(QPainter &painter, qreal dotsPerInchX, qreal dotsPerInchY)
