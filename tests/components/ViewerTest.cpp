@@ -252,6 +252,59 @@ TEST_F(StockReporterTest, SavesAsPdf)
               (QStringList{QStringLiteral("some"), QStringLiteral("words")}));
 }
 
+TEST_F(StockReporterTest, ARunJoinsItsDocumentsOnPagesOfTheFirst)
+{
+    const QString rtf = folder.filePath(QStringLiteral("Bill.rtf"));
+    for (const char *number : {"7", "{8}", "9"}) {
+        const bool first = *number == '7';
+        writeTemplate(first ? "{\\rtf1\\paperw8000 No. #BILL_NO#\\par}" : "{\\rtf1\\paperw9000 No. #BILL_NO#\\par}");
+        reporter->WinModeReport(true);
+        reporter->initReport(first, false);
+        if (first)
+            reporter->LoadPageSetup(path);
+        else
+            reporter->SetFontSizeBeforeAppendFile(QStringLiteral("\f\r\n"), 2);
+        reporter->OpenMasterFile(path);
+        EXPECT_TRUE(reporter->LastMasFileOpenOK());
+        reporter->NewSetText(QStringLiteral("#BILL_NO#"), QString::fromLatin1(number));
+        reporter->SaveMasterFile(rtf);
+        reporter->AppendFile(rtf);
+        EXPECT_EQ(reporter->LastError().toStdString(), "");
+    }
+    EXPECT_EQ(shownText().toStdString(), "No. 7\n");
+    const PageList &pages = dynamic_cast<Viewer &>(*host.shown.back()).pages();
+    ASSERT_EQ(pages.size(), 3U);
+    EXPECT_EQ(textOf(pages[1]).toStdString(), "No. {8}\n");
+    EXPECT_EQ(pages[2].size.width(), 8000);
+    EXPECT_NEAR(pages[1].drawing.texts[0].baseline.y(), pages[0].drawing.texts[0].baseline.y(), 60);
+    EXPECT_EQ(host.shown.back()->windowTitle().toStdString(), "Preview - Bill 7 and 2 more");
+}
+
+TEST_F(StockReporterTest, WhatFailsInARunIsToldAndAbortingLeavesNothing)
+{
+    reporter->initReport(true, false);
+    const auto failed = [this] { return !reporter->LastError().isEmpty(); };
+    for (const QByteArray &text : {QByteArray(), QByteArray("{\\rtf1 cut off")}) {
+        writeTemplate(text);
+        reporter->OpenMasterFile(path);
+        EXPECT_TRUE(!reporter->LastMasFileOpenOK() && failed()) << text.toStdString();
+    }
+    reporter->SaveMasterFile(folder.filePath(QStringLiteral("none.rtf")));
+    EXPECT_TRUE(failed());
+    writeTemplate("{\\rtf1 a\\par}");
+    reporter->OpenMasterFile(path);
+    EXPECT_TRUE(reporter->LastMasFileOpenOK() && !failed());
+    reporter->SaveMasterFile(folder.filePath(QStringLiteral("missing/a.rtf")));
+    EXPECT_TRUE(failed());
+    reporter->AppendFile(folder.filePath(QStringLiteral("missing/a.rtf")));
+    EXPECT_TRUE(failed());
+    reporter->AppendFile(path);
+    EXPECT_EQ(shownText().toStdString(), "a\n");
+    reporter->AbortReport();
+    reporter->ShowReport(false);
+    EXPECT_EQ(host.shown.size(), 1U);
+}
+
 } // namespace
 
 } // namespace ledgora::reporter

@@ -14,11 +14,18 @@ struct Slice
     bool breakBefore = false;
 };
 
+/// What page number fields show.
+struct PageNumbers
+{
+    int page = 1;
+    int pages = 1;
+};
+
 /// A paragraph as its lines, in a column of the given width.
-std::vector<Slice> layoutParagraph(const Paragraph &paragraph, qreal width);
+std::vector<Slice> layoutParagraph(const Paragraph &paragraph, qreal width, const PageNumbers &numbers);
 
 /// Blocks as one column that is not cut into pages, such as the content of a cell.
-std::vector<Slice> layoutColumn(const std::vector<Block> &blocks, qreal width);
+std::vector<Slice> layoutColumn(const std::vector<Block> &blocks, qreal width, const PageNumbers &numbers);
 
 /// Height of slices that stand below one another, gaps included.
 qreal heightOf(const std::vector<Slice> &slices);
