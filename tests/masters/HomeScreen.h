@@ -27,8 +27,12 @@ protected:
     }
     void TearDown() override
     {
-        for (QWidget *window : QApplication::topLevelWidgets()) {
-            if (window->objectName() == "frmBillGST" || window->objectName() == "frmRecpGST")
+        // A screen takes windows of its own along, which the list still holds.
+        QList<QPointer<QWidget>> windows;
+        for (QWidget *window : QApplication::topLevelWidgets())
+            windows << window;
+        for (const QPointer<QWidget> &window : windows) {
+            if (window && (window->objectName() == "frmBillGST" || window->objectName() == "frmRecpGST"))
                 delete window;
         }
         ScreenTest::TearDown();
