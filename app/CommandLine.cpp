@@ -31,8 +31,8 @@ constexpr Words commands[] = {
      "ledgora sample --data DIR: fill an empty office with companies, clients, bills and receipts, the same ones "
      "for the same seed"},
     {"check", CommandLine::Command::Check,
-     "ledgora check --data DIR: look for incomplete bills, wrong totals, missing numbers and lost clients; one line a "
-     "finding, exit status 1 when there is any"},
+     "ledgora check --data DIR: look for incomplete bills and receipts, wrong totals, bills settled beyond their "
+     "total, missing numbers and lost clients; one line a finding, exit status 1 when there is any"},
     {"backup", CommandLine::Command::Backup,
      "ledgora backup --data DIR --out FILE: write all data into one file, proved by restoring it aside"},
     {"restore", CommandLine::Command::Restore,
@@ -57,7 +57,7 @@ constexpr OptionWords careOptions[] = {
     {CommandLine::Command::Sample, "from", "YEAR", "First financial year, by its starting year (default 2017)."},
     {CommandLine::Command::Sample, "to", "YEAR",
      "Last financial year (default the present one, whose bills end today)."},
-    {CommandLine::Command::Check, "firm", "ID", "Check the bills of one company only."},
+    {CommandLine::Command::Check, "firm", "ID", "Check the bills and receipts of one company only."},
     {CommandLine::Command::Backup, "out", "FILE",
      "The backup file; one of that name is replaced when the new is whole."},
     {CommandLine::Command::Backup, "daily", "",

@@ -47,7 +47,8 @@ int runCheck(const CommandLine &line, Connection &db)
     for (const Finding &finding : result.findings)
         std::printf("%s\n", qPrintable(findingText(finding)));
     if (result.findings.empty())
-        std::printf("%lld bills checked, nothing found.\n", static_cast<long long>(result.bills));
+        std::printf("%lld bills and %lld receipts checked, nothing found.\n", static_cast<long long>(result.bills),
+                    static_cast<long long>(result.receipts));
     return result.findings.empty() ? 0 : 1;
 }
 
