@@ -14,4 +14,8 @@ void fillParties(Connection &db, int count);
 /// numbers go on from the highest there are.
 void fillBills(Connection &db, int firmId, int year, int count, int parties);
 
+/// Adds `count` receipts of two rows each to a company's year, on `bills` bills from `firstBill` on in turn. Ids go on
+/// from the highest there is, numbers run from 1.
+void fillReceipts(Connection &db, int firmId, int year, int count, int firstBill, int bills);
+
 } // namespace ledgora::bench
