@@ -26,13 +26,14 @@ constexpr Words commands[] = {
     {"demo", CommandLine::Command::Demo,
      "ledgora demo --out DIR: make a new office in DIR and key in bills as a clerk would"},
     {"balance", CommandLine::Command::Balance,
-     "ledgora balance --firm ID --party CODE: what a client owes a company, in rupees"},
+     "ledgora balance --firm ID --party CODE: what a client owes a company, in rupees; with --all instead of --party: "
+     "what every client owes, code, name and rupees with tabs between, and the total"},
     {"sample", CommandLine::Command::Sample,
-     "ledgora sample --data DIR: fill an empty office with companies, clients and bills, the same ones for the same "
-     "seed"},
+     "ledgora sample --data DIR: fill an empty office with companies, clients, bills and receipts, the same ones "
+     "for the same seed"},
     {"check", CommandLine::Command::Check,
-     "ledgora check --data DIR: look for incomplete bills, wrong totals, missing numbers and lost clients; one line a "
-     "finding, exit status 1 when there is any"},
+     "ledgora check --data DIR: look for incomplete bills and receipts, wrong totals, bills settled beyond their "
+     "total, missing numbers and lost clients; one line a finding, exit status 1 when there is any"},
     {"backup", CommandLine::Command::Backup,
      "ledgora backup --data DIR --out FILE: write all data into one file, proved by restoring it aside"},
     {"restore", CommandLine::Command::Restore,
@@ -52,10 +53,12 @@ constexpr OptionWords careOptions[] = {
     {CommandLine::Command::Sample, "companies", "N", "Billing companies (default 2)."},
     {CommandLine::Command::Sample, "parties", "N", "Clients (default 200)."},
     {CommandLine::Command::Sample, "bills", "N", "Bills of all companies and years together (default 1000)."},
+    {CommandLine::Command::Sample, "receipts", "N",
+     "Of a hundred bills, those on which something was received (default 85)."},
     {CommandLine::Command::Sample, "from", "YEAR", "First financial year, by its starting year (default 2017)."},
     {CommandLine::Command::Sample, "to", "YEAR",
      "Last financial year (default the present one, whose bills end today)."},
-    {CommandLine::Command::Check, "firm", "ID", "Check the bills of one company only."},
+    {CommandLine::Command::Check, "firm", "ID", "Check the bills and receipts of one company only."},
     {CommandLine::Command::Backup, "out", "FILE",
      "The backup file; one of that name is replaced when the new is whole."},
     {CommandLine::Command::Backup, "daily", "",
@@ -98,6 +101,10 @@ void addOptions(QCommandLineParser &parser, CommandLine::Command command)
         break;
     case CommandLine::Command::Balance:
         parser.addOption({QStringLiteral("firm"), QStringLiteral("Number of the company."), QStringLiteral("ID")});
+        parser.addOption(
+            {QStringLiteral("all"),
+             QStringLiteral("All clients whose balance is not 0; without --firm those of all companies, each "
+                            "with the company's name in front.")});
         parser.addOption({QStringLiteral("party"), QStringLiteral("Code of the client."), QStringLiteral("CODE")});
         break;
     case CommandLine::Command::Sample:
@@ -148,6 +155,7 @@ SamplePlan samplePlan(const QCommandLineParser &parser, QDate today)
     plan.companies = numberOption(parser, "companies", plan.companies);
     plan.parties = numberOption(parser, "parties", plan.parties);
     plan.bills = numberOption(parser, "bills", plan.bills);
+    plan.receipts = numberOption(parser, "receipts", plan.receipts);
     plan.from = numberOption(parser, "from", plan.from);
     plan.to = numberOption(parser, "to", plan.to);
     plan.today = today;
@@ -173,6 +181,17 @@ QString careFault(const CommandLine &line, const QCommandLineParser &parser)
     }
 }
 
+QString balanceFault(const CommandLine &line, const QCommandLineParser &parser)
+{
+    if (line.all && !line.party.isEmpty())
+        return QStringLiteral("balance takes either --party CODE or --all");
+    if (line.all)
+        return parser.isSet(QStringLiteral("firm")) && line.firm < 1 ? QStringLiteral("--firm takes a company's number")
+                                                                     : QString();
+    return line.firm < 1 || line.party.isEmpty() ? QStringLiteral("balance needs --firm ID and --party CODE, or --all")
+                                                 : QString();
+}
+
 QString fault(const CommandLine &line, const QCommandLineParser &parser)
 {
     if (!parser.positionalArguments().isEmpty())
@@ -191,8 +210,8 @@ QString fault(const CommandLine &line, const QCommandLineParser &parser)
         return QStringLiteral("--connect: ") + said;
     if (line.command == CommandLine::Command::Demo && line.out.isEmpty())
         return QStringLiteral("demo needs --out DIR");
-    if (line.command == CommandLine::Command::Balance && (line.firm < 1 || line.party.isEmpty()))
-        return QStringLiteral("balance needs --firm ID and --party CODE");
+    if (line.command == CommandLine::Command::Balance)
+        return balanceFault(line, parser);
     return careFault(line, parser);
 }
 
@@ -239,6 +258,7 @@ CommandLine readCommandLine(const QStringList &arguments)
         line.sample = samplePlan(parser, line.today);
     else
         line.from = value("from");
+    line.all = parser.optionNames().contains(QStringLiteral("all"));
     line.daily = parser.optionNames().contains(QStringLiteral("daily"));
     line.dataFolder = value("data");
     if (line.dataFolder.isEmpty())

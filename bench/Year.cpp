@@ -57,7 +57,7 @@ Connection &fullOffice()
         fillParties(db, partyCount);
         fillBills(db, smallFirm, year, 10000, partyCount);
         fillBills(db, fullFirm, year, 100000, partyCount);
-        fillReceipts(db, fullFirm, year);
+        fillHalfPaid(db, fullFirm, year);
         fillBills(db, creditorFirm, year, openBillCount, 1);
         return true;
     }();
