@@ -28,11 +28,11 @@ constexpr Words commands[] = {
     {"balance", CommandLine::Command::Balance,
      "ledgora balance --firm ID --party CODE: what a client owes a company, in rupees"},
     {"sample", CommandLine::Command::Sample,
-     "ledgora sample --data DIR: fill an empty office with companies, clients and bills, the same ones for the same "
-     "seed"},
+     "ledgora sample --data DIR: fill an empty office with companies, clients, bills and receipts, the same ones "
+     "for the same seed"},
     {"check", CommandLine::Command::Check,
-     "ledgora check --data DIR: look for incomplete bills, wrong totals, missing numbers and lost clients; one line a "
-     "finding, exit status 1 when there is any"},
+     "ledgora check --data DIR: look for incomplete bills and receipts, wrong totals, bills settled beyond their "
+     "total, missing numbers and lost clients; one line a finding, exit status 1 when there is any"},
     {"backup", CommandLine::Command::Backup,
      "ledgora backup --data DIR --out FILE: write all data into one file, proved by restoring it aside"},
     {"restore", CommandLine::Command::Restore,
@@ -52,10 +52,12 @@ constexpr OptionWords careOptions[] = {
     {CommandLine::Command::Sample, "companies", "N", "Billing companies (default 2)."},
     {CommandLine::Command::Sample, "parties", "N", "Clients (default 200)."},
     {CommandLine::Command::Sample, "bills", "N", "Bills of all companies and years together (default 1000)."},
+    {CommandLine::Command::Sample, "receipts", "N",
+     "Of a hundred bills, those on which something was received (default 85)."},
     {CommandLine::Command::Sample, "from", "YEAR", "First financial year, by its starting year (default 2017)."},
     {CommandLine::Command::Sample, "to", "YEAR",
      "Last financial year (default the present one, whose bills end today)."},
-    {CommandLine::Command::Check, "firm", "ID", "Check the bills of one company only."},
+    {CommandLine::Command::Check, "firm", "ID", "Check the bills and receipts of one company only."},
     {CommandLine::Command::Backup, "out", "FILE",
      "The backup file; one of that name is replaced when the new is whole."},
     {CommandLine::Command::Backup, "daily", "",
@@ -148,6 +150,7 @@ SamplePlan samplePlan(const QCommandLineParser &parser, QDate today)
     plan.companies = numberOption(parser, "companies", plan.companies);
     plan.parties = numberOption(parser, "parties", plan.parties);
     plan.bills = numberOption(parser, "bills", plan.bills);
+    plan.receipts = numberOption(parser, "receipts", plan.receipts);
     plan.from = numberOption(parser, "from", plan.from);
     plan.to = numberOption(parser, "to", plan.to);
     plan.today = today;

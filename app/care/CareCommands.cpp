@@ -32,10 +32,10 @@ int runSample(const CommandLine &line, Connection &db)
     const SampleResult result = writeSample(db, line.sample);
     if (!result.fault.isEmpty())
         return failed(result.fault);
-    std::printf("%lld companies, %lld clients, %lld bills with %lld lines written in %.1f s.\n",
+    std::printf("%lld companies, %lld clients, %lld bills with %lld lines, %lld receipts written in %.1f s.\n",
                 static_cast<long long>(result.companies), static_cast<long long>(result.parties),
                 static_cast<long long>(result.bills), static_cast<long long>(result.lines),
-                double(clock.elapsed()) / millisecondsASecond);
+                static_cast<long long>(result.receipts), double(clock.elapsed()) / millisecondsASecond);
     return 0;
 }
 
@@ -47,7 +47,8 @@ int runCheck(const CommandLine &line, Connection &db)
     for (const Finding &finding : result.findings)
         std::printf("%s\n", qPrintable(findingText(finding)));
     if (result.findings.empty())
-        std::printf("%lld bills checked, nothing found.\n", static_cast<long long>(result.bills));
+        std::printf("%lld bills and %lld receipts checked, nothing found.\n", static_cast<long long>(result.bills),
+                    static_cast<long long>(result.receipts));
     return result.findings.empty() ? 0 : 1;
 }
 

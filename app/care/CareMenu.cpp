@@ -38,7 +38,9 @@ void check(QWidget &window, Office &office)
     if (!result.fault.isEmpty())
         QMessageBox::warning(&window, title, result.fault);
     else if (result.findings.empty())
-        QMessageBox::information(&window, title, QStringLiteral("%1 bills checked, nothing found.").arg(result.bills));
+        QMessageBox::information(
+            &window, title,
+            QStringLiteral("%1 bills and %2 receipts checked, nothing found.").arg(result.bills).arg(result.receipts));
     else
         FindingsDialog(result, &window).exec();
 }

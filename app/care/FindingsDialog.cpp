@@ -49,8 +49,8 @@ FindingsDialog::FindingsDialog(const CheckResult &result, QWidget *parent)
     setWindowTitle(QStringLiteral("Check the Data"));
     resize(1000, 500);
     auto *layout = new QVBoxLayout(this);
-    layout->addWidget(new QLabel(QStringLiteral("Bills checked: %1. Findings: %2. Nothing was changed.")
-                                     .arg(result.bills)
+    layout->addWidget(new QLabel(QStringLiteral("Bills and receipts checked: %1. Findings: %2. Nothing was changed.")
+                                     .arg(result.bills + result.receipts)
                                      .arg(m_findings.size())));
     layout->addWidget(listOf(m_findings));
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Close);

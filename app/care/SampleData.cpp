@@ -3,6 +3,7 @@
 #include "RowWriter.h"
 #include "SampleBills.h"
 #include "SampleMasters.h"
+#include "SampleReceipts.h"
 #include "bills/BillStore.h"
 #include "store/Connection.h"
 #include "store/Dates.h"
@@ -52,20 +53,65 @@ bool writeParties(Connection &db, const SamplePlan &plan, SampleResult &result)
     return companies.finish() && partnerships.finish() && others.finish() && registered.finish();
 }
 
-bool writeBills(Connection &db, const SamplePlan &plan, SampleResult &result)
+/// Writes the receipts on one company's bills, bills after bills.
+class ReceiptWriter
+{
+public:
+    ReceiptWriter(Connection &db, const SamplePlan &plan)
+        : m_plan(plan)
+        , m_headers(db, QStringLiteral("GST_RecpM"))
+        , m_lines(db, QStringLiteral("GST_RecpD"))
+    {
+    }
+
+    /// Bills come company by company. False when a statement failed.
+    bool add(const SampleSlot &slot, const BillDraft &bill)
+    {
+        const bool written = slot.company == m_company || write();
+        m_company = slot.company;
+        m_dues.push_back({slot.id, slot.date, bill.code, int(bill.lines.value(billTotalRow, NetColumn)),
+                          int(bill.lines.value(billTotalRow, TotalColumn))});
+        return written;
+    }
+    bool finish() { return write() && m_headers.finish() && m_lines.finish(); }
+    qint64 receipts() const { return m_headers.rows(); }
+
+private:
+    bool write()
+    {
+        bool stored = true;
+        for (const SampleReceipt &receipt : sampleReceipts(m_plan, m_company, int(receipts()) + 1, m_dues)) {
+            stored = m_headers.add(receiptHeaderValues(m_plan, receipt)) && stored;
+            for (const QString &values : receiptLineValues(receipt))
+                stored = m_lines.add(values) && stored;
+        }
+        m_dues.clear();
+        return stored;
+    }
+
+    const SamplePlan &m_plan;
+    RowWriter m_headers, m_lines;
+    std::vector<SampleDue> m_dues;
+    int m_company = 0;
+};
+
+bool writeDocuments(Connection &db, const SamplePlan &plan, SampleResult &result)
 {
     RowWriter headers(db, QStringLiteral("GST_BillM"));
     RowWriter lines(db, QStringLiteral("GST_BillD"));
+    ReceiptWriter receipts(db, plan);
     const bool whole = forEachSlot(plan, [&](const SampleSlot &slot) {
         const BillDraft bill = sampleBill(plan, slot);
-        bool stored = headers.add(billHeaderValues(bill, slot.id));
+        bool stored = receipts.add(slot, bill) && headers.add(billHeaderValues(bill, slot.id));
         for (const QString &values : billLineValues(bill, slot.id))
             stored = lines.add(values) && stored;
         return stored;
     });
     result.bills = headers.rows();
     result.lines = lines.rows();
-    return whole && headers.finish() && lines.finish();
+    const bool written = whole && headers.finish() && lines.finish() && receipts.finish();
+    result.receipts = receipts.receipts();
+    return written;
 }
 
 } // namespace
@@ -100,6 +146,8 @@ QString planFault(const SamplePlan &plan)
         return QStringLiteral("--parties takes a number from 1 to %1").arg(mostParties);
     if (outside(plan.bills, 0, mostBills))
         return QStringLiteral("--bills takes a number from 0 to %1").arg(mostBills);
+    if (outside(plan.receipts, 0, 100))
+        return QStringLiteral("--receipts takes a number from 0 to 100");
     const int last = financialYearOf(plan.today);
     if (outside(plan.from, firstYear, last) || outside(plan.to, plan.from, last))
         return QStringLiteral("--from and --to take the starting years of financial years from %1 to %2")
@@ -118,7 +166,7 @@ SampleResult writeSample(Connection &db, const SamplePlan &plan)
         return result;
     }
     const bool whole = db.Execute(QStringLiteral("Start Transaction")) && writeMasters(db, plan, result)
-                       && writeParties(db, plan, result) && writeBills(db, plan, result)
+                       && writeParties(db, plan, result) && writeDocuments(db, plan, result)
                        && db.Execute(QStringLiteral("Commit"));
     if (!whole) {
         result.fault = QStringLiteral("The sample data could not be written: ") + db.lastError();

@@ -12,7 +12,7 @@ namespace ledgora::app {
 struct SampleResult
 {
     QString fault; ///< "" or why there is no sample, in a clerk's words; then nothing was written
-    qint64 companies = 0, parties = 0, bills = 0, lines = 0;
+    qint64 companies = 0, parties = 0, bills = 0, lines = 0, receipts = 0;
 };
 
 /// The first table of companies, clients, series, bills or receipts that has rows, "" when none has.

@@ -12,6 +12,7 @@ struct SamplePlan
     int companies = 2;
     int parties = 200; ///< clients: companies, partnerships and other clients
     int bills = 1000;  ///< of all companies and years together, in even shares
+    int receipts = 85; ///< of a hundred bills, those on which something was received
     int from = 2017;   ///< first financial year, by its starting year
     int to = 0;        ///< last one; 0 for that of `today`
     QDate today;       ///< no bill is dated later

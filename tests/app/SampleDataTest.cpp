@@ -64,6 +64,44 @@ TEST_F(SampleData, ObeysTheRulesOfTheTrade)
          "Select 1 From (Select Nm From GST_OthCl Union All Select Nm From Comp_Master Union All Select Nm From "
          "LLP_Master) n Group by Nm Having count(*)>1"},
     };
+    const Rule receiptRules[] = {
+        {"numbers run from 1 without gaps",
+         "Select 1 From GST_RecpM Group by FirmId,FYr,RecpSerId Having min(RecpNo)<>1 Or max(RecpNo)<>count(*) Or "
+         "count(distinct RecpNo)<>count(*)"},
+        {"a higher number has no earlier date",
+         "Select 1 From GST_RecpM a Join GST_RecpM b Using (FirmId,FYr,RecpSerId) Where a.RecpNo<b.RecpNo And "
+         "a.RecpDt>b.RecpDt"},
+        {"the date lies in the year and not after today",
+         "Select 1 From GST_RecpM Where Year(RecpDt-Interval 3 Month)<>FYr Or RecpDt>'2024-06-15'"},
+        {"rows settle bills of the client and company, not before their day",
+         "Select 1 From GST_RecpM m Join GST_RecpD On RecpId=RecpSrNo Left Join GST_BillM b On BillSrNo=BillId And "
+         "b.Code_No=m.Code_No And b.FirmId=m.FirmId And BillDt<=RecpDt Where BillSrNo Is Null"},
+        {"nothing is settled beyond its total",
+         "Select 1 From (Select BillId,sum(Amount+Discount) s From GST_RecpD Group by BillId) r Where s>(Select "
+         "sum(TotalAmt) From GST_BillD d Where d.BillId=r.BillId)"},
+        {"the money is what the rows say, of one to ten",
+         "Select 1 From GST_RecpM Left Join GST_RecpD On RecpId=RecpSrNo Group by RecpSrNo Having max(Cash+OthAmt)<>"
+         "sum(Amount-TDS) Or max(SrNo) Not Between 1 And 10 Or max(SrNo)<>count(*) Or min(TDS)<0 Or min(Amount-TDS)<0 "
+         "Or min(Amount+Discount)<=0"},
+        {"what the mode does not have is empty",
+         "Select 1 From GST_RecpM Where (PayMode='0' And (OthAmt<>0 Or BankNm<>'')) Or (PayMode='7' And BankNm='') Or "
+         "(PayMode In ('1','2','3'))<>(ChqNo<>'') Or (PayMode Not In ('1','2','3') And concat(BankBr,ChqDt)<>'')"},
+    };
+    for (const Rule &rule : receiptRules)
+        EXPECT_EQ(data().rows(QLatin1String(rule.breaches)).size(), 0) << "receipts: " << rule.name;
+    const char *kinds[] = {"Select distinct PayMode From GST_RecpM Where PayMode<>'0' Limit 7",
+                           "Select 1 From GST_RecpD Where Discount>0 Limit 3",
+                           "Select 1 From GST_RecpD Where TDS>0 Limit 3",
+                           "Select 1 From GST_RecpM Where Cash>0 And OthAmt>0 Limit 3",
+                           "Select distinct RecpId From GST_RecpD a Join GST_RecpD b Using (RecpId) Where "
+                           "a.BillId<>b.BillId Limit 3",
+                           "Select 1 From GST_RecpD,GST_RecpM,GST_BillM Where RecpId=RecpSrNo And BillId=BillSrNo And "
+                           "RecpDt>BillDt+Interval 1 Year Limit 3",
+                           "Select 1 From GST_RecpD Group by BillId Having count(*)>2 Limit 3",
+                           "Select 1 From GST_BillM Where BillDt<'2023-04-01' And BillSrNo Not In (Select BillId From "
+                           "GST_RecpD) Limit 3"};
+    for (const char *kind : kinds)
+        EXPECT_EQ(data().rows(QLatin1String(kind)).size(), QByteArray(kind).back() - '0') << kind;
     for (const Rule &rule : rules)
         EXPECT_EQ(data().rows(QLatin1String(rule.breaches)).size(), 0) << rule.name;
     EXPECT_EQ(data().rows("Select count(distinct AppTaxType),count(distinct FirmId),count(distinct FYr),count(*) From "
@@ -73,7 +111,9 @@ TEST_F(SampleData, ObeysTheRulesOfTheTrade)
 
 TEST_F(SampleData, IsTheSameForTheSameSeedAndGoesIntoAnEmptyOfficeOnly)
 {
-    const QString sum = "Checksum Table gst_firmmas,gst_othcl,gst_series,gst_billm,gst_billd,comp_master,llp_master";
+    const QString sum =
+        "Checksum Table "
+        "gst_firmmas,gst_othcl,gst_series,gst_billm,gst_billd,gst_recpm,gst_recpd,comp_master,llp_master";
     const auto sums = [&] { return data().rows(sum).replaceInStrings(QRegularExpression("^.*\\|"), ""); };
     ASSERT_EQ(app::writeSample(data().db(), smallPlan()).fault, "");
     const QStringList first = sums();
