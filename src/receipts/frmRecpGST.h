@@ -79,6 +79,8 @@ private:
     void refreshBills();
     void billsChanged();
     void CHECKRECPS();
+    void serve(int row);
+    void stopServing();
     void TXTBILLSN_GOTFOCUS(int row);
     void TXTBILLSN_CHANGE(int row, const QString &typed);
     bool TXTBILLSN_KEYDOWN(int row, QKeyEvent *key);
@@ -103,7 +105,7 @@ private:
     std::unique_ptr<Ui::frmRecpGST> ui;
     std::array<ReceiptRowBoxes, receiptRowCount + 1> m_rows;
     Grid *m_bills = nullptr; ///< `vsfbr`
-    int m_servedRow = -1;    ///< the row that `vsfbr` serves
+    int m_servedRow = -1;    ///< the row that `vsfbr` serves, -1 for none
 };
 
 } // namespace ledgora

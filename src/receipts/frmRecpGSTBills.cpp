@@ -27,7 +27,7 @@ void frmRecpGST::setUpBills()
     m_bills->hide();
     on(m_bills, &Grid::rowActivated, [this](int) {
         if (m_servedRow >= 0)
-            m_rows[size_t(m_servedRow)].amount->setFocus();
+            m_rows[size_t(m_servedRow)].amount->setFocus(Qt::TabFocusReason);
     });
 }
 
@@ -80,8 +80,16 @@ void frmRecpGST::CHECKRECPS()
 
 void frmRecpGST::TXTBILLSN_GOTFOCUS(int row)
 {
-    if (!isEditing())
+    if (isEditing())
+        serve(row);
+}
+
+/// Puts the pop-up at a row's box, on the bill that the row has.
+void frmRecpGST::serve(int row)
+{
+    if (m_servedRow == row)
         return;
+    m_servedRow = row;
     LineField *box = m_rows[size_t(row)].bill;
     const int billId = box->hiddenValue().toInt();
     m_bills->change([this, billId](Cells &bills) {
@@ -90,7 +98,6 @@ void frmRecpGST::TXTBILLSN_GOTFOCUS(int row)
     });
     m_bills->setRow(openBillRow(m_bills->cells(), billId));
     placePopup(m_bills, box, {popupWidth, 0});
-    m_servedRow = row;
     m_bills->show();
     m_bills->raise();
 }
@@ -99,33 +106,45 @@ void frmRecpGST::TXTBILLSN_CHANGE(int row, const QString &typed)
 {
     if (!isEditing() || !m_rows[size_t(row)].bill->hasFocus())
         return;
+    serve(row);
     const Cells &bills = m_bills->cells();
     m_bills->setRow(
         typed.isEmpty() ? -1 : bills.find(typed, OpenBillNo, bills.fixedRows(), Cells::Match::BeginsAnyCase, true));
+    m_bills->show(); // Esc may have closed it
 }
 
 bool frmRecpGST::TXTBILLSN_KEYDOWN(int row, QKeyEvent *key)
 {
     if (!isEditing())
         return false;
+    if (!settle()) // a key typed ahead: the field before is left first
+        return true;
     if (key->key() != Qt::Key_Return && key->key() != Qt::Key_Enter)
         return moveInList(*m_bills, *key);
     const ReceiptRowBoxes &boxes = m_rows[size_t(row)];
     const bool isLast = m_bills->row() < 0 && boxes.bill->text().isEmpty() && !readRows()[size_t(row)].isInUse();
-    (isLast ? ui->txtCash : boxes.amount)->setFocus();
+    (isLast ? ui->txtCash : boxes.amount)->setFocus(Qt::TabFocusReason);
     return true;
 }
 
 /// The row takes the bill that is selected in the list, or none. False, and the focus stays, when that bill would be
-/// overpaid.
+/// overpaid. A box that was only passed keeps its bill.
 bool frmRecpGST::TXTBILLSN_LOSTFOCUS(int row)
 {
-    showBill(row, m_servedRow == row ? m_bills->row() : -1);
+    if (m_servedRow != row)
+        return true;
+    showBill(row, m_bills->row());
+    stopServing();
     const bool valid = checkOverpaid(row, m_rows[size_t(row)].bill);
     GETTAXAMTS();
     GETTOTSR();
-    m_bills->hide();
     return valid;
+}
+
+void frmRecpGST::stopServing()
+{
+    m_bills->hide();
+    m_servedRow = -1;
 }
 
 bool frmRecpGST::closeOwnPopup()

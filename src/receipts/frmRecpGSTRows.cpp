@@ -138,7 +138,7 @@ void frmRecpGST::connectRows()
         Field &bill = field(boxes.bill);
         bill.gotFocus = [this, row] { TXTBILLSN_GOTFOCUS(row); };
         bill.validate = [this, row] { return !isEditing() || TXTBILLSN_LOSTFOCUS(row); };
-        bill.lostFocus = [this] { m_bills->hide(); };
+        bill.lostFocus = [this] { stopServing(); };
         bill.keyDown = [this, row](QKeyEvent *key) { return TXTBILLSN_KEYDOWN(row, key); };
         on(boxes.bill, &QLineEdit::textEdited, [this, row](const QString &typed) { TXTBILLSN_CHANGE(row, typed); });
         connectAmount(boxes.amount, [this, row] { return TXTAMT_VALIDATE(row); });

@@ -26,10 +26,13 @@ protected:
     }
     void TearDown() override
     {
+        std::vector<QPointer<QWidget>> opened; // a screen's lists are windows too and go with it
         for (QWidget *window : QApplication::topLevelWidgets()) {
             if (window->objectName() == "frmBillGST" || window->objectName() == "frmRecpGST")
-                delete window;
+                opened.emplace_back(window);
         }
+        for (const QPointer<QWidget> &window : opened)
+            delete window;
         ScreenTest::TearDown();
     }
 
