@@ -143,7 +143,7 @@ void frmRecpGST::beginAdd()
 void frmRecpGST::beginModify()
 {
     LOADBANKDET();
-    m_rows.front().amount->setFocus();
+    m_rows.front().amount->setFocus(Qt::TabFocusReason);
 }
 
 int frmRecpGST::highestNumber()

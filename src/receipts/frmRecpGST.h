@@ -53,34 +53,38 @@ private:
     void showReceived();
     PayMode payMode() const;
 
-    // The ten rows and the bills they settle (frmRecpGSTRows.cpp).
+    // The ten rows and the tax inside each (frmRecpGSTRows.cpp).
     void makeRows();
     void makeRow(int row);
     LineField *makeBox(const char *name, const QString &heading, int row, int column);
-    void setUpBills();
     void connectRows();
     void connectAmount(LineField *box, const std::function<bool()> &validate);
     void clearRows();
     void showRows(int receiptId);
     ReceiptRows readRows() const;
-    void showBill(int row, int listRow);
-    void TXTBILLSN_GOTFOCUS(int row);
-    void TXTBILLSN_CHANGE(int row, const QString &typed);
-    bool TXTBILLSN_KEYDOWN(int row, QKeyEvent *key);
-    bool TXTBILLSN_LOSTFOCUS(int row);
     bool TXTAMT_VALIDATE(int row);
     bool TXTDISC_VALIDATE(int row);
     bool TXTTDS_VALIDATE(int row);
     bool settleAmount(LineField *box);
-    static void setHint(const ReceiptRowBoxes &boxes, const QString &hint);
-    void billsChanged();
-    void loadBills();
-    void refreshBills();
-    void CHECKRECPS();
     void refuse(LineField *field, const QString &message);
     bool checkOverpaid(int row, LineField *field);
     void GETTAXAMTS();
     void GETTOTSR();
+
+    // The bills that the rows settle, and their pop-up (frmRecpGSTBills.cpp).
+    void setUpBills();
+    static void setHint(const ReceiptRowBoxes &boxes, const QString &hint);
+    void showBill(int row, int listRow);
+    void loadBills();
+    void refreshBills();
+    void billsChanged();
+    void CHECKRECPS();
+    void serve(int row);
+    void stopServing();
+    void TXTBILLSN_GOTFOCUS(int row);
+    void TXTBILLSN_CHANGE(int row, const QString &typed);
+    bool TXTBILLSN_KEYDOWN(int row, QKeyEvent *key);
+    bool TXTBILLSN_LOSTFOCUS(int row);
     int receiptId() const; ///< of the receipt on show, 0 for a new one
 
     void loadList(int id) override { LOADRECPGRID(id); }
@@ -101,7 +105,7 @@ private:
     std::unique_ptr<Ui::frmRecpGST> ui;
     std::array<ReceiptRowBoxes, receiptRowCount + 1> m_rows;
     Grid *m_bills = nullptr; ///< `vsfbr`
-    int m_servedRow = -1;    ///< the row that `vsfbr` serves
+    int m_servedRow = -1;    ///< the row that `vsfbr` serves, -1 for none
 };
 
 } // namespace ledgora

@@ -9,6 +9,7 @@
 #include "receipts/frmRecpGST.h"
 #include "store/NumberFormat.h"
 #include "ui_frmRecpGST.h"
+#include <QAbstractItemView>
 
 namespace ledgora {
 
@@ -36,6 +37,9 @@ void frmRecpGST::connectMoney()
         combo->setCompleter(nullptr); // a bank that begins like an earlier one must not become that one
         combo->lineEdit()->setMaxLength(longestBankText);
         keepOneLine(*combo->lineEdit());
+        const QString caption = (combo == ui->cboOthModeBankNm ? ui->lblOthModeBankNm : ui->lblOthModeBankBr)->text();
+        combo->lineEdit()->setAccessibleName(caption);
+        combo->view()->setAccessibleName(caption);
     }
     ui->txtOthModeDesc->setMaxLength(longestBankText);
     ui->txtOthModeNo->setMaxLength(longestPaperNumber);
@@ -138,7 +142,7 @@ bool frmRecpGST::TXTOTHMODEAMT_VALIDATE()
 
 bool frmRecpGST::TXTOTHMODEDT_VALIDATE()
 {
-    if (ui->txtOthModeDt->date().isEmpty())
+    if (!isEditing() || ui->txtOthModeDt->date().isEmpty())
         return true;
     const QString settled = settledPaperDate(ui->txtOthModeDt->text());
     if (settled.isEmpty()) {

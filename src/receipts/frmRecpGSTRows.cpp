@@ -1,4 +1,4 @@
-// The ten rows of a receipt, the pop-up of the party's bills that serves them, and the tax inside each.
+// The ten rows of a receipt: their boxes, their amounts and the tax inside each.
 
 #include "bills/BillLines.h"
 #include "bills/EntryRules.h"
@@ -12,7 +12,6 @@
 #include "store/ErrorLog.h"
 #include "store/NumberFormat.h"
 #include "ui_frmRecpGST.h"
-#include <QKeyEvent>
 
 namespace ledgora {
 
@@ -129,25 +128,6 @@ void frmRecpGST::connectAmount(LineField *box, const std::function<bool()> &vali
     field(box).enterMovesOn = true;
 }
 
-void frmRecpGST::setUpBills()
-{
-    m_bills = new Grid(this);
-    m_bills->setObjectName(QStringLiteral("vsfbr"));
-    m_bills->setAccessibleName(QStringLiteral("Bills of the Client"));
-    m_bills->setListMode();
-    m_bills->setFocusPolicy(Qt::NoFocus); // the row's box goes on taking keys while the list shows
-    m_bills->setCells(emptyOpenBills());
-    for (const int hidden : {OpenBillSrNo, OpenBillSerId, OpenBillTotal, OpenBillReceived, OpenBillReceivedHere})
-        m_bills->setColumnHidden(hidden, true);
-    m_bills->column(OpenBillPending).rightAligned = true;
-    m_bills->setWidths({0, 0.3, 0.34}, OpenBillPending);
-    m_bills->hide();
-    on(m_bills, &Grid::rowActivated, [this](int) {
-        if (m_servedRow >= 0)
-            m_rows[size_t(m_servedRow)].amount->setFocus();
-    });
-}
-
 void frmRecpGST::connectRows()
 {
     for (QGridLayout *grid : {ui->whoAndWhere, ui->numberAndMoney, ui->rowsGrid})
@@ -158,7 +138,7 @@ void frmRecpGST::connectRows()
         Field &bill = field(boxes.bill);
         bill.gotFocus = [this, row] { TXTBILLSN_GOTFOCUS(row); };
         bill.validate = [this, row] { return !isEditing() || TXTBILLSN_LOSTFOCUS(row); };
-        bill.lostFocus = [this] { m_bills->hide(); };
+        bill.lostFocus = [this] { stopServing(); };
         bill.keyDown = [this, row](QKeyEvent *key) { return TXTBILLSN_KEYDOWN(row, key); };
         on(boxes.bill, &QLineEdit::textEdited, [this, row](const QString &typed) { TXTBILLSN_CHANGE(row, typed); });
         connectAmount(boxes.amount, [this, row] { return TXTAMT_VALIDATE(row); });
@@ -216,53 +196,6 @@ int frmRecpGST::receiptId() const
     return ui->txtrecpno->hiddenValue().toInt();
 }
 
-void frmRecpGST::setHint(const ReceiptRowBoxes &boxes, const QString &hint)
-{
-    boxes.bill->setToolTip(hint);
-    boxes.bill->setAccessibleDescription(hint);
-    boxes.hint->setText(hint);
-}
-
-/// Puts a bill of the list into a row; none for -1.
-void frmRecpGST::showBill(int row, int listRow)
-{
-    const ReceiptRowBoxes &boxes = m_rows[size_t(row)];
-    boxes.bill->setHiddenValue(m_bills->cells().text(listRow, OpenBillSrNo));
-    boxes.bill->setText(m_bills->cells().text(listRow, OpenBillNo));
-    setHint(boxes, openBillHint(m_bills->cells(), listRow));
-}
-
-void frmRecpGST::loadBills()
-{
-    const ErrorSite site("frmRecpGST", "LOADBILLLIST");
-    m_bills->change(
-        [this](Cells &bills) { LOADBILLLIST(*gCnn, bills, gFirmId, partyCode(), ui->txtrecpdt->text(), receiptId()); });
-}
-
-void frmRecpGST::refreshBills()
-{
-    m_bills->change([this](Cells &bills) { REFRESHBILLLIST(bills, readRows()); });
-}
-
-/// Another party or date: other bills are offered.
-void frmRecpGST::billsChanged()
-{
-    loadBills();
-    CHECKRECPS();
-    GETTAXAMTS();
-    GETTOTSR();
-}
-
-/// A bill that is no longer offered leaves its row; the amounts stay.
-void frmRecpGST::CHECKRECPS()
-{
-    for (int row = 0; row < receiptRowCount; ++row) {
-        const int billId = m_rows[size_t(row)].bill->hiddenValue().toInt();
-        if (billId != 0 && openBillRow(m_bills->cells(), billId) < 0)
-            showBill(row, -1);
-    }
-}
-
 /// What was refused stays, selected: the next key types over it.
 void frmRecpGST::refuse(LineField *field, const QString &message)
 {
@@ -303,56 +236,6 @@ void frmRecpGST::GETTOTSR()
             total += Val((m_rows[size_t(row)].*amount.box)->text());
         (m_rows[totalRow].*amount.box)->setText(amountText(total));
     }
-}
-
-void frmRecpGST::TXTBILLSN_GOTFOCUS(int row)
-{
-    if (!isEditing())
-        return;
-    LineField *box = m_rows[size_t(row)].bill;
-    const int billId = box->hiddenValue().toInt();
-    m_bills->change([this, billId](Cells &bills) {
-        REFRESHBILLLIST(bills, readRows());
-        bills.setHidden(openBillRow(bills, billId), false); // its own bill, even a paid one
-    });
-    m_bills->setRow(openBillRow(m_bills->cells(), billId));
-    placePopup(m_bills, box, {popupWidth, 0});
-    m_servedRow = row;
-    m_bills->show();
-    m_bills->raise();
-}
-
-void frmRecpGST::TXTBILLSN_CHANGE(int row, const QString &typed)
-{
-    if (!isEditing() || !m_rows[size_t(row)].bill->hasFocus())
-        return;
-    const Cells &bills = m_bills->cells();
-    m_bills->setRow(
-        typed.isEmpty() ? -1 : bills.find(typed, OpenBillNo, bills.fixedRows(), Cells::Match::BeginsAnyCase, true));
-}
-
-bool frmRecpGST::TXTBILLSN_KEYDOWN(int row, QKeyEvent *key)
-{
-    if (!isEditing())
-        return false;
-    if (key->key() != Qt::Key_Return && key->key() != Qt::Key_Enter)
-        return moveInList(*m_bills, *key);
-    const ReceiptRowBoxes &boxes = m_rows[size_t(row)];
-    const bool isLast = m_bills->row() < 0 && boxes.bill->text().isEmpty() && !readRows()[size_t(row)].isInUse();
-    (isLast ? ui->txtCash : boxes.amount)->setFocus();
-    return true;
-}
-
-/// The row takes the bill that is selected in the list, or none. False, and the focus stays, when that bill would be
-/// overpaid.
-bool frmRecpGST::TXTBILLSN_LOSTFOCUS(int row)
-{
-    showBill(row, m_servedRow == row ? m_bills->row() : -1);
-    const bool valid = checkOverpaid(row, m_rows[size_t(row)].bill);
-    GETTAXAMTS();
-    GETTOTSR();
-    m_bills->hide();
-    return valid;
 }
 
 /// The check that all amounts share; False leaves the text as it was typed.
@@ -399,16 +282,6 @@ bool frmRecpGST::TXTTDS_VALIDATE(int row)
         return false;
     }
     GETTOTSR();
-    return true;
-}
-
-bool frmRecpGST::closeOwnPopup()
-{
-    if (!m_bills->isVisible())
-        return false;
-    showBill(m_servedRow, -1);
-    m_bills->setRow(-1);
-    m_bills->hide();
     return true;
 }
 
