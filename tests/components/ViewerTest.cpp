@@ -161,7 +161,8 @@ TEST_F(ViewerTest, FindsWordsByKeys)
 {
     QTest::keyClick(view(), Qt::Key_F, Qt::ControlModifier);
     auto *words = viewer->findChild<QLineEdit *>(QStringLiteral("txtFind"));
-    ASSERT_TRUE(words && words->hasFocus());
+    ASSERT_NE(words, nullptr);
+    EXPECT_TRUE(words->hasFocus());
     QTest::keyClicks(words, QStringLiteral("IR"));
     EXPECT_EQ(label("lblFound").toStdString(), "1 of 2");
     QTest::keyClick(words, Qt::Key_Return);
@@ -172,7 +173,8 @@ TEST_F(ViewerTest, FindsWordsByKeys)
     QTest::keyClicks(words, QStringLiteral("x"));
     EXPECT_EQ(label("lblFound").toStdString(), "Not found");
     QTest::keyClick(words, Qt::Key_Escape);
-    EXPECT_TRUE(viewer->isVisible() && !words->isVisible() && view()->hits().empty());
+    EXPECT_FALSE(words->isVisible());
+    EXPECT_TRUE(view()->isVisible() && view()->hits().empty());
 }
 
 TEST_F(ViewerTest, TheOverviewLeadsAndFollows)

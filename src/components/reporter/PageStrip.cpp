@@ -48,6 +48,8 @@ public:
             return QString::number(page + 1);
         case Qt::AccessibleTextRole:
             return QString(QStringLiteral("Page ") + QString::number(page + 1));
+        case Qt::SizeHintRole:
+            return placeSize;
         case Qt::DecorationRole:
             if (!m_drawn.contains(page))
                 m_drawn.insert(page, new QPixmap(pictureOf(m_pages[page], m_strip->devicePixelRatioF())));
@@ -74,7 +76,6 @@ PageStrip::PageStrip(const PageList &pages, QWidget *parent) : QListView(parent)
     setMovement(QListView::Static);
     setUniformItemSizes(true);
     setIconSize(pictureSize);
-    setGridSize(placeSize);
     setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setFixedWidth(placeSize.width() + 24);

@@ -86,7 +86,7 @@ const Document *StockReporter::report() const
 
 QString StockReporter::reportName() const
 {
-    return m_single ? m_name : m_combined->name();
+    return m_single || !m_combined ? m_name : m_combined->name();
 }
 
 void StockReporter::ShowReport(bool)
