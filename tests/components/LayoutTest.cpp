@@ -348,12 +348,13 @@ TEST(ParagraphLayout, APictureStandsOnTheLineAndMakesItAsTall)
 
 TEST(ParagraphLayout, RaisedAndMarkedText)
 {
-    const PageList pages = layout("\\pard a{\\super b}{\\sub c}{\\highlight1 d}\\par");
+    const PageList pages = layout("\\pard a{\\super b}{\\sub c}{\\highlight1 d}{\\caps w}e\\par");
     const qreal line = piece(pages, "a").baseline.y();
     EXPECT_LT(piece(pages, "b").baseline.y(), line - 50);
     EXPECT_GT(piece(pages, "c").baseline.y(), line + 10);
     EXPECT_LT(piece(pages, "b").font.pixelSize(), 150);
     EXPECT_EQ(pages[0].drawing.areas.at(0).colour, 0xffc80000);
+    EXPECT_NEAR(rightOf(piece(pages, "W")), piece(pages, "e").baseline.x(), 1);
 }
 
 } // namespace

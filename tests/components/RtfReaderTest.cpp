@@ -256,6 +256,18 @@ TEST(RtfWriter, WhatIsWrittenIsReadAsTheSame)
     }
 }
 
+TEST(RtfReader, WhatASaveWouldLoseIsNamed)
+{
+    const RtfRead read = readRtf(
+        R"({\rtf1{\stylesheet x}{\shp{\*\shpinst s}{\shprslt t}}a{\pict\wmetafile8 00}{\*\shppict{\pict\emfblip 0}})"
+        R"({\nonshppict{\pict\wmetafile8 00}}{\*\footnote f}\par})");
+    EXPECT_EQ(read.omitted,
+              (QStringList{QStringLiteral("drawing"), QStringLiteral("picture of a kind that is not drawn"),
+                           QStringLiteral("footnote")}));
+    EXPECT_EQ(outline(read.document.sections.front().blocks).toStdString(), "(<a>)");
+    EXPECT_EQ(readRtf("{\\rtf1{\\info i}{\\*\\new n}a\\par}").omitted, QStringList());
+}
+
 TEST(RtfReader, PageBreakFallsOnTheNextParagraph)
 {
     const Document document = read("a\\page b\\par");

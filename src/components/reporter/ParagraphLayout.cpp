@@ -39,8 +39,6 @@ QFont fontOf(const CharFormat &format)
     const int size = sizeOf(format);
     font.setPixelSize(format.script == Script::Normal ? size : std::max(1, qRound(size * scriptSize)));
     font.setStrikeOut(format.strike);
-    if (format.capitals)
-        font.setCapitalization(QFont::AllUppercase);
     font.setBold(format.bold);
     font.setItalic(format.italic);
     font.setUnderline(format.underline);
@@ -94,7 +92,7 @@ QString shownText(const Run &run, const PageNumbers &numbers)
     case Field::PageCount:
         return QString::number(numbers.pages);
     default:
-        return run.text;
+        return run.format.capitals ? run.text.toUpper() : run.text;
     }
 }
 

@@ -64,6 +64,7 @@ public:
     void readInstruction();
     void readFieldResult();
     void readPicture();
+    void omitGroup(const char *what);
     void skipGroup() { m_state.destination = Destination::Skipped; }
 
 private:
@@ -119,6 +120,7 @@ private:
     void endPicture();
     void endMargin();
     void insertObject(Run run);
+    void noteOmission(const QString &what);
 
     bool inBody() const { return m_state.destination == Destination::Body; }
     int tableLevel() const { return m_state.inTable ? std::max(1, m_state.level) : 0; }

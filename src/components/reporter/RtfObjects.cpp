@@ -86,6 +86,8 @@ void RtfInterpreter::readMargin(MarginText which)
 
 void RtfInterpreter::endMargin()
 {
+    if (!m_body)
+        return;
     m_state.destination = Destination::Body;
     closeStory();
     if (isEmptyLine(m_story.blocks))
@@ -117,13 +119,22 @@ void RtfInterpreter::readInstruction()
     m_instructionFormat = m_state.chars;
 }
 
+namespace {
+
+Field fieldOf(const QString &instruction)
+{
+    const QString name = instruction.trimmed().section(QLatin1Char(' '), 0, 0).toUpper();
+    if (name == QStringLiteral("PAGE"))
+        return Field::Page;
+    return name == QStringLiteral("NUMPAGES") ? Field::PageCount : Field::None;
+}
+
+} // namespace
+
 /// Only page numbers are worked out here; of any other field the result stands that its writer left.
 void RtfInterpreter::endInstruction()
 {
-    const QString name = m_instruction.trimmed().section(QLatin1Char(' '), 0, 0).toUpper();
-    const Field field = name == QStringLiteral("PAGE")       ? Field::Page
-                        : name == QStringLiteral("NUMPAGES") ? Field::PageCount
-                                                             : Field::None;
+    const Field field = fieldOf(m_instruction);
     m_instruction.clear();
     if (field == Field::None || !inBody())
         return;
@@ -135,6 +146,19 @@ void RtfInterpreter::readFieldResult()
 {
     if (m_state.fieldShown)
         skipGroup();
+}
+
+void RtfInterpreter::omitGroup(const char *what)
+{
+    if (inBody())
+        noteOmission(QString::fromLatin1(what));
+    skipGroup();
+}
+
+void RtfInterpreter::noteOmission(const QString &what)
+{
+    if (!m_read.omitted.contains(what))
+        m_read.omitted += what;
 }
 
 void RtfInterpreter::readPicture()
@@ -161,13 +185,17 @@ void RtfInterpreter::pictureText(QByteArrayView hex)
     }
 }
 
-/// Kinds that we do not draw (metafiles, mostly a second copy for old readers) leave nothing behind.
+/// Kinds that we do not draw (metafiles) leave nothing behind.
 void RtfInterpreter::endPicture()
 {
     Picture picture = std::move(m_picture);
     m_picture = Picture();
-    if (picture.kind == Picture::Unknown || !inBody())
+    if (!inBody())
         return;
+    if (picture.kind == Picture::Unknown) {
+        noteOmission(QStringLiteral("picture of a kind that is not drawn"));
+        return;
+    }
     picture.image = decoded(picture, m_pixels);
     if (picture.image.isNull()) {
         fail(QStringLiteral("a picture can not be read"));

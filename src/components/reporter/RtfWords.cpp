@@ -191,15 +191,19 @@ const Words documentWords = {
     // Destinations whose text is not part of the page; the left pages are as the right ones.
     {"stylesheet", {skip}},
     {"info", {skip}},
-    {"object", {skip}},
     {"nonshppict", {skip}},
     {"nonesttables", {skip}},
-    {"headerl", {skip}},
-    {"footerl", {skip}},
-    {"footnote", {skip}},
     {"xe", {skip}},
     {"tc", {skip}},
     {"filetbl", {skip}},
+    {"object", {[](Interpreter &i, int) { i.omitGroup("embedded object"); }}},
+    {"shp", {[](Interpreter &i, int) { i.omitGroup("drawing"); }}},
+    {"shpgrp", {[](Interpreter &i, int) { i.omitGroup("drawing"); }}},
+    {"do", {[](Interpreter &i, int) { i.omitGroup("drawing"); }}},
+    {"footnote", {[](Interpreter &i, int) { i.omitGroup("footnote"); }}},
+    {"annotation", {[](Interpreter &i, int) { i.omitGroup("comment"); }}},
+    {"headerl", {[](Interpreter &i, int) { i.omitGroup("header of left pages"); }}},
+    {"footerl", {[](Interpreter &i, int) { i.omitGroup("footer of left pages"); }}},
 };
 
 const Words characterWords = {

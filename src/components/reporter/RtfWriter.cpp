@@ -13,6 +13,9 @@ struct SideWord
     const char *word;
 };
 
+constexpr std::array sideLetters = {SideWord{Top, "t"}, SideWord{Left, "l"}, SideWord{Bottom, "b"},
+                                    SideWord{Right, "r"}};
+
 class Writer
 {
 public:
@@ -33,6 +36,7 @@ private:
     void picture(const Picture &picture);
     void table(const Table &table, int level);
     void definition(const Row &row);
+    void padding(const QByteArray &word, const char *letter, const std::optional<Twips> &value);
     void cellFormat(const CellFormat &format);
     void words(std::initializer_list<std::pair<const char *, int>> pairs); ///< those whose value is not 0
     void flag(bool set, const char *word) { m_text += set ? word : ""; }
@@ -115,9 +119,8 @@ void Writer::page(const PageSetup &page)
     flag(page.landscape, "\\lndscpsxn");
     flag(page.titlePage, "\\titlepg");
     flag(page.bordersFromEdge, "\\pgbrdropt32");
-    for (const SideWord &side : {SideWord{Top, "\\pgbrdrt"}, SideWord{Left, "\\pgbrdrl"}, SideWord{Bottom, "\\pgbrdrb"},
-                                 SideWord{Right, "\\pgbrdrr"}})
-        border(side.word, page.borders[side.side]);
+    for (const auto &[side, letter] : sideLetters)
+        border(QByteArray("\\pgbrdr") + letter, page.borders[side]);
 }
 
 /// A section without a text of its own takes the former one's, so an empty one is written out when that had any.
@@ -196,9 +199,8 @@ void Writer::format(const ParagraphFormat &format)
         flag(tab.alignment == Alignment::Centre, "\\tqc");
         m_text += rtfWord("\\tx", tab.position);
     }
-    for (const SideWord &side :
-         {SideWord{Top, "\\brdrt"}, SideWord{Left, "\\brdrl"}, SideWord{Bottom, "\\brdrb"}, SideWord{Right, "\\brdrr"}})
-        border(side.word, format.borders[side.side]);
+    for (const auto &[side, letter] : sideLetters)
+        border(QByteArray("\\brdr") + letter, format.borders[side]);
     words({{"\\cbpat", m_tables.colour(format.shading)}});
 }
 
@@ -292,13 +294,18 @@ void Writer::definition(const Row &row)
     flag(format.heading, "\\trhdr");
     flag(format.keepTogether, "\\trkeep");
     words({{"\\trrh", format.height.rule == RowHeight::Exact ? -format.height.value : format.height.value}});
-    for (const auto &[side, word] :
-         {std::pair{Top, "t"}, std::pair{Left, "l"}, std::pair{Bottom, "b"}, std::pair{Right, "r"}})
-        if (format.padding[side])
-            m_text += rtfWord(QByteArray("\\trpadd") + word, *format.padding[side]) + "\\trpaddf" + word + "3";
+    for (const auto &[side, letter] : sideLetters)
+        padding("\\trpadd", letter, format.padding[side]);
     m_text += "\n";
     for (const Cell &cell : row.cells)
         cellFormat(cell.format);
+}
+
+/// The unit of a padding is a word of its own; 3 stands for twips.
+void Writer::padding(const QByteArray &word, const char *letter, const std::optional<Twips> &value)
+{
+    if (value)
+        m_text += rtfWord(word + letter, *value) + word + "f" + letter + "3";
 }
 
 void Writer::cellFormat(const CellFormat &format)
@@ -309,11 +316,9 @@ void Writer::cellFormat(const CellFormat &format)
     flag(format.acrossCells == Merge::Continued, "\\clmrg");
     flag(format.verticalAlignment == VerticalAlignment::Centre, "\\clvertalc");
     flag(format.verticalAlignment == VerticalAlignment::Bottom, "\\clvertalb");
-    for (const auto &[side, word] :
-         {std::pair{Top, "t"}, std::pair{Left, "l"}, std::pair{Bottom, "b"}, std::pair{Right, "r"}}) {
-        border(QByteArray("\\clbrdr") + word, format.borders[side]);
-        if (format.padding[side])
-            m_text += rtfWord(QByteArray("\\clpad") + word, *format.padding[side]) + "\\clpadf" + word + "3";
+    for (const auto &[side, letter] : sideLetters) {
+        border(QByteArray("\\clbrdr") + letter, format.borders[side]);
+        padding("\\clpad", letter, format.padding[side]);
     }
     words({{"\\clcbpat", m_tables.colour(format.shading)}});
     m_text += rtfWord("\\cellx", format.rightEdge) + "\n";

@@ -86,7 +86,7 @@ const Document *StockReporter::report() const
 
 QString StockReporter::reportName() const
 {
-    return m_single ? m_name : m_combined->name();
+    return m_single || !m_combined ? m_name : m_combined->name();
 }
 
 void StockReporter::ShowReport(bool)
@@ -97,7 +97,8 @@ void StockReporter::ShowReport(bool)
         fail(noReport, QStringLiteral("there is no report to show"));
         return;
     }
-    auto *viewer = new Viewer(layoutDocument(*report()), reportName()); // deletes itself when it is closed
+    const Document shown = *report(); // the viewer keeps it, whatever becomes of the report
+    auto *viewer = new Viewer(layoutDocument(shown), reportName(), [shown] { return writeRtf(shown); });
     if (gMdi)
         gMdi->showScreen(*viewer);
     else
