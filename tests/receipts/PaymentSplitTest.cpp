@@ -85,28 +85,26 @@ TEST(TaxInsidePayment, IsToldInTheArrayForTheReceiptsPlaceAmongTheOthers)
     data.run("Insert Into GST_RecpD Values (1,1,1,115,0,0),(2,1,1,1000,0,0)");
     struct Case
     {
-        const char *name;
-        int id;
-        const char *date;
-        int number;
+        const char *name, *date;
+        int id, number;
         QStringList row; ///< fields 1 to 3
         QStringList split;
     };
     const Case cases[] = {
-        {"between two of its day", 0, "02/05/2024", 5, {"1", "1035", ""}, {"1035", "67", "67"}},
-        {"the day before", 0, "01/05/2024", 5, {"1", "1035", ""}, {"1035", "68", "68"}},
-        {"no number: all of its day came before", 0, "02/05/2024", 0, {"1", "1035", ""}, {"35", "2", "2"}},
-        {"no date: the latest of all", 0, "", 5, {"1", "1035", ""}, {"35", "2", "2"}},
+        {"between two of its day", "02/05/2024", 0, 5, {"1", "1035", ""}, {"1035", "67", "67"}},
+        {"the day before", "01/05/2024", 0, 5, {"1", "1035", ""}, {"1035", "68", "68"}},
+        {"no number: all of its day came before", "02/05/2024", 0, 0, {"1", "1035", ""}, {"35", "2", "2"}},
+        {"no date: the latest of all", "", 0, 5, {"1", "1035", ""}, {"35", "2", "2"}},
         {"modified and dated later, it does not meet itself",
-         2,
          "09/05/2024",
+         2,
          6,
          {"1", "1035", ""},
          {"1035", "67", "67"}},
-        {"sums as they were typed", 0, "01/05/2024", 5, {"1 x", "115.50 ", "-"}, {"115.5", "8", "8"}},
-        {"sums that are no numbers", 0, "01/05/2024", 5, {"1", "x", "-"}, {}},
-        {"an id beyond all ids", 0, "01/05/2024", 5, {"4294967297", "10", ""}, {}},
-        {"a bill that is gone", 0, "01/05/2024", 5, {"9", "10", ""}, {}},
+        {"sums as they were typed", "01/05/2024", 0, 5, {"1 x", "115.50 ", "-"}, {"115.5", "8", "8"}},
+        {"sums that are no numbers", "01/05/2024", 0, 5, {"1", "x", "-"}, {}},
+        {"an id beyond all ids", "01/05/2024", 0, 5, {"4294967297", "10", ""}, {}},
+        {"a bill that is gone", "01/05/2024", 0, 5, {"9", "10", ""}, {}},
     };
     gCnn = &data.db();
     for (const Case &c : cases) {
