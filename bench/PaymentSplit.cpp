@@ -27,12 +27,12 @@ int firstBill()
     static const int first = [] {
         Connection db(Office::instance().handle());
         fillBills(db, firm, 2024, openBills, 1);
-        const int bill = [&] {
+        const int lowestId = [&] {
             Recordset lowest = db.Open(QStringLiteral("Select Min(BillSrNo) From GST_BillM Where FirmId=%1").arg(firm));
             return lowest.next() ? int(lowest.integer(0)) : 0;
         }();
-        fillReceipts(db, firm, 2024, receipts, bill, openBills);
-        return bill;
+        fillReceipts(db, firm, 2024, receipts, lowestId, openBills);
+        return lowestId;
     }();
     return first;
 }
@@ -40,6 +40,7 @@ int firstBill()
 std::vector<PaymentRow> typedRows()
 {
     std::vector<PaymentRow> typed;
+    typed.reserve(rows);
     for (int row = 0; row < rows; ++row)
         typed.push_back({firstBill() + row * 400, 1000, 50});
     return typed;

@@ -46,9 +46,8 @@ TEST(Balance, IsBillsLessReceiptsAndDiscountsOfAllYears)
     for (const auto &c : cases)
         EXPECT_EQ(balanceOf(database.db(), c.firm, c.code), c.balance) << c.rule;
     std::map<std::pair<int, std::string>, double> all;
-    const auto balances = allBalances(database.db(), 0);
-    ASSERT_TRUE(balances);
-    for (const PartyBalance &party : *balances)
+    const auto balances = allBalances(database.db(), 0).value_or(std::vector<PartyBalance>());
+    for (const PartyBalance &party : balances)
         all[{party.firmId, party.code.toUpper().toStdString()}] = party.amount;
     EXPECT_EQ(all.size(), 7U) << "each client of each company once";
     for (const auto &[party, amount] : all)
