@@ -335,6 +335,23 @@ TEST(RtfReader, TooManyCellsShareTheLast)
     EXPECT_EQ(row.cells.back().blocks.size(), 101U);
 }
 
+TEST(RtfReader, AFewBytesCanNotClaimAllMemory)
+{
+    QByteArray definition = "\\trowd";
+    for (int i = 0; i < 200; ++i)
+        definition += "\\cellx" + QByteArray::number(i * 10);
+    const QByteArray table = "{\\rtf1" + definition + QByteArray("\\row").repeated(1'000'000) + "}";
+    const RtfRead rows = readRtf(table);
+    EXPECT_EQ(rows.error.toStdString(), "the document is too large");
+    EXPECT_LT(std::get<Table>(rows.document.sections.front().blocks.at(0).content).rows.size(), 1100U);
+    const Document tabs = read("\\pard" + QByteArray("\\tx9").repeated(1'000'000) + " a\\par");
+    EXPECT_EQ(paragraphOf(tabs).format.tabs.size(), 100U);
+    const QByteArray breaks =
+        "{\\rtf1{\\header " + QByteArray("a\\par").repeated(1000) + "}" + QByteArray("\\sect").repeated(1'000'000) + "}";
+    const RtfRead sections = readRtf(breaks);
+    EXPECT_LT(sections.document.sections.size(), 200U);
+}
+
 TEST(RtfReader, ATemplateCutAtAnyByteIsReadWithoutFail)
 {
     QFile file(QStringLiteral(LEDGORA_TEMPLATES "/GST_NoTax_Bill.doc"));

@@ -33,9 +33,11 @@ void drawMargins(Page &page, const PageOwner &owner, const PageNumbers &numbers)
     const PageSetup &setup = section.page;
     const qreal left = withinMargins(setup).left();
     const qreal width = withinMargins(setup).width();
-    drawColumn(page.drawing, layoutColumn(marginText(section, owner.first, true), width, numbers),
-               QPointF(left, setup.headerDistance));
-    const std::vector<Slice> footer = layoutColumn(marginText(section, owner.first, false), width, numbers);
+    const auto laid = [&](bool header) {
+        return layoutColumn(marginText(section, owner.first, header), width, numbers, setup.height);
+    };
+    drawColumn(page.drawing, laid(true), QPointF(left, setup.headerDistance));
+    const std::vector<Slice> footer = laid(false);
     drawColumn(page.drawing, footer, QPointF(left, setup.height - setup.footerDistance - heightOf(footer)));
 }
 
@@ -75,16 +77,21 @@ qreal heightOf(const std::vector<Slice> &slices)
     return sum;
 }
 
-std::vector<Slice> layoutColumn(const std::vector<Block> &blocks, qreal width, const PageNumbers &numbers)
+std::vector<Slice> layoutColumn(const std::vector<Block> &blocks, qreal width, const PageNumbers &numbers, qreal enough)
 {
     std::vector<Slice> column;
+    qreal height = 0;
     for (const Block &block : blocks) {
+        if (height > enough)
+            break;
         if (const auto *paragraph = std::get_if<Paragraph>(&block.content)) {
             std::vector<Slice> lines = layoutParagraph(*paragraph, width, numbers);
+            height += heightOf(lines);
             std::move(lines.begin(), lines.end(), std::back_inserter(column));
             continue;
         }
         const TableLayout table(std::get<Table>(block.content), width, numbers);
+        height += table.height(0, table.rows().size());
         for (std::size_t row = 0; row < table.rows().size();) {
             const std::size_t end = table.groupEnd(row);
             column.push_back({0, table.height(row, end), table.draw(row, end), false});

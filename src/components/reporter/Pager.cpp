@@ -65,7 +65,7 @@ QRectF roomOf(const Section &section, bool first)
     const PageSetup &page = section.page;
     QRectF room = withinMargins(page);
     const auto height = [&](bool header) {
-        return heightOf(layoutColumn(marginText(section, first, header), room.width(), {}));
+        return heightOf(layoutColumn(marginText(section, first, header), room.width(), {}, page.height));
     };
     if (const qreal header = height(true); header > 0)
         room.setTop(std::max(room.top(), page.headerDistance + header));
@@ -181,7 +181,7 @@ void Pager::addParagraph(const Paragraph &paragraph, const std::vector<Slice> &s
 void Pager::newTablePage(const TableLayout &table)
 {
     nextColumn();
-    const qreal heading = table.height(0, table.headingRows());
+    const qreal heading = table.headingHeight();
     if (heading > m_room.height() / 2)
         return; // a heading that fills the page would leave no room for what it heads
     put(table.draw(0, table.headingRows()), heading);
@@ -202,7 +202,7 @@ void Pager::addRows(const TableLayout &table, std::size_t first, std::size_t end
 {
     const qreal height = table.height(first, end);
     const bool isHeading = first < table.headingRows();
-    const qreal headingAbove = isHeading ? 0 : table.height(0, table.headingRows());
+    const qreal headingAbove = isHeading ? 0 : table.headingHeight();
     if (height > rest() && height <= m_room.height() - headingAbove) {
         if (isHeading)
             nextColumn();

@@ -5,6 +5,7 @@
 #include <exception>
 #include <optional>
 #include <qpdf/Buffer.hh>
+#include <qpdf/JSON.hh> // the next one uses it without saying so
 #include <qpdf/QPDF.hh>
 #include <qpdf/QPDFObjectHandle.hh>
 #include <qpdf/QPDFPageDocumentHelper.hh>

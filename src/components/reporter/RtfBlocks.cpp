@@ -154,6 +154,7 @@ void RtfInterpreter::closeRow(int level)
         row.cells[i].blocks = std::move(open.cells[i]);
     if (row.cells.empty())
         return;
+    m_cells += static_cast<int>(row.cells.size());
     std::vector<Block> &blocks = blocksAt(level - 1);
     if (blocks.empty() || !std::holds_alternative<Table>(blocks.back().content))
         blocks.emplace_back(Table());

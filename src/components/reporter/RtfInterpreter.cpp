@@ -60,7 +60,7 @@ RtfRead RtfInterpreter::read(QByteArrayView text)
 
 bool RtfInterpreter::withinLimits()
 {
-    if (m_characters <= mostCharacters && m_paragraphs <= mostParagraphs)
+    if (m_characters <= mostCharacters && m_paragraphs <= mostParagraphs && m_cells <= mostCells)
         return true;
     fail(QStringLiteral("the document is too large"));
     return false;
@@ -302,7 +302,8 @@ void RtfInterpreter::setFont(int number)
 
 void RtfInterpreter::addTab(int position)
 {
-    m_state.paragraph.tabs.push_back({position, m_tabAlignment});
+    if (m_state.paragraph.tabs.size() < mostTabs)
+        m_state.paragraph.tabs.push_back({position, m_tabAlignment});
     std::sort(m_state.paragraph.tabs.begin(), m_state.paragraph.tabs.end(),
               [](const TabStop &a, const TabStop &b) { return a.position < b.position; });
     m_tabAlignment = Alignment::Left;

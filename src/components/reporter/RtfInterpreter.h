@@ -169,6 +169,7 @@ private:
     qint64 m_pixels = 0;
     qsizetype m_characters = 0;
     int m_paragraphs = 0;
+    int m_cells = 0;
 };
 
 /// Carries out a control word; false when no table knows it.

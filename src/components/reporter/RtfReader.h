@@ -25,7 +25,9 @@ constexpr qsizetype largestInput = 64LL * 1024 * 1024;
 constexpr qsizetype mostCharacters = 4LL * 1024 * 1024;
 constexpr int mostParagraphs = 100'000;
 constexpr int mostCellsInRow = 200;
-constexpr int mostTableLevels = 8; ///< tables inside of tables; deeper ones are joined to the last
+constexpr int mostCells = 200'000;
+constexpr std::size_t mostTabs = 100; ///< in a paragraph; more are passed over
+constexpr int mostTableLevels = 8;    ///< tables inside of tables; deeper ones are joined to the last
 constexpr qint64 mostPixels =
     40LL * 1000 * 1000; ///< of all pictures together, so that a claim of a few bytes can not fill the memory
 

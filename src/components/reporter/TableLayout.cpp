@@ -167,6 +167,7 @@ void TableLayout::countHeadings()
         ++m_headingRows;
     if (m_headingRows == m_rows.size())
         m_headingRows = 0;
+    m_headingHeight = height(0, m_headingRows);
 }
 
 std::size_t TableLayout::groupEnd(std::size_t first) const

@@ -37,6 +37,7 @@ public:
     const std::vector<LaidRow> &rows() const { return m_rows; }
     /// Rows at the top that are repeated on each page; 0 when the table has nothing else.
     std::size_t headingRows() const { return m_headingRows; }
+    qreal headingHeight() const { return m_headingHeight; }
     /// End of the rows that merged cells bind to the row at `first`.
     std::size_t groupEnd(std::size_t first) const;
     qreal height(std::size_t first, std::size_t end) const;
@@ -63,6 +64,7 @@ private:
     std::map<Twips, Twips> m_edges;
     std::vector<LaidRow> m_rows;
     std::size_t m_headingRows = 0;
+    qreal m_headingHeight = 0;
 };
 
 } // namespace ledgora::reporter
