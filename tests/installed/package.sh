@@ -33,4 +33,4 @@ program=$work/root/usr/bin/ledgora
 done
 "$program" sample --bills 20 --parties 5 >/dev/null || fail "sample failed"
 said=$("$program" check) || fail "check: $said"
-[ "$said" = "20 bills checked, nothing found." ] || fail "check said: $said"
+[[ $said = *", nothing found." ]] || fail "check said: $said"
