@@ -347,7 +347,7 @@ TEST(RtfReader, AFewBytesCanNotClaimAllMemory)
     const Document tabs = read("\\pard" + QByteArray("\\tx9").repeated(1'000'000) + " a\\par");
     EXPECT_EQ(paragraphOf(tabs).format.tabs.size(), 100U);
     const QByteArray breaks =
-        "{\\rtf1{\\header " + QByteArray("a\\par").repeated(1000) + "}" + QByteArray("\\sect").repeated(1'000'000) + "}";
+        "{\\rtf1{\\header " + QByteArray("a\\par ").repeated(1000) + "}" + QByteArray("\\sect").repeated(1'000'000) + "}";
     const RtfRead sections = readRtf(breaks);
     EXPECT_LT(sections.document.sections.size(), 200U);
 }
