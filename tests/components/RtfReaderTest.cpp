@@ -346,8 +346,8 @@ TEST(RtfReader, AFewBytesCanNotClaimAllMemory)
     EXPECT_LT(std::get<Table>(rows.document.sections.front().blocks.at(0).content).rows.size(), 1100U);
     const Document tabs = read("\\pard" + QByteArray("\\tx9").repeated(1'000'000) + " a\\par");
     EXPECT_EQ(paragraphOf(tabs).format.tabs.size(), 100U);
-    const QByteArray breaks =
-        "{\\rtf1{\\header " + QByteArray("a\\par ").repeated(1000) + "}" + QByteArray("\\sect").repeated(1'000'000) + "}";
+    const QByteArray breaks = "{\\rtf1{\\header " + QByteArray("a\\par ").repeated(1000) + "}"
+                              + QByteArray("\\sect").repeated(1'000'000) + "}";
     const RtfRead sections = readRtf(breaks);
     EXPECT_LT(sections.document.sections.size(), 200U);
 }
