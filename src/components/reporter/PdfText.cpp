@@ -2,14 +2,9 @@
 
 #include <QPainter>
 #include <QStringEncoder>
-#include <exception>
-#include <optional>
-#include <qpdf/Buffer.hh>
-#include <qpdf/JSON.hh> // the next one uses it without saying so
-#include <qpdf/QPDF.hh>
-#include <qpdf/QPDFObjectHandle.hh>
-#include <qpdf/QPDFPageDocumentHelper.hh>
-#include <qpdf/QPDFWriter.hh>
+#include <cstdlib>
+#include <memory>
+#include <qpdf/qpdf-c.h>
 
 namespace ledgora::reporter {
 
@@ -18,73 +13,90 @@ namespace {
 constexpr int markPlace = -1000000; ///< far beyond the largest page
 constexpr int endMark = markPlace + 1;
 
-void dot(QPainter &painter, int x, int y)
+// A mark as the PDF writer puts it down: a filled rectangle, "x y 1 1 re" and "f" on a line of its own.
+const QByteArray markBegin = QByteArray::number(markPlace) + ' ';
+const QByteArray markEnd = " 1 1 re\nf\n";
+
+void dot(QPainter &painter, int y)
 {
-    painter.fillRect(QRectF(x, y, 1, 1), Qt::black);
+    painter.fillRect(QRectF(markPlace, y, 1, 1), Qt::black);
 }
 
-/// "/Span <</ActualText <FEFF...>>> BDC"
-std::string bracket(const QString &text)
+/// What stands in the place of the mark with that y; empty for one that we have not made.
+QByteArray bracket(int y, const std::vector<QString> &texts)
 {
+    if (y == endMark)
+        return "EMC\n";
+    const auto number = static_cast<std::size_t>(y - endMark - 1);
+    if (y <= endMark || number >= texts.size())
+        return {};
     QStringEncoder encoder(QStringConverter::Utf16BE, QStringConverter::Flag::WriteBom);
-    const QByteArray bytes = encoder.encode(QString::fromUtf8(text.toUtf8())); // no halves of characters
-    return "\n/Span <</ActualText <" + bytes.toHex().toStdString() + ">>> BDC\n";
+    const QByteArray characters = encoder.encode(QString::fromUtf8(texts[number].toUtf8())); // no halves of characters
+    return "/Span <</ActualText <" + characters.toHex() + ">>> BDC\n";
 }
 
-/// Holds operands back until their operator comes, and puts brackets where marks are drawn.
-class MarkFilter final : public QPDFObjectHandle::TokenFilter
+QByteArray withBrackets(const QByteArray &content, const std::vector<QString> &texts)
+{
+    QByteArray changed;
+    qsizetype done = 0;
+    for (qsizetype at = content.indexOf(markBegin); at >= 0; at = content.indexOf(markBegin, at + 1)) {
+        const qsizetype y = at + markBegin.size();
+        const qsizetype end = content.indexOf(markEnd, y);
+        bool isNumber = false;
+        const int place = end < 0 ? 0 : content.mid(y, end - y).toInt(&isNumber);
+        const QByteArray instead = isNumber ? bracket(place, texts) : QByteArray();
+        if (instead.isEmpty())
+            continue;
+        changed += content.mid(done, at - done) + instead;
+        done = end + markEnd.size();
+    }
+    return changed + content.mid(done);
+}
+
+/// A PDF file that is taken apart; after any fault all further steps do nothing, and there is no result.
+class PdfFile
 {
 public:
-    explicit MarkFilter(const std::vector<QString> &texts) : m_texts(texts) {}
-
-    void handleToken(QPDFTokenizer::Token const &token) override
+    explicit PdfFile(const QByteArray &pdf) : m_file(qpdf_init())
     {
-        m_held.push_back(token);
-        if (token.getType() != QPDFTokenizer::tt_word)
+        qpdf_silence_errors(m_file);
+        qpdf_set_suppress_warnings(m_file, QPDF_TRUE);
+        qpdf_read_memory(m_file, "document", pdf.constData(), static_cast<unsigned long long>(pdf.size()), nullptr);
+    }
+    PdfFile(const PdfFile &) = delete;
+    PdfFile &operator=(const PdfFile &) = delete;
+    ~PdfFile() { qpdf_cleanup(&m_file); }
+
+    bool failed() const { return qpdf_has_error(m_file) != QPDF_FALSE; }
+    int pages() const { return failed() ? 0 : qpdf_get_num_pages(m_file); }
+
+    void bracketPage(int number, const std::vector<QString> &texts)
+    {
+        const qpdf_oh page = qpdf_get_page_n(m_file, static_cast<std::size_t>(number));
+        unsigned char *data = nullptr;
+        std::size_t size = 0;
+        if (qpdf_oh_get_page_content_data(m_file, page, &data, &size) != QPDF_SUCCESS)
             return;
-        if (m_dropFill && token.getValue() == "f") {
-            m_dropFill = false;
-            m_held.clear();
-        } else if (const auto text = marked(token)) {
-            write(*text);
-            m_dropFill = true;
-            m_held.clear();
-        } else {
-            release();
-        }
+        const std::unique_ptr<unsigned char, decltype(&std::free)> owner(data, &std::free);
+        const QByteArray content = withBrackets(
+            QByteArray::fromRawData(reinterpret_cast<const char *>(data), static_cast<qsizetype>(size)), texts);
+        const qpdf_oh stream = qpdf_oh_new_stream(m_file);
+        qpdf_oh_replace_stream_data(m_file, stream, reinterpret_cast<const unsigned char *>(content.constData()),
+                                    static_cast<std::size_t>(content.size()), qpdf_oh_new_null(m_file),
+                                    qpdf_oh_new_null(m_file));
+        qpdf_oh_replace_key(m_file, page, "/Contents", stream);
     }
 
-    void handleEOF() override { release(); }
+    QByteArray whole()
+    {
+        if (failed() || qpdf_init_write_memory(m_file) != QPDF_SUCCESS || qpdf_write(m_file) != QPDF_SUCCESS)
+            return {};
+        return {reinterpret_cast<const char *>(qpdf_get_buffer(m_file)),
+                static_cast<qsizetype>(qpdf_get_buffer_length(m_file))};
+    }
 
 private:
-    void release()
-    {
-        for (const QPDFTokenizer::Token &held : m_held)
-            writeToken(held);
-        m_held.clear();
-    }
-
-    std::optional<std::string> marked(const QPDFTokenizer::Token &operatorToken) const
-    {
-        if (operatorToken.getValue() != "re")
-            return {};
-        std::vector<int> numbers;
-        for (const QPDFTokenizer::Token &held : m_held)
-            if (held.getType() == QPDFTokenizer::tt_integer)
-                numbers.push_back(QByteArray::fromStdString(held.getValue()).toInt());
-        if (numbers.size() != 4 || numbers[0] != markPlace)
-            return {};
-        if (numbers[1] == endMark)
-            return "\nEMC\n";
-        const auto number = static_cast<std::size_t>(numbers[1] - endMark - 1);
-        if (number >= m_texts.size())
-            return {};
-        return bracket(m_texts[number]);
-    }
-
-    const std::vector<QString> &m_texts;
-    std::vector<QPDFTokenizer::Token> m_held;
-    bool m_dropFill = false;
+    qpdf_data m_file;
 };
 
 } // namespace
@@ -110,30 +122,21 @@ bool needsCharacters(const QString &text)
 
 void beginCharacters(QPainter &painter, int number)
 {
-    dot(painter, markPlace, endMark + 1 + number);
+    dot(painter, endMark + 1 + number);
 }
 
 void endCharacters(QPainter &painter)
 {
-    dot(painter, markPlace, endMark);
+    dot(painter, endMark);
 }
 
 QByteArray withCharacters(const QByteArray &pdf, const std::vector<QString> &texts)
 {
-    try {
-        QPDF file;
-        file.setSuppressWarnings(true);
-        file.processMemoryFile("document", pdf.constData(), static_cast<std::size_t>(pdf.size()));
-        for (QPDFPageObjectHelper page : QPDFPageDocumentHelper(file).getAllPages())
-            page.addContentTokenFilter(std::make_shared<MarkFilter>(texts));
-        QPDFWriter writer(file);
-        writer.setOutputMemory();
-        writer.write();
-        const std::shared_ptr<Buffer> whole = writer.getBufferSharedPointer();
-        return {reinterpret_cast<const char *>(whole->getBuffer()), static_cast<qsizetype>(whole->getSize())};
-    } catch (const std::exception &) {
-        return pdf;
-    }
+    PdfFile file(pdf);
+    for (int page = 0; page < file.pages(); ++page)
+        file.bracketPage(page, texts);
+    const QByteArray whole = file.whole();
+    return whole.isEmpty() ? pdf : whole;
 }
 
 } // namespace ledgora::reporter

@@ -18,14 +18,14 @@ bool isDigit(char c)
 
 } // namespace
 
-int hexValue(char c)
+int hexValue(char digit)
 {
-    if (isDigit(c))
-        return c - '0';
-    if (c >= 'a' && c <= 'f')
-        return c - 'a' + 10;
-    if (c >= 'A' && c <= 'F')
-        return c - 'A' + 10;
+    if (isDigit(digit))
+        return digit - '0';
+    if (digit >= 'a' && digit <= 'f')
+        return digit - 'a' + 10;
+    if (digit >= 'A' && digit <= 'F')
+        return digit - 'A' + 10;
     return -1;
 }
 
