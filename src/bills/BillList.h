@@ -23,11 +23,11 @@ enum BillListColumn {
 };
 
 inline constexpr DocumentListColumns billListColumns{.name = ListReceiverName, .amount = ListBillAmount};
-inline constexpr ListedColumn listedBillColumns[] = {{ListBillSrNo, "BillSrNo", 0},   {ListPartyCode, "Code_No", 3},
-                                                     {ListBillSerId, "BillSerId", 4}, {ListBillNo, "BillNo", 5},
-                                                     {ListPlace, "PlaceOfServ", 7},   {ListTaxType, "AppTaxType", 8},
-                                                     {ListNarration, "Narr", 9}};
-inline constexpr DocumentListKind billListKind{billListColumns, listedBillColumns, {ListBillDate, "BillDt", 6}};
+inline constexpr ListedColumn listedBillColumns[] = {{"BillSrNo", ListBillSrNo, 0},   {"Code_No", ListPartyCode, 3},
+                                                     {"BillSerId", ListBillSerId, 4}, {"BillNo", ListBillNo, 5},
+                                                     {"PlaceOfServ", ListPlace, 7},   {"AppTaxType", ListTaxType, 8},
+                                                     {"Narr", ListNarration, 9}};
+inline constexpr DocumentListKind billListKind{billListColumns, listedBillColumns, {"BillDt", ListBillDate, 6}};
 
 /// The list with its heading, without bills.
 Cells emptyBillList();

@@ -26,9 +26,9 @@ struct DocumentListColumns
 /// A column of the list that shows a column of the document's row as it is stored.
 struct ListedColumn
 {
-    int cell;
     const char *name; ///< in the table
-    int place;        ///< its place in the row
+    int cell;
+    int place; ///< its place in the table's row
 };
 
 /// A list as a kind of document has it.

@@ -27,14 +27,14 @@ enum ReceiptListColumn {
 };
 
 inline constexpr ListedColumn listedReceiptColumns[] = {
-    {ListRecpSrNo, "RecpSrNo", 0},   {ListRecpPartyCode, "Code_No", 3},
-    {ListRecpSerId, "RecpSerId", 4}, {ListRecpNo, "RecpNo", 5},
-    {ListCash, "Cash", 7},           {ListPayMode, "PayMode", 8},
-    {ListOtherAmount, "OthAmt", 9},  {ListBankName, "BankNm", 10},
-    {ListBankBranch, "BankBr", 11},  {ListPaperNumber, "ChqNo", 12},
-    {ListPaperDate, "ChqDt", 13},    {ListRecpNarration, "Narr", 14}};
+    {"RecpSrNo", ListRecpSrNo, 0},   {"Code_No", ListRecpPartyCode, 3},
+    {"RecpSerId", ListRecpSerId, 4}, {"RecpNo", ListRecpNo, 5},
+    {"Cash", ListCash, 7},           {"PayMode", ListPayMode, 8},
+    {"OthAmt", ListOtherAmount, 9},  {"BankNm", ListBankName, 10},
+    {"BankBr", ListBankBranch, 11},  {"ChqNo", ListPaperNumber, 12},
+    {"ChqDt", ListPaperDate, 13},    {"Narr", ListRecpNarration, 14}};
 inline constexpr DocumentListKind receiptListKind{
-    {.name = ListPayerName, .amount = ListRecpAmount}, listedReceiptColumns, {ListRecpDate, "RecpDt", 6}};
+    {.name = ListPayerName, .amount = ListRecpAmount}, listedReceiptColumns, {"RecpDt", ListRecpDate, 6}};
 
 /// The list with its heading, without receipts.
 Cells emptyReceiptList();
