@@ -26,7 +26,8 @@ constexpr Words commands[] = {
     {"demo", CommandLine::Command::Demo,
      "ledgora demo --out DIR: make a new office in DIR and key in bills as a clerk would"},
     {"balance", CommandLine::Command::Balance,
-     "ledgora balance --firm ID --party CODE: what a client owes a company, in rupees"},
+     "ledgora balance --firm ID --party CODE: what a client owes a company, in rupees; with --all instead of --party: "
+     "what every client owes, code, name and rupees with tabs between, and the total"},
     {"sample", CommandLine::Command::Sample,
      "ledgora sample --data DIR: fill an empty office with companies, clients, bills and receipts, the same ones "
      "for the same seed"},
@@ -100,6 +101,10 @@ void addOptions(QCommandLineParser &parser, CommandLine::Command command)
         break;
     case CommandLine::Command::Balance:
         parser.addOption({QStringLiteral("firm"), QStringLiteral("Number of the company."), QStringLiteral("ID")});
+        parser.addOption(
+            {QStringLiteral("all"),
+             QStringLiteral("All clients whose balance is not 0; without --firm those of all companies, each "
+                            "with the company's name in front.")});
         parser.addOption({QStringLiteral("party"), QStringLiteral("Code of the client."), QStringLiteral("CODE")});
         break;
     case CommandLine::Command::Sample:
@@ -176,6 +181,17 @@ QString careFault(const CommandLine &line, const QCommandLineParser &parser)
     }
 }
 
+QString balanceFault(const CommandLine &line, const QCommandLineParser &parser)
+{
+    if (line.all && !line.party.isEmpty())
+        return QStringLiteral("balance takes either --party CODE or --all");
+    if (line.all)
+        return parser.isSet(QStringLiteral("firm")) && line.firm < 1 ? QStringLiteral("--firm takes a company's number")
+                                                                     : QString();
+    return line.firm < 1 || line.party.isEmpty() ? QStringLiteral("balance needs --firm ID and --party CODE, or --all")
+                                                 : QString();
+}
+
 QString fault(const CommandLine &line, const QCommandLineParser &parser)
 {
     if (!parser.positionalArguments().isEmpty())
@@ -194,8 +210,8 @@ QString fault(const CommandLine &line, const QCommandLineParser &parser)
         return QStringLiteral("--connect: ") + said;
     if (line.command == CommandLine::Command::Demo && line.out.isEmpty())
         return QStringLiteral("demo needs --out DIR");
-    if (line.command == CommandLine::Command::Balance && (line.firm < 1 || line.party.isEmpty()))
-        return QStringLiteral("balance needs --firm ID and --party CODE");
+    if (line.command == CommandLine::Command::Balance)
+        return balanceFault(line, parser);
     return careFault(line, parser);
 }
 
@@ -242,6 +258,7 @@ CommandLine readCommandLine(const QStringList &arguments)
         line.sample = samplePlan(parser, line.today);
     else
         line.from = value("from");
+    line.all = parser.optionNames().contains(QStringLiteral("all"));
     line.daily = parser.optionNames().contains(QStringLiteral("daily"));
     line.dataFolder = value("data");
     if (line.dataFolder.isEmpty())

@@ -19,7 +19,8 @@ struct CommandLine
     QString host = QStringLiteral("C"); ///< --host: "C", "G" or "T"
     QString open;                       ///< --open: "gst" or ""
     QString out;                        ///< demo --out, backup --out
-    int firm = 0;                       ///< balance --firm; check --firm, 0 for all companies
+    int firm = 0;                       ///< balance --firm; check --firm, balance --all --firm, 0 for all companies
+    bool all = false;                   ///< balance --all
     QString party;                      ///< balance --party
     SamplePlan sample;                  ///< sample --seed and its further options, settled
     QString from;                       ///< restore --from

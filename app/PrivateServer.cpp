@@ -219,8 +219,11 @@ st_mysql *PrivateServer::connect(const QString &database, const std::stop_token 
 /// The server's own root, without a password: the folder's mode keeps everybody else from the socket.
 Login PrivateServer::login(const QString &database) const
 {
-    return {
-        .user = "root", .database = database.toUtf8(), .socket = QFile::encodeName(m_visit->folder.socketAddress())};
+    Login login;
+    login.user = "root";
+    login.database = database.toUtf8();
+    login.socket = QFile::encodeName(m_visit->folder.socketAddress());
+    return login;
 }
 
 bool PrivateServer::endStatement(unsigned long connectionId)

@@ -94,11 +94,12 @@ void ServerProcess::terminate() const
 void guardServer(int folder)
 {
     // A program that starts holds start.lock until it is among the living; the server lives while its log is locked.
+    // Nobody may attach to a server that was told to end, so that start.lock is held until it has.
     const QString script = QStringLiteral(R"sh(
 exec 5<server.pid 6<alive.lock 7<server.log 8<start.lock
 ( while flock -x 6; do
       if flock -n -x 8; then
-          flock -n -x 7 || kill -TERM "$(cat <&5)"
+          flock -n -x 7 || { kill -TERM "$(cat <&5)"; flock -x 7; }
           exit
       fi
       flock -u 6

@@ -10,7 +10,7 @@ namespace ledgora::app {
 /// How a program comes to a server; empty texts count as not given.
 struct Login
 {
-    QByteArray host = {}, user = {}, password = {}, database = {}, socket = {};
+    QByteArray host, user, password, database, socket;
     unsigned port = 0;
 };
 

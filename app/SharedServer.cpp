@@ -73,7 +73,7 @@ st_mysql *SharedServer::connectOffice(const std::stop_token &stop)
     const bool connected = connectHandle(handle, login(), stop);
     // The client library asks for TLS but takes a server that offers none.
     m_encrypted = connected && mysql_get_ssl_cipher(handle) != nullptr;
-    if (connected && (m_encrypted || !(m_address.tlsRequired || !m_address.caFile.isEmpty())))
+    if (connected && (m_encrypted || (!m_address.tlsRequired && m_address.caFile.isEmpty())))
         return handle;
     m_refused = mysql_errno(handle) == ER_ACCESS_DENIED_ERROR;
     m_error = connected ? unprotected(QStringLiteral("it offers none.")) : faultOf(handle);

@@ -1,3 +1,4 @@
+#include "Balances.h"
 #include "Billing.h"
 #include "CommandLine.h"
 #include "Demo.h"
@@ -5,9 +6,11 @@
 #include "ServerDialog.h"
 #include "care/CareCommands.h"
 #include "care/DailyBackup.h"
+#include "host/WorkingState.h"
 #include "store/Dates.h"
 #include "store/NumberFormat.h"
 #include <QApplication>
+#include <QIcon>
 #include <QMessageBox>
 #include <QStatusBar>
 #include <cstdio>
@@ -27,6 +30,14 @@ int failed(const QString &why)
     return Failed;
 }
 
+int printAllBalances(Office &office, int firm)
+{
+    const BalanceList list = balanceList(office.connection(), gHostCode, firm);
+    for (const QString &line : list.lines)
+        std::printf("%s\n", qPrintable(line));
+    return list.fault.isEmpty() ? int(Done) : failed(list.fault);
+}
+
 int printBalance(const CommandLine &line)
 {
     QString fault;
@@ -36,6 +47,8 @@ int printBalance(const CommandLine &line)
     Billing billing(*office, nullptr);
     if (!billing.isOpen())
         return failed(QStringLiteral("the billing library could not be opened"));
+    if (line.all)
+        return printAllBalances(*office, line.firm);
     std::printf("%s\n", qPrintable(plainNumber(billing.gst().GetAmt(line.firm, line.party))));
     return Done;
 }
@@ -88,6 +101,10 @@ int main(int argc, char *argv[])
     }
     const QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Ledgora"));
+    QApplication::setDesktopFileName(QStringLiteral("ledgora"));
+    QIcon icon(QStringLiteral(":/icons/ledgora-32.png"));
+    icon.addFile(QStringLiteral(":/icons/ledgora-128.png"));
+    QApplication::setWindowIcon(icon);
     QApplication::setApplicationVersion(QStringLiteral(LEDGORA_VERSION));
     if (line.command == CommandLine::Command::Balance)
         return printBalance(line);

@@ -74,4 +74,34 @@ void fillBills(Connection &db, int firmId, int year, int count, int parties)
     });
 }
 
+void fillHalfPaid(Connection &db, int firmId, int year)
+{
+    const int shift = highest(db, QStringLiteral("Select Max(RecpSrNo) From GST_RecpM"));
+    const QString bills = " From GST_BillM Where FirmId=" + number(firmId) + " and FYr=" + number(year);
+    run(db, "Insert Into GST_RecpM Select BillSrNo+" + number(shift)
+                + ",FirmId,FYr,Code_No,0,BillNo,BillDt,1,'0',0,'','','','',''" + bills);
+    run(db, "Insert Into GST_RecpD Select BillId+" + number(shift)
+                + ",1,BillId,Floor(Sum(TotalAmt)/2),0,0 From GST_BillD Where BillId IN (Select BillSrNo" + bills
+                + ") Group By BillId");
+}
+
+void fillReceipts(Connection &db, int firmId, int year, int count, int firstBill, int bills)
+{
+    const int firstId = highest(db, QStringLiteral("Select Max(RecpSrNo) From GST_RecpM")) + 1;
+    insertRows(db, QStringLiteral("GST_RecpM"), count, [&](int index) -> QString {
+        const QString day = QStringLiteral("%1-%2-%3 00:00:00")
+                                .arg(year)
+                                .arg(4 + index * 9LL / count, 2, 10, QLatin1Char('0'))
+                                .arg(1 + index % 28, 2, 10, QLatin1Char('0'));
+        return '(' + number(firstId + index) + ',' + number(firmId) + ',' + number(year) + ','
+               + quoted(otherClientCode(1)) + ",0," + number(index + 1) + ',' + quoted(day)
+               + ",300,'0',0,'','','','','')";
+    });
+    insertRows(db, QStringLiteral("GST_RecpD"), count * 2, [&](int index) -> QString {
+        const qint64 bill = firstBill + index * 7919LL % bills;
+        return '(' + number(firstId + index / 2) + ',' + number(1 + index % 2) + ',' + number(bill) + ','
+               + number(100 + index % 2 * 100) + ',' + number(index % 5 == 0 ? 10 : 0) + ",0)";
+    });
+}
+
 } // namespace ledgora::bench

@@ -14,4 +14,11 @@ void fillParties(Connection &db, int count);
 /// numbers go on from the highest there are.
 void fillBills(Connection &db, int firmId, int year, int count, int parties);
 
+/// Adds a receipt of half its sum to each of the company's bills of the year.
+void fillHalfPaid(Connection &db, int firmId, int year);
+
+/// Adds `count` receipts of two rows each to a company's year, on `bills` bills from `firstBill` on in turn. Ids go on
+/// from the highest there is, numbers run from 1.
+void fillReceipts(Connection &db, int firmId, int year, int count, int firstBill, int bills);
+
 } // namespace ledgora::bench

@@ -128,7 +128,8 @@ void judgeReceipt(const CheckNames &names, const CheckedDocument &receipt, std::
                   const BillById &bills, Findings &findings)
 {
     judgeSerials(names, receipt, lines, findings);
-    double amount = 0, tds = 0;
+    double amount = 0;
+    double tds = 0;
     for (const CheckedReceiptLine &line : lines) {
         amount += line.amount;
         tds += line.tds;

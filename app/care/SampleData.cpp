@@ -5,6 +5,7 @@
 #include "SampleMasters.h"
 #include "SampleReceipts.h"
 #include "bills/BillStore.h"
+#include "receipts/ReceiptStore.h"
 #include "store/Connection.h"
 #include "store/Dates.h"
 #include "store/ErrorLog.h"
@@ -81,9 +82,13 @@ private:
     {
         bool stored = true;
         for (const SampleReceipt &receipt : sampleReceipts(m_plan, m_company, int(receipts()) + 1, m_dues)) {
-            stored = m_headers.add(receiptHeaderValues(m_plan, receipt)) && stored;
-            for (const QString &values : receiptLineValues(receipt))
-                stored = m_lines.add(values) && stored;
+            const ReceiptDraft draft = receiptDraft(m_plan, receipt);
+            if (receiptFault(draft)) // what the screen would refuse is a fault of the sample's own
+                return false;
+            stored = m_headers.add(receiptHeaderValues(draft, receipt.id)) && stored;
+            for (int serial = 1; serial <= int(receipt.rows.size()); ++serial)
+                stored =
+                    m_lines.add(receiptLineValues(draft.rows.at(size_t(serial) - 1), receipt.id, serial)) && stored;
         }
         m_dues.clear();
         return stored;

@@ -3,7 +3,6 @@
 #include "Dice.h"
 #include "SampleMasters.h"
 #include "store/Dates.h"
-#include "store/SqlText.h"
 #include <algorithm>
 #include <map>
 #include <tuple>
@@ -13,9 +12,6 @@ namespace ledgora::app {
 namespace {
 
 enum Stream : quint64 { PaymentStream = 21, JoinStream, SeriesStream, MoneyStream };
-
-/// The entries of the list of modes; the stored text is the index.
-enum Mode { NoOtherMode, Cheque, DemandDraft, PayOrder, Neft, Imps, Rtgs, OtherMode };
 
 struct Bank
 {
@@ -117,13 +113,14 @@ std::vector<SampleReceipt> joined(const SamplePlan &plan, std::vector<Payment> &
 struct Money
 {
     int cash = 0, other = 0;
-    Mode mode = NoOtherMode;
+    PayMode mode = PayMode::None;
 };
 
-Mode otherMode(Dice &dice, int money)
+PayMode otherMode(Dice &dice, int money)
 {
     constexpr int leastByRtgs = 200'000;
-    constexpr Mode usual[] = {Cheque, Cheque, Cheque, Neft, Neft, Neft, Imps, DemandDraft, PayOrder, OtherMode};
+    using enum PayMode;
+    constexpr PayMode usual[] = {Cheque, Cheque, Cheque, Neft, Neft, Neft, Imps, DemandDraft, PayOrder, Other};
     return money >= leastByRtgs && dice.chance(60) ? Rtgs : dice.pick(usual);
 }
 
@@ -139,20 +136,26 @@ Money moneyOf(Dice &dice, const SampleReceipt &receipt)
     return {cash, money - cash, otherMode(dice, money)};
 }
 
-/// Bank or description, branch, number and date of the instrument, as the mode has them.
-QStringList instrument(Dice &dice, Mode mode, QDate date)
+/// Bank, branch, number and date of a paper, or the description of a transfer.
+void fillInstrument(Dice &dice, QDate date, ReceiptDraft &draft)
 {
-    if (mode == NoOtherMode)
-        return {{}, {}, {}, {}};
-    if (mode == OtherMode)
-        return {QStringLiteral("UPI"), {}, {}, {}};
+    if (draft.mode == PayMode::None)
+        return;
+    if (draft.mode == PayMode::Other) {
+        draft.description = QStringLiteral("UPI");
+        return;
+    }
     const QString paper = QStringLiteral("%1").arg(dice.between(1, 999'999), 6, 10, QLatin1Char('0'));
-    if (mode > PayOrder)
-        return {dice.chance(70) ? QString("UTR " + paper) : QString(), {}, {}, {}};
+    if (hasDescription(draft.mode)) {
+        draft.description = dice.chance(70) ? QString("UTR " + paper) : QString();
+        return;
+    }
     const Bank &bank = dice.pick(banks);
-    const QString dated =
-        dice.chance(90) ? formatDate(date.addDays(-dice.below(5)), QStringLiteral("DD/MM/YYYY")) : QString();
-    return {QLatin1String(bank.name), QLatin1String(bank.branch), paper, dated};
+    draft.bankName = QLatin1String(bank.name);
+    draft.bankBranch = QLatin1String(bank.branch);
+    draft.paperNumber = paper;
+    if (dice.chance(90))
+        draft.paperDate = formatDate(date.addDays(-dice.below(5)), QStringLiteral("DD/MM/YYYY"));
 }
 
 } // namespace
@@ -178,33 +181,27 @@ std::vector<SampleReceipt> sampleReceipts(const SamplePlan &plan, int company, i
     return receipts;
 }
 
-QString receiptHeaderValues(const SamplePlan &plan, const SampleReceipt &receipt)
+ReceiptDraft receiptDraft(const SamplePlan &plan, const SampleReceipt &receipt)
 {
     Dice dice(quint64(plan.seed), MoneyStream, quint64(receipt.id));
     const Money money = moneyOf(dice, receipt);
-    QStringList values{number(receipt.id),
-                       number(receipt.company),
-                       number(receipt.year),
-                       quoted(receipt.code),
-                       number(receipt.seriesId),
-                       number(receipt.number),
-                       quoted(CONVERTTOSAVE(formatDate(receipt.date, QStringLiteral("DD/MM/YYYY")))),
-                       number(money.cash),
-                       quoted(QString::number(money.mode)),
-                       number(money.other)};
-    for (const QString &text : instrument(dice, money.mode, receipt.date))
-        values << quoted(text);
-    values << quoted(dice.chance(15) ? QString(QLatin1String(dice.pick(narrations))) : QString());
-    return '(' + values.join(u',') + ')';
-}
-
-QStringList receiptLineValues(const SampleReceipt &receipt)
-{
-    QStringList lines;
-    for (const SampleSettlement &row : receipt.rows)
-        lines << '(' + number(receipt.id) + ',' + number(int(lines.size()) + 1) + ',' + number(row.bill) + ','
-                     + number(row.amount) + ',' + number(row.discount) + ',' + number(row.tds) + ')';
-    return lines;
+    ReceiptDraft draft;
+    draft.firmId = receipt.company;
+    draft.year = receipt.year;
+    draft.code = receipt.code;
+    draft.seriesId = receipt.seriesId;
+    draft.number = QString::number(receipt.number);
+    draft.date = formatDate(receipt.date, QStringLiteral("DD/MM/YYYY"));
+    draft.cash = money.cash;
+    draft.mode = money.mode;
+    draft.otherAmount = money.other;
+    fillInstrument(dice, receipt.date, draft);
+    draft.narration = dice.chance(15) ? QString(QLatin1String(dice.pick(narrations))) : QString();
+    for (size_t row = 0; row < receipt.rows.size(); ++row) {
+        const SampleSettlement &settled = receipt.rows.at(row);
+        draft.rows.at(row) = {settled.bill, double(settled.amount), double(settled.discount), double(settled.tds)};
+    }
+    return draft;
 }
 
 } // namespace ledgora::app

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "SamplePlan.h"
+#include "receipts/ReceiptChecks.h"
 #include <QStringList>
 #include <vector>
 
@@ -42,8 +43,7 @@ struct SampleReceipt
 std::vector<SampleReceipt> sampleReceipts(const SamplePlan &plan, int company, int firstId,
                                           const std::vector<SampleDue> &dues);
 
-/// Its row in `GST_RecpM`, with the mode that the money came by, and its rows in `GST_RecpD`; each in brackets.
-QString receiptHeaderValues(const SamplePlan &plan, const SampleReceipt &receipt);
-QStringList receiptLineValues(const SampleReceipt &receipt);
+/// The receipt as the receipt screen would hand it to the store, with the mode that the money came by.
+ReceiptDraft receiptDraft(const SamplePlan &plan, const SampleReceipt &receipt);
 
 } // namespace ledgora::app

@@ -28,7 +28,7 @@ struct ListedColumn
 {
     const char *name; ///< in the table
     int cell;
-    int place; ///< its place in the table's row
+    int place; ///< its place in the row
 };
 
 /// A list as a kind of document has it.

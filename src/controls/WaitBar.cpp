@@ -3,7 +3,9 @@
 #include "store/Connection.h"
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDeadlineTimer>
 #include <QEventLoop>
+#include <QPointer>
 #include <QProgressDialog>
 #include <QPushButton>
 #include <QSocketNotifier>
@@ -52,8 +54,20 @@ protected:
     }
 };
 
+/// The window that had the keys gets them back before the next key arrives: an access key finds its button only there.
+void giveKeysBack(const QPointer<QWidget> &window)
+{
+    constexpr int patienceMilliseconds = 500;
+    if (!window)
+        return;
+    window->activateWindow();
+    const QDeadlineTimer limit(patienceMilliseconds);
+    while (window && !window->isActiveWindow() && !limit.hasExpired())
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents, 1);
+}
+
 /// Lets the window paint and the bar take clicks until the socket is ready.
-short waitWithBar(Connection &connection, int socket, short events, int timeoutMs)
+void waitWithBar(Connection &connection, int socket, short events, int timeoutMs)
 {
     Bar bar(connection);
     bar.show();
@@ -67,7 +81,6 @@ short waitWithBar(Connection &connection, int socket, short events, int timeoutM
     if (timeoutMs >= 0)
         QTimer::singleShot(timeoutMs, &loop, &QEventLoop::quit);
     loop.exec();
-    return pollOnce(socket, events, 0);
 }
 
 } // namespace
@@ -79,7 +92,10 @@ void installWaitBar(Connection &connection)
         const short ready = pollOnce(socket, events, endsSoon ? timeoutMs : quietMilliseconds);
         if (ready || endsSoon)
             return ready;
-        return waitWithBar(connection, socket, events, timeoutMs < 0 ? -1 : timeoutMs - quietMilliseconds);
+        const QPointer<QWidget> window = QApplication::activeWindow();
+        waitWithBar(connection, socket, events, timeoutMs < 0 ? -1 : timeoutMs - quietMilliseconds);
+        giveKeysBack(window);
+        return pollOnce(socket, events, 0);
     });
 }
 

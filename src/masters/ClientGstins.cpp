@@ -1,5 +1,6 @@
 #include "masters/ClientGstins.h"
 
+#include "masters/CodeRows.h"
 #include "masters/OwnerName.h"
 #include "store/Connection.h"
 #include "store/ErrorLog.h"
@@ -51,18 +52,6 @@ void addClients(Connection &db, Cells &clients, const ClientSource &source)
     }
 }
 
-void addRegistered(Connection &db, Cells &clients)
-{
-    Recordset rows = db.Open(QStringLiteral("Select * from GST_ClRegNo WHERE GSTIN<>'' ORDER BY Code_No"));
-    clients.sort(ClientGstinCode, Cells::Sort::Text); // both are in code order, so that the search moves along
-    int start = clients.fixedRows();
-    while (rows.next()) {
-        const int row = clients.findMoving(rows.text(QStringLiteral("Code_No")), ClientGstinCode, start);
-        for (const int column : {ClientGstinLoaded, ClientGstin})
-            clients.setText(row, column, rows.text(QStringLiteral("GSTIN")));
-    }
-}
-
 } // namespace
 
 Cells emptyClientGstins()
@@ -73,6 +62,21 @@ Cells emptyClientGstins()
     return clients;
 }
 
+void fillRegisteredGstins(Connection &db, Cells &clients, int codeColumn, std::initializer_list<int> into)
+{
+    Recordset rows = db.Open(QStringLiteral("Select * from GST_ClRegNo WHERE GSTIN<>'' ORDER BY Code_No"));
+    if (rows.recordCount() == 0)
+        return;
+    CodeRows places(clients, codeColumn);
+    const int code = rows.column(QStringLiteral("Code_No"));
+    const int gstin = rows.column(QStringLiteral("GSTIN"));
+    while (rows.next()) {
+        const int row = places.find(rows.text(code));
+        for (const int column : into)
+            clients.setText(row, column, rows.text(gstin));
+    }
+}
+
 void LOADGRIDUPDCLGSTIN(Connection &db, const QString &hostCode, Cells &clients)
 {
     const ErrorSite site("frmMainGST", "LOADGRIDUPDCLGSTIN");
@@ -81,7 +85,7 @@ void LOADGRIDUPDCLGSTIN(Connection &db, const QString &hostCode, Cells &clients)
         if (hostCode == QLatin1String(source.host))
             addClients(db, clients, source);
     }
-    addRegistered(db, clients);
+    fillRegisteredGstins(db, clients, ClientGstinCode, {ClientGstinLoaded, ClientGstin});
     clients.sort(ClientGstinName, Cells::Sort::Text);
 }
 

@@ -2,6 +2,7 @@
 
 #include "store/Cells.h"
 #include <QString>
+#include <initializer_list>
 #include <vector>
 
 namespace ledgora {
@@ -20,6 +21,9 @@ enum ClientGstinColumn {
 };
 
 Cells emptyClientGstins();
+
+/// Writes the registered GSTINs into the columns `into` of a list of clients; a client that left the host is skipped.
+void fillRegisteredGstins(Connection &db, Cells &clients, int codeColumn, std::initializer_list<int> into);
 
 /// Fills the grid with the clients of the host's tables and their registered GSTINs, by name. Other clients are not
 /// among them: their GSTIN is part of their master. A table that can not be read is logged and left out.

@@ -1,7 +1,7 @@
 #include "masters/PartyDirectory.h"
 
 #include "bills/DocumentList.h"
-#include "masters/CodeRows.h"
+#include "masters/ClientGstins.h"
 #include "masters/OfficeAddresses.h"
 #include "masters/OwnerName.h"
 #include "store/Connection.h"
@@ -111,19 +111,6 @@ void addIndividuals(Connection &db, Cells &parties)
     parties.setColumns(columns);
 }
 
-/// A client that left the host is skipped.
-void addRegisteredGstins(Connection &db, Cells &parties)
-{
-    Recordset rows = db.Open(QStringLiteral("Select * from GST_ClRegNo WHERE GSTIN<>'' ORDER BY Code_No"));
-    if (rows.recordCount() == 0)
-        return;
-    CodeRows clients(parties, PartyCode);
-    const int code = rows.column(QStringLiteral("Code_No"));
-    const int gstin = rows.column(QStringLiteral("GSTIN"));
-    while (rows.next())
-        parties.setText(clients.find(rows.text(code)), PartyGstin, rows.text(gstin));
-}
-
 } // namespace
 
 Cells emptyPartyDirectory()
@@ -147,7 +134,7 @@ void LOADCLLIST(Connection &db, const QString &hostCode, Cells &parties)
         addIndividuals(db, parties);
         addParties(db, parties, clientsOfG);
     }
-    addRegisteredGstins(db, parties);
+    fillRegisteredGstins(db, parties, PartyCode, {PartyGstin});
     addParties(db, parties, otherClients);
     parties.sort(PartyName, Cells::Sort::Text);
 }

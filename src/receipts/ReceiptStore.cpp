@@ -65,21 +65,6 @@ QString updateHeader(const ReceiptDraft &receipt)
            + ",Narr=" + quoted(receipt.narration) + " WHERE RecpSrNo=" + number(receipt.id);
 }
 
-QString insertHeader(const ReceiptDraft &receipt, int id)
-{
-    const StoredMoney money = moneyOf(receipt);
-    return "Insert Into GST_RecpM Values (" + number(id) + ',' + number(receipt.firmId) + ',' + number(receipt.year)
-           + ',' + quoted(receipt.code) + ',' + number(receipt.seriesId) + ',' + numberText(receipt) + ','
-           + storedDate(receipt) + ',' + money.cash + ',' + money.mode + ',' + money.other + ',' + money.bankName + ','
-           + money.bankBranch + ',' + money.paperNumber + ',' + money.paperDate + ',' + quoted(receipt.narration) + ')';
-}
-
-QString insertLine(const ReceiptRow &row, int id, int serial)
-{
-    return "Insert Into GST_RecpD Values (" + number(id) + ',' + number(serial) + ',' + number(row.billId) + ','
-           + number(row.amount) + ',' + number(row.discount) + ',' + number(row.tds) + ')';
-}
-
 void writeLines(Connection &db, const ReceiptDraft &receipt, SaveResult &result)
 {
     if (!db.Execute("Delete From GST_RecpD Where RecpId=" + number(result.id)))
@@ -90,7 +75,7 @@ void writeLines(Connection &db, const ReceiptDraft &receipt, SaveResult &result)
         if (!row.isInUse())
             continue;
         ++serial;
-        if (!db.Execute(insertLine(row, result.id, serial)))
+        if (!db.Execute("Insert Into GST_RecpD Values " + receiptLineValues(row, result.id, serial)))
             result.notIn << QStringLiteral("line %1").arg(serial);
         db.Execute(QStringLiteral("Flush Tables"));
     }
@@ -103,8 +88,10 @@ SaveResult saveHeader(Connection &db, const ReceiptDraft &receipt)
         db.Execute(QStringLiteral("Flush Tables"));
         return {receipt.id, updated, {}};
     }
-    const InsertResult inserted = insertUnderNewId(db, QStringLiteral("GST_RecpM"), QStringLiteral("RecpSrNo"),
-                                                   [&](int id) { return insertHeader(receipt, id); });
+    const InsertResult inserted =
+        insertUnderNewId(db, QStringLiteral("GST_RecpM"), QStringLiteral("RecpSrNo"), [&](int id) {
+            return QString("Insert Into GST_RecpM Values " + receiptHeaderValues(receipt, id));
+        });
     return {inserted.id, inserted.inserted, {}};
 }
 
@@ -120,6 +107,21 @@ QString ofPapers()
 }
 
 } // namespace
+
+QString receiptHeaderValues(const ReceiptDraft &receipt, int id)
+{
+    const StoredMoney money = moneyOf(receipt);
+    return '(' + number(id) + ',' + number(receipt.firmId) + ',' + number(receipt.year) + ',' + quoted(receipt.code)
+           + ',' + number(receipt.seriesId) + ',' + numberText(receipt) + ',' + storedDate(receipt) + ',' + money.cash
+           + ',' + money.mode + ',' + money.other + ',' + money.bankName + ',' + money.bankBranch + ','
+           + money.paperNumber + ',' + money.paperDate + ',' + quoted(receipt.narration) + ')';
+}
+
+QString receiptLineValues(const ReceiptRow &row, int id, int serial)
+{
+    return '(' + number(id) + ',' + number(serial) + ',' + number(row.billId) + ',' + number(row.amount) + ','
+           + number(row.discount) + ',' + number(row.tds) + ')';
+}
 
 std::optional<ReceiptFault> storedFault(Connection &db, const ReceiptDraft &receipt)
 {

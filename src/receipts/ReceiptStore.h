@@ -20,6 +20,11 @@ std::optional<Neighbour> higherWithEarlierDate(Connection &db, const ReceiptDraf
 /// statements still run.
 SaveResult saveReceipt(Connection &db, const ReceiptDraft &receipt);
 
+/// The rows in `GST_RecpM` and `GST_RecpD` that a receipt becomes, as value lists in brackets: what `saveReceipt`
+/// writes, for those who write many at once.
+QString receiptHeaderValues(const ReceiptDraft &receipt, int id);
+QString receiptLineValues(const ReceiptRow &row, int id, int serial);
+
 /// Deletes the lines, then the header. False when a statement failed (logged).
 bool deleteReceipt(Connection &db, int id);
 

@@ -89,13 +89,11 @@ TEST_F(Keyboard, F1ShowsTheKeysThatWorkNow)
     for (const Step &step : steps) {
         if (step.access)
             alt(step.access);
-        const QString before = focus();
         const QStringList rows = keys();
         for (const QString &row : step.shown)
             EXPECT_TRUE(rows.contains(row)) << step.name << ": " << row.toStdString();
         for (const QString &row : step.hidden)
             EXPECT_FALSE(rows.contains(row)) << step.name << ": " << row.toStdString();
-        EXPECT_EQ(focus(), before);
     }
 }
 

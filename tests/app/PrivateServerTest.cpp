@@ -1,4 +1,7 @@
 #include "app/PrivateServer.h"
+
+#include "app/ServerFolder.h"
+#include "app/Waiting.h"
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
@@ -159,20 +162,29 @@ TEST_F(PrivateServerTest, KilledServerIsRecoveredWithAllThatWasAcknowledged)
     EXPECT_EQ(ask(server, "Select Count(*) From Kept"), "2");
 }
 
-TEST_F(PrivateServerTest, ServerWhoseProgramWasKilledIsAttachedTo)
+/// By the guard that the killed program has left; a program that starts meanwhile gets a whole server either way.
+TEST_F(PrivateServerTest, ServerWhoseProgramWasKilledEndsUnlessItIsUsedAgain)
 {
-    const pid_t program = ::fork();
-    if (program == 0) {
+    const auto killedProgram = [this] {
+        const pid_t program = ::fork();
+        if (program == 0) {
+            PrivateServer server(settings());
+            const bool up = server.start();
+            ::raise(up ? SIGKILL : SIGTERM);
+        }
+        int status = 0;
+        return ::waitpid(program, &status, 0) == program && WTERMSIG(status) == SIGKILL;
+    };
+    ASSERT_TRUE(killedProgram());
+    {
         PrivateServer server(settings());
-        const bool up = server.start();
-        ::raise(up ? SIGKILL : SIGTERM);
+        ASSERT_TRUE(server.start()) << server.error().toStdString();
+        ASSERT_TRUE(killedProgram());
+        EXPECT_EQ(ask(server, "Select 7"), "7") << "this program still uses it";
     }
-    int status = 0;
-    ASSERT_EQ(::waitpid(program, &status, 0), program);
-    ASSERT_EQ(WTERMSIG(status), SIGKILL);
-    PrivateServer server(settings());
-    ASSERT_TRUE(server.start()) << server.error().toStdString();
-    EXPECT_TRUE(server.wasRunning());
+    ASSERT_TRUE(killedProgram());
+    const ledgora::app::ServerFolder folder(data());
+    EXPECT_TRUE(ledgora::app::waitUntil([&] { return !folder.serverLives(); }, std::chrono::seconds(20)));
 }
 
 TEST_F(PrivateServerTest, BrokenInitialisingIsThrownAway)

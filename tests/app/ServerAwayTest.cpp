@@ -18,6 +18,7 @@
 #include <QTimer>
 #include <csignal>
 #include <mysql.h>
+#include <sys/socket.h>
 
 namespace ledgora::test {
 namespace {
@@ -312,6 +313,26 @@ TEST_F(SilentServer, KeyThatMeetsASleepingServerWaitsWithTheBarAndThenCounts)
     EXPECT_GE(onlooker.seenAfter(), quietMs);
     keys().alt('U');
     EXPECT_EQ(storedAmounts(), "1005");
+}
+
+TEST_F(SilentServer, ReconnectingWaitsWithTheBarAndASilentServerIsThenLetAlone)
+{
+    signalServer(SIGSTOP);
+    ::shutdown(int(mysql_get_socket(m_office.connection().handle())), SHUT_RDWR);
+    onlooker.atBar([](QProgressDialog &bar) {
+        // The clerk waits a while before he gives up: a silence, not a refusal.
+        QTimer::singleShot(2500, &bar, [&bar] { bar.findChild<QPushButton *>()->click(); });
+    });
+    keys().press(Qt::Key_5);
+    EXPECT_GE(onlooker.seenAfter(), quietMs);
+    EXPECT_EQ(Onlooker::bar(), nullptr);
+    EXPECT_TRUE(status().startsWith("The database server is away.")) << status().toStdString();
+    QElapsedTimer clock;
+    clock.start();
+    keys().press(Qt::Key_6);
+    EXPECT_LT(clock.elapsed(), quietMs) << "the window can be used";
+    EXPECT_TRUE(isEditing()) << "what was typed is there";
+    signalServer(SIGCONT);
 }
 
 } // namespace

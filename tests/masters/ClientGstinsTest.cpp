@@ -17,7 +17,6 @@ TEST(OwnerName, HasSingleBlanksAndNoneAtItsEnds)
 {
     EXPECT_EQ(ownerName("RAM", "", "GUPTA"), "RAM GUPTA");
     EXPECT_EQ(ownerName("RAM ", " ", " GUPTA"), "RAM GUPTA");
-    EXPECT_EQ(ownerName("", "", "GUPTA"), "GUPTA");
 }
 
 TEST(GstinFindings, AreToldInTheirOrder)
@@ -38,7 +37,6 @@ TEST(GstinFindings, AreToldInTheirOrder)
         {"shape", "21aaafs1234k1Z5", "Orissa", "AAAFS1234K", {"Invalid 'GSTIN' !"}},
         {"state", "07AAAFS1234K1Z5", "Orissa", "AAAFS1234K", {"?" + stateQuestion + "|"}},
         {"unknown state", "07AAAFS1234K1Z5", "Atlantis", "AAAFS1234K", {}},
-        {"no state", "07AAAFS1234K1Z5", "", "AAAFS1234K", {}},
         {"pan", "21AAAFS1234L1Z5", "Orissa", "AAAFS1234K", {panMessage}},
         {"no pan", "21AAAFS1234L1Z5", "Orissa", "", {}},
         {"state and pan", "07AAAFS1234L1Z5", "Orissa", "AAAFS1234K", {"?" + stateQuestion + "|", panMessage}},

@@ -2,6 +2,7 @@
 
 #include "controls/ChoiceBox.h"
 #include "host/WorkingState.h"
+#include "store/Settings.h"
 #include "tests/support/Screens.h"
 #include <QApplication>
 #include <QDir>
@@ -26,13 +27,14 @@ protected:
     }
     void TearDown() override
     {
-        std::vector<QPointer<QWidget>> opened; // a screen's lists are windows too and go with it
-        for (QWidget *window : QApplication::topLevelWidgets()) {
-            if (window->objectName() == "frmBillGST" || window->objectName() == "frmRecpGST")
-                opened.emplace_back(window);
+        // A screen takes windows of its own along, which the list still holds.
+        QList<QPointer<QWidget>> windows;
+        for (QWidget *window : QApplication::topLevelWidgets())
+            windows << window;
+        for (const QPointer<QWidget> &window : windows) {
+            if (window && (window->objectName() == "frmBillGST" || window->objectName() == "frmRecpGST"))
+                delete window;
         }
-        for (const QPointer<QWidget> &window : opened)
-            delete window;
         ScreenTest::TearDown();
     }
 
@@ -78,6 +80,7 @@ protected:
             press(Qt::Key_Down);
         EXPECT_EQ(choice(list), entry);
     }
+    void chooseCommonTemplates() const { saveTemplateSetup(false, false, 0, 0); }
     static QStringList companies()
     {
         return data().rows("Select FirmSrNo,Nm,StateNm,Pass From GST_FirmMas Order by FirmSrNo");

@@ -268,10 +268,7 @@ TEST_F(HomeScreen, BillsOfEachCompanyStayItsOwn)
 {
     addCompany(1, "ALPHA");
     addCompany(2, "BETA", "GOA");
-    QFile settings(folder() + "/GST_Templates/Settings.txt");
-    ASSERT_TRUE(settings.open(QIODevice::WriteOnly));
-    settings.write("B_COPY=0\r\nR_COPY=0\r\n");
-    settings.close();
+    chooseCommonTemplates();
     addClient(1, "ASHOK TRADERS", "DELHI");
     open();
     QWidget *home = screen();
@@ -388,10 +385,7 @@ TEST_F(HomeScreen, EveryFrameIsWalkedByKeysAlone)
     addCompany(1, "ALPHA");
     addClient(1, "ASHOK TRADERS", "DELHI");
     data().run("Insert Into Comp_Master (CompSrNo,Code,Nm) Values (1,'A','ALPHA LTD'),(2,'B','BETA LTD')");
-    QFile settings(folder() + "/GST_Templates/Settings.txt");
-    ASSERT_TRUE(settings.open(QIODevice::WriteOnly));
-    settings.write("B_COPY=0\nR_COPY=0\n");
-    settings.close();
+    chooseCommonTemplates();
     open();
     for (const Frame &step : std::initializer_list<Frame>{{"", "famFirmMain", "vsFirm"},
                                                           {"C", "famFirmEdit", "cmdFirmCreate"},

@@ -13,8 +13,7 @@ using namespace ledgora::test;
 
 namespace {
 
-const BillSums bill1180{1000, 90, 90, 0}, bill1150{1000, 75, 75, 0}, bill1000{750, 125, 125, 0},
-    inter1180{1000, 0, 0, 180}, exempt{1000, 0, 0, 0};
+const BillSums bill1180{1000, 90, 90, 0}, bill1150{1000, 75, 75, 0}, bill1000{750, 125, 125, 0}, exempt{1000, 0, 0, 0};
 constexpr auto none = std::nullopt;
 
 TEST(TaxInsidePayment, OfTheWorkedExamples)
@@ -30,7 +29,6 @@ TEST(TaxInsidePayment, OfTheWorkedExamples)
     const TaxShare nothing;
     const Case cases[] = {
         {"half of the bill", bill1180, {}, {{1, 590, 0}}, {{{590, 45, 45, none}, nothing}}},
-        {"the other half", bill1180, {{590, 0}}, {{1, 590, 0}}, {{{590, 45, 45, none}, nothing}}},
         {"7.5 goes up", bill1150, {}, {{1, 115, 0}}, {{{115, 8, 8, none}, nothing}}},
         {"67.5 goes up and is cut to what is left",
          bill1150,
@@ -58,11 +56,8 @@ TEST(TaxInsidePayment, OfTheWorkedExamples)
          {},
          {{1, 0, 1475}},
          {{nothing, {1475, 113, 113, none}}}},
-        {"between states", inter1180, {}, {{1, 118, 59}}, {{{118, none, none, 18}, {59, none, none, 9}}}},
         {"exempt", exempt, {}, {{1, 400, 100}}, {{{400, none, none, none}, {100, none, none, none}}}},
         {"a rupee without tax", bill1180, {}, {{1, 1, 0}}, {{{1, 0, 0, none}, nothing}}},
-        {"paid already", bill1180, {{1180, 0}}, {{1, 10, 10}}, {{nothing, nothing}}},
-        {"no lines", {}, {}, {{1, 10, 10}}, {{nothing, nothing}}},
         {"all tax used up before the bill is paid: the share still shows",
          {6, 2, 2, 0},
          {},
@@ -85,28 +80,26 @@ TEST(TaxInsidePayment, IsToldInTheArrayForTheReceiptsPlaceAmongTheOthers)
     data.run("Insert Into GST_RecpD Values (1,1,1,115,0,0),(2,1,1,1000,0,0)");
     struct Case
     {
-        const char *name;
-        int id;
-        const char *date;
-        int number;
+        const char *name, *date;
+        int id, number;
         QStringList row; ///< fields 1 to 3
         QStringList split;
     };
     const Case cases[] = {
-        {"between two of its day", 0, "02/05/2024", 5, {"1", "1035", ""}, {"1035", "67", "67"}},
-        {"the day before", 0, "01/05/2024", 5, {"1", "1035", ""}, {"1035", "68", "68"}},
-        {"no number: all of its day came before", 0, "02/05/2024", 0, {"1", "1035", ""}, {"35", "2", "2"}},
-        {"no date: the latest of all", 0, "", 5, {"1", "1035", ""}, {"35", "2", "2"}},
+        {"between two of its day", "02/05/2024", 0, 5, {"1", "1035", ""}, {"1035", "67", "67"}},
+        {"the day before", "01/05/2024", 0, 5, {"1", "1035", ""}, {"1035", "68", "68"}},
+        {"no number: all of its day came before", "02/05/2024", 0, 0, {"1", "1035", ""}, {"35", "2", "2"}},
+        {"no date: the latest of all", "", 0, 5, {"1", "1035", ""}, {"35", "2", "2"}},
         {"modified and dated later, it does not meet itself",
-         2,
          "09/05/2024",
+         2,
          6,
          {"1", "1035", ""},
          {"1035", "67", "67"}},
-        {"sums as they were typed", 0, "01/05/2024", 5, {"1 x", "115.50 ", "-"}, {"115.5", "8", "8"}},
-        {"sums that are no numbers", 0, "01/05/2024", 5, {"1", "x", "-"}, {}},
-        {"an id beyond all ids", 0, "01/05/2024", 5, {"4294967297", "10", ""}, {}},
-        {"a bill that is gone", 0, "01/05/2024", 5, {"9", "10", ""}, {}},
+        {"sums as they were typed", "01/05/2024", 0, 5, {"1 x", "115.50 ", "-"}, {"115.5", "8", "8"}},
+        {"sums that are no numbers", "01/05/2024", 0, 5, {"1", "x", "-"}, {}},
+        {"an id beyond all ids", "01/05/2024", 0, 5, {"4294967297", "10", ""}, {}},
+        {"a bill that is gone", "01/05/2024", 0, 5, {"9", "10", ""}, {}},
     };
     gCnn = &data.db();
     for (const Case &c : cases) {

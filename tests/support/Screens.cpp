@@ -33,10 +33,76 @@ void NotingReporter::newreportnew(const QString &templatePath)
     asked() << "newreportnew " + QFileInfo(templatePath).fileName();
 }
 
-void NotingReporter::SetText(const QString &placeholder, const PlaceholderValue &value)
+bool &NotingReporter::masterOpens()
+{
+    static bool opens = true;
+    return opens;
+}
+
+QString &NotingReporter::lastError()
+{
+    static QString error;
+    return error;
+}
+
+namespace {
+
+QString replacement(const QString &placeholder, const PlaceholderValue &value)
 {
     const auto *text = std::get_if<QString>(&value);
-    asked() << placeholder + '=' + (text ? *text : QString::number(std::get<double>(value), 'g', 15));
+    return placeholder + '=' + (text ? *text : QString::number(std::get<double>(value), 'g', 15));
+}
+
+} // namespace
+
+void NotingReporter::SetText(const QString &placeholder, const PlaceholderValue &value)
+{
+    asked() << replacement(placeholder, value);
+}
+
+void NotingReporter::NewSetText(const QString &placeholder, const PlaceholderValue &value)
+{
+    asked() << replacement(placeholder, value);
+}
+
+void NotingReporter::WinModeReport(bool on)
+{
+    asked() << QString("WinModeReport ") + (on ? "True" : "False");
+}
+
+void NotingReporter::initReport(bool fresh, bool)
+{
+    asked() << QString("initReport ") + (fresh ? "True" : "False");
+}
+
+void NotingReporter::LoadPageSetup(const QString &templatePath)
+{
+    asked() << "LoadPageSetup " + QFileInfo(templatePath).fileName();
+}
+
+void NotingReporter::SetFontSizeBeforeAppendFile(const QString &text, int fontSize)
+{
+    asked() << "SetFontSizeBeforeAppendFile " + QString::number(text.size()) + ' ' + QString::number(fontSize);
+}
+
+void NotingReporter::OpenMasterFile(const QString &templatePath)
+{
+    asked() << "OpenMasterFile " + QFileInfo(templatePath).fileName();
+}
+
+void NotingReporter::SaveMasterFile(const QString &path)
+{
+    asked() << "SaveMasterFile " + QFileInfo(path).fileName();
+}
+
+void NotingReporter::AppendFile(const QString &path)
+{
+    asked() << "AppendFile " + QFileInfo(path).fileName();
+}
+
+void NotingReporter::AbortReport()
+{
+    asked() << "AbortReport";
 }
 
 void NotingReporter::ShowReport(bool)
@@ -53,6 +119,8 @@ void ScreenTest::SetUp()
 {
     data().empty();
     NotingReporter::asked().clear();
+    NotingReporter::masterOpens() = true;
+    NotingReporter::lastError().clear();
     Registry::instance().add<Reporter>(Reporter::progId, [] { return std::make_unique<NotingReporter>(); });
     ASSERT_TRUE(QDir(folder()).mkdir("GST_Templates"));
     m_gst = std::make_unique<ClsGST>();

@@ -24,9 +24,23 @@ public:
     void SetText(const QString &placeholder, const PlaceholderValue &value) override; ///< "#BILL_NO#=7"
     void ShowReport(bool flag) override;
     void SaveToPDF(const QString &path, int option) override;
+    void WinModeReport(bool on) override;
+    void initReport(bool fresh, bool flag) override;
+    void LoadPageSetup(const QString &templatePath) override;
+    void SetFontSizeBeforeAppendFile(const QString &text, int fontSize) override;
+    void OpenMasterFile(const QString &templatePath) override;
+    bool LastMasFileOpenOK() const override { return masterOpens(); }
+    void NewSetText(const QString &placeholder, const PlaceholderValue &value) override;
+    void SaveMasterFile(const QString &path) override;
+    void AppendFile(const QString &path) override;
+    void AbortReport() override;
+    QString LastError() const override { return lastError(); }
 
     /// What was asked of the engine of the running test.
     static QStringList &asked();
+    /// What it answers to LastMasFileOpenOK and LastError; set by the test, true and "" at its begin.
+    static bool &masterOpens();
+    static QString &lastError();
 };
 
 /// A working period as host "C" in June 2024, over one database a suite and a fresh folder a test, and the hands of a

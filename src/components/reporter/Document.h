@@ -1,8 +1,12 @@
 #pragma once
 
+#include <QImage>
 #include <QRgb>
+#include <QSizeF>
 #include <QString>
+#include <algorithm>
 #include <array>
+#include <memory>
 #include <optional>
 #include <variant>
 #include <vector>
@@ -37,6 +41,8 @@ enum Side { Top, Left, Bottom, Right };
 template<class Value>
 using Sides = std::array<Value, 4>;
 
+enum class Script { Normal, Super, Sub };
+
 struct CharFormat
 {
     QString font = QStringLiteral("Liberation Serif");
@@ -44,21 +50,64 @@ struct CharFormat
     bool bold = false;
     bool italic = false;
     bool underline = false;
+    bool strike = false;
+    bool capitals = false; ///< shown in capitals, whatever the text holds
+    Script script = Script::Normal;
     Colour colour;
+    Colour background;
 
     bool operator==(const CharFormat &) const = default;
 };
+
+/// A picture that stands in a line like a character. `data` is the file as it was embedded and is what a save writes
+/// again; `image` is the same decoded once, shared by all clones of a document.
+struct Picture
+{
+    enum Kind { Unknown, Png, Jpeg };
+    Kind kind = Unknown;
+    QByteArray data;
+    QImage image;
+    Twips width = 0; ///< of the whole picture, before it is cropped and scaled
+    Twips height = 0;
+    int scaleX = 100; ///< percent
+    int scaleY = 100;
+    Sides<Twips> crop = {}; ///< of the unscaled picture; negative adds empty room
+
+    /// What it takes on paper.
+    QSizeF shownSize() const
+    {
+        const auto shown = [](Twips whole, int scale) {
+            return std::clamp<qreal>(static_cast<qreal>(whole) * scale / 100, 1, largestLength);
+        };
+        return {shown(width - crop[Left] - crop[Right], scaleX), shown(height - crop[Top] - crop[Bottom], scaleY)};
+    }
+    bool operator==(const Picture &other) const
+    {
+        return kind == other.kind && data == other.data && width == other.width && height == other.height
+               && scaleX == other.scaleX && scaleY == other.scaleY && crop == other.crop;
+    }
+};
+
+enum class Field { None, Page, PageCount };
 
 /// In a run's text a TAB moves to the next tab stop and `lineBreak` begins a new line of the same paragraph; it holds
 /// no other control characters.
 constexpr QChar lineBreak(0x2028);
 
+/// A stretch of text in one format, or one field or picture; these have a single U+FFFC as text.
 struct Run
 {
     QString text;
     CharFormat format;
+    Field field = Field::None;
+    std::shared_ptr<const Picture> picture = nullptr;
 
-    bool operator==(const Run &) const = default;
+    bool isText() const { return field == Field::None && !picture; }
+    bool operator==(const Run &other) const
+    {
+        const bool samePicture = picture == other.picture || (picture && other.picture && *picture == *other.picture);
+        return samePicture && field == other.field && text == other.text && format == other.format;
+    }
 };
 
 enum class Alignment { Left, Centre, Right, Justified };
@@ -95,6 +144,8 @@ struct ParagraphFormat
     Sides<BorderLine> borders;
     Colour shading;
     bool pageBreakBefore = false;
+    bool keepTogether = false; ///< its lines stay on one page
+    bool keepWithNext = false; ///< no page ends between it and what follows
 
     bool operator==(const ParagraphFormat &) const = default;
 };
@@ -159,6 +210,7 @@ struct RowFormat
     Twips leftEdge = 0; ///< from the left edge of the column of text; negative hangs out into the margin
     Twips gap = 0;      ///< default distance of a cell's text from its left and right edge
     Sides<std::optional<Twips>> padding;
+    Alignment alignment = Alignment::Left; ///< of the table in its column; the edges are used when it is Left
     RowHeight height;
     bool heading = false; ///< repeated on each page that the table reaches; only at the top of a table
     bool keepTogether = false;
@@ -195,23 +247,44 @@ inline bool Cell::operator==(const Cell &other) const
 
 struct PageSetup
 {
-    Twips width = 11906; ///< A4
+    Twips width = 11906; ///< A4; of a landscape page the longer side
     Twips height = 16838;
     Sides<Twips> margins = {1440, 1440, 1440, 1440};
+    bool landscape = false;
+    Twips headerDistance = 720; ///< from the paper's edge
+    Twips footerDistance = 720;
+    bool titlePage = false; ///< the first page has its own header and footer
+    int columns = 1;
+    Twips columnGap = 720;
+    Sides<BorderLine> borders = {}; ///< around the text, or along the paper's edge
+    bool bordersFromEdge = false;
 
     bool operator==(const PageSetup &) const = default;
 };
 
-struct Document
+/// The texts in a page's margins, in the order of the array below.
+enum MarginText { Header, Footer, FirstHeader, FirstFooter };
+
+struct Section
 {
     PageSetup page;
+    bool newPage = true; ///< else it goes on below the section before, on the same page
+    std::array<std::vector<Block>, 4> margins;
     std::vector<Block> blocks;
+
+    bool operator==(const Section &) const = default;
+};
+
+/// Always at least one section.
+struct Document
+{
+    std::vector<Section> sections = std::vector<Section>(1);
 
     bool operator==(const Document &) const = default;
 };
 
-/// Calls `visit(Paragraph &)` for every paragraph in reading order, those inside of tables included; on a const
-/// document with a const one.
+/// Calls `visit(Paragraph &)` for every paragraph in reading order, those inside of tables included; on const blocks
+/// with a const one.
 template<class Blocks, class Visitor>
 void eachParagraph(Blocks &blocks, Visitor &&visit)
 {
@@ -223,6 +296,17 @@ void eachParagraph(Blocks &blocks, Visitor &&visit)
         for (auto &row : std::get<Table>(block.content).rows)
             for (auto &cell : row.cells)
                 eachParagraph(cell.blocks, visit);
+    }
+}
+
+/// The same for a whole document, headers and footers included.
+template<class AnyDocument, class Visitor>
+void everyParagraph(AnyDocument &document, Visitor &&visit)
+{
+    for (auto &section : document.sections) {
+        for (auto &text : section.margins)
+            eachParagraph(text, visit);
+        eachParagraph(section.blocks, visit);
     }
 }
 

@@ -8,21 +8,61 @@ namespace ledgora::reporter {
 
 namespace {
 
+constexpr QChar escape(0x1B);
+// ESC E and ESC F of a value while it is being put in: codes that no text may hold, and no paragraph keeps.
+constexpr QChar boldOn(0xFDD0);
+constexpr QChar boldOff(0xFDD1);
+
+bool isMark(QChar c)
+{
+    return c == boldOn || c == boldOff;
+}
+
+/// Bold that is not switched off again ends with the value.
 QString lineText(const QString &value)
 {
     QString text;
     text.reserve(value.size());
+    bool bold = false;
     for (qsizetype i = 0; i < value.size(); ++i) {
         const QChar c = value[i];
-        if (c == u'\r' || c == u'\n' || c == QChar(0x2028) || c == QChar(0x2029)) {
+        const QChar next = i + 1 < value.size() ? value[i + 1] : QChar();
+        if (c == escape && (next == u'E' || next == u'F')) {
+            bold = next == u'E';
+            text += bold ? boldOn : boldOff;
+            ++i;
+        } else if (c == u'\r' || c == u'\n' || c == QChar(0x2028) || c == QChar(0x2029)) {
             text += lineBreak;
-            if (c == u'\r' && i + 1 < value.size() && value[i + 1] == u'\n')
+            if (c == u'\r' && next == u'\n')
                 ++i;
-        } else if (c == u'\t' || (c.category() != QChar::Other_Control && c != QChar(0xFFFC))) {
+        } else if (c == u'\t' || (c.category() != QChar::Other_Control && c != QChar(0xFFFC) && !isMark(c))) {
             text += c;
         }
     }
+    if (bold)
+        text += boldOff;
     return text;
+}
+
+/// Cuts runs at the marks in them; between the marks they are bold.
+void applyMarks(std::vector<Run> &runs)
+{
+    std::vector<Run> cut;
+    for (const Run &run : runs) {
+        Run part = run;
+        part.text.clear();
+        for (const QChar c : run.text) {
+            if (!isMark(c)) {
+                part.text += c;
+                continue;
+            }
+            cut.push_back(part);
+            part.text.clear();
+            part.format.bold = c == boldOn || run.format.bold;
+        }
+        cut.push_back(part);
+    }
+    runs = std::move(cut);
 }
 
 /// Removes `length` characters from position `at` of the paragraph's text; the first run they touch gets `text` in
@@ -66,6 +106,8 @@ int replaceInParagraph(Paragraph &paragraph, const QString &placeholder, const Q
     // From the last to the first, so that the positions found stay right and what goes in is not searched again.
     for (const qsizetype at : std::views::reverse(found))
         replaceSpan(paragraph.runs, at, placeholder.size(), text);
+    if (text.contains(boldOn) || text.contains(boldOff))
+        applyMarks(paragraph.runs);
     if (!found.empty())
         std::erase_if(paragraph.runs, [](const Run &run) { return run.text.isEmpty(); });
     return static_cast<int>(found.size());
@@ -73,7 +115,7 @@ int replaceInParagraph(Paragraph &paragraph, const QString &placeholder, const Q
 
 Filling::Filling(Document document) : m_document(std::move(document))
 {
-    eachParagraph(m_document.blocks, [this](Paragraph &paragraph) {
+    everyParagraph(m_document, [this](Paragraph &paragraph) {
         const auto &runs = paragraph.runs;
         if (std::any_of(runs.begin(), runs.end(), [](const Run &run) { return run.text.contains(u'#'); }))
             m_open.push_back(&paragraph);

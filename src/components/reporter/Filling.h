@@ -10,9 +10,9 @@ namespace ledgora::reporter {
 /// its paragraphs can hold a placeholder at all, so that a replacement looks at few of them.
 ///
 /// A placeholder may be spread over runs (word processors split them at will); the value takes the format of the run
-/// in which the placeholder begins. CR LF, LF or CR in a value breaks the line; other control characters are dropped.
-/// A value is text and never markup: braces and back-slashes stand as they are. What a replacement has inserted is
-/// searched by later replacements but not by itself.
+/// in which the placeholder begins. CR LF, LF or CR in a value breaks the line, ESC E switches bold on and ESC F off
+/// again; other control characters are dropped. A value is text and never markup: braces and back-slashes stand as they
+/// are. What a replacement has inserted is searched by later replacements but not by itself.
 class Filling
 {
 public:
@@ -30,7 +30,7 @@ private:
     std::vector<Paragraph *> m_open; ///< paragraphs that hold a "#", in reading order
 };
 
-/// A value as the text that goes into a run.
+/// A value as the text that goes into a run, marks of bold text included.
 QString valueText(const PlaceholderValue &value);
 
 /// Replaces all occurrences of `placeholder` in one paragraph; runs that lose all their text go.

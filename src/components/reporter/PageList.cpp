@@ -8,6 +8,10 @@ void Drawing::add(const Drawing &other, QPointF offset)
         filled.area.translate(offset);
         areas.push_back(filled);
     }
+    for (DrawnPicture picture : other.pictures) {
+        picture.area.translate(offset);
+        pictures.push_back(std::move(picture));
+    }
     for (Rule rule : other.rules) {
         rule.from += offset;
         rule.to += offset;

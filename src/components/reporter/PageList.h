@@ -2,6 +2,7 @@
 
 #include "components/reporter/Document.h"
 #include <QFont>
+#include <QImage>
 #include <QPointF>
 #include <QRectF>
 #include <QSizeF>
@@ -37,10 +38,19 @@ struct FilledArea
     QRgb colour = 0xffffffff;
 };
 
-/// What is drawn at one place: areas first, then rules, then texts.
+/// A picture, or the part of one that is shown, drawn over the area.
+struct DrawnPicture
+{
+    QRectF area;
+    QRectF part; ///< of the image, in its dots; may reach beyond its edges
+    QImage image;
+};
+
+/// What is drawn at one place: areas first, then pictures, rules and texts.
 struct Drawing
 {
     std::vector<FilledArea> areas;
+    std::vector<DrawnPicture> pictures;
     std::vector<Rule> rules;
     std::vector<TextPiece> texts;
 

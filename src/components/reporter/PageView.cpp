@@ -40,10 +40,9 @@ void PageView::setPages(PageList pages)
         top += page.size.height();
         m_widest = std::max(m_widest, page.size.width());
     }
-    if (m_fitting)
-        fitWidth();
-    else
-        updateBars();
+    m_hits.clear();
+    m_currentHit = -1;
+    fit();
     showPage(0);
     viewport()->update();
 }
@@ -93,7 +92,7 @@ void PageView::applyZoom(qreal zoom, qreal anchor)
 
 void PageView::setZoom(qreal zoom)
 {
-    m_fitting = false;
+    m_fit = Fit::None;
     applyZoom(zoom, viewport()->height() / 2.0);
 }
 
@@ -109,11 +108,31 @@ void PageView::zoomOut()
 
 void PageView::fitWidth()
 {
-    m_fitting = true;
-    if (m_widest <= 0)
+    m_fit = Fit::Width;
+    fit();
+}
+
+void PageView::fitPage()
+{
+    m_fit = Fit::Page;
+    fit();
+}
+
+void PageView::fit()
+{
+    if (m_fit == Fit::None || m_widest <= 0) {
+        updateBars();
         return;
-    const qreal room = viewport()->width() - 2 * gap;
-    applyZoom(std::min(largestFit, room * 1440 / (m_widest * logicalDpiX())), 0);
+    }
+    const qreal width = (viewport()->width() - 2 * gap) * 1440 / (m_widest * logicalDpiX());
+    if (m_fit == Fit::Width) {
+        applyZoom(std::min(largestFit, width), 0);
+        return;
+    }
+    const int page = currentPage();
+    const qreal room = (viewport()->height() - 2 * gap) * 1440;
+    applyZoom(std::min(width, room / (m_pages[page].size.height() * logicalDpiX())), 0);
+    showPage(page);
 }
 
 int PageView::currentPage() const
@@ -129,6 +148,41 @@ void PageView::showPage(int page)
 {
     if (page >= 0 && page < static_cast<int>(m_pages.size()))
         verticalScrollBar()->setValue(static_cast<int>(pageArea(page).top() - gap));
+}
+
+void PageView::setHits(std::vector<Hit> hits)
+{
+    m_hits = std::move(hits);
+    m_currentHit = -1;
+    viewport()->update();
+}
+
+void PageView::showHit(int hit)
+{
+    if (hit < 0 || hit >= static_cast<int>(m_hits.size()) || m_hits[hit].areas.empty())
+        return;
+    m_currentHit = hit;
+    const QRectF page = pageArea(m_hits[hit].page);
+    const QRectF &area = m_hits[hit].areas.front();
+    const QPointF middle = page.topLeft() + area.center() * pixelsPerTwip();
+    const auto show = [](QScrollBar *bar, qreal at, int room) {
+        if (at < bar->value() + room * 0.1 || at > bar->value() + room * 0.9)
+            bar->setValue(static_cast<int>(at - room * 0.4));
+    };
+    show(verticalScrollBar(), middle.y(), viewport()->height());
+    show(horizontalScrollBar(), middle.x(), viewport()->width());
+    viewport()->update();
+}
+
+/// Like a marker pen: the letters shine through.
+void PageView::paintHits(QPainter &painter, int page) const
+{
+    painter.setCompositionMode(QPainter::CompositionMode_Multiply);
+    const auto first = std::lower_bound(m_hits.begin(), m_hits.end(), page,
+                                        [](const Hit &hit, int wanted) { return hit.page < wanted; });
+    for (auto hit = first; hit != m_hits.end() && hit->page == page; ++hit)
+        for (const QRectF &area : hit->areas)
+            painter.fillRect(area, hit - m_hits.begin() == m_currentHit ? QColor(255, 165, 60) : QColor(255, 236, 120));
 }
 
 void PageView::paintEvent(QPaintEvent *)
@@ -149,16 +203,14 @@ void PageView::paintEvent(QPaintEvent *)
         painter.translate(area.topLeft());
         painter.scale(pixelsPerTwip(), pixelsPerTwip());
         paintPage(painter, m_pages[i]);
+        paintHits(painter, i);
         painter.restore();
     }
 }
 
 void PageView::resizeEvent(QResizeEvent *)
 {
-    if (m_fitting)
-        fitWidth();
-    else
-        updateBars();
+    fit();
 }
 
 void PageView::wheelEvent(QWheelEvent *event)

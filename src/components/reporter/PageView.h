@@ -1,6 +1,6 @@
 #pragma once
 
-#include "components/reporter/PageList.h"
+#include "components/reporter/PageSearch.h"
 #include <QAbstractScrollArea>
 
 namespace ledgora::reporter {
@@ -22,9 +22,17 @@ public:
     void zoomIn();
     void zoomOut();
     void fitWidth(); ///< from now on the page is as wide as the view
+    void fitPage();  ///< from now on a whole page is in view
 
     int currentPage() const; ///< the page in the middle of the view, from 0
     void showPage(int page);
+
+    /// Marks places where words were found.
+    void setHits(std::vector<Hit> hits);
+    const std::vector<Hit> &hits() const { return m_hits; }
+    int currentHit() const { return m_currentHit; } ///< -1 when none is
+    /// Brings one of them into view and marks it above the others.
+    void showHit(int hit);
 
 Q_SIGNALS:
     void viewChanged();
@@ -36,17 +44,23 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
+    enum class Fit { None, Width, Page };
+
     qreal pixelsPerTwip() const;
     QRectF pageArea(int page) const; ///< in pixels of the whole column of pages
     QSizeF wholeSize() const;
     void applyZoom(qreal zoom, qreal anchor); ///< what lies `anchor` pixels below the view's top stays there
     void updateBars();
+    void fit();
+    void paintHits(QPainter &painter, int page) const;
 
     PageList m_pages;
     std::vector<qreal> m_tops; ///< upper edge of each page in twips, gaps between pages not counted
     qreal m_widest = 0;
     qreal m_zoom = 1;
-    bool m_fitting = true;
+    Fit m_fit = Fit::Width;
+    std::vector<Hit> m_hits;
+    int m_currentHit = -1;
 };
 
 } // namespace ledgora::reporter

@@ -43,21 +43,33 @@ void paintRule(QPainter &painter, const Rule &rule)
 
 } // namespace
 
-void paintPage(QPainter &painter, const Page &page)
+void paintGround(QPainter &painter, const Page &page)
 {
     // Edges on whole dots: neighbouring areas leave no seam and rules stay crisp.
     const bool smooth = painter.testRenderHint(QPainter::Antialiasing);
     painter.setRenderHint(QPainter::Antialiasing, false);
     for (const FilledArea &filled : page.drawing.areas)
         painter.fillRect(filled.area, QColor::fromRgb(filled.colour));
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    for (const DrawnPicture &picture : page.drawing.pictures)
+        painter.drawImage(picture.area, picture.image, picture.part);
     for (const Rule &rule : page.drawing.rules)
         paintRule(painter, rule);
     painter.setRenderHint(QPainter::Antialiasing, smooth);
-    for (const TextPiece &piece : page.drawing.texts) {
-        painter.setFont(piece.font);
-        painter.setPen(QColor::fromRgb(piece.colour));
-        painter.drawText(piece.baseline, piece.text);
-    }
+}
+
+void paintText(QPainter &painter, const TextPiece &piece)
+{
+    painter.setFont(piece.font);
+    painter.setPen(QColor::fromRgb(piece.colour));
+    painter.drawText(piece.baseline, piece.text);
+}
+
+void paintPage(QPainter &painter, const Page &page)
+{
+    paintGround(painter, page);
+    for (const TextPiece &piece : page.drawing.texts)
+        paintText(painter, piece);
 }
 
 void scaleToTwips(QPainter &painter, qreal dotsPerInchX, qreal dotsPerInchY)

@@ -12,10 +12,33 @@ constexpr qreal narrowestLine = 100;
 constexpr qreal defaultTabDistance = 720;
 constexpr int twipsPerHalfPoint = 10;
 
+constexpr qreal scriptSize = 0.62; ///< of raised and lowered text, to its type's size
+constexpr qreal superRise = 0.34;  ///< how far it stands above the line, to the same
+constexpr qreal subFall = 0.12;
+
+int sizeOf(const CharFormat &format)
+{
+    return std::max(1, format.halfPoints * twipsPerHalfPoint);
+}
+
+qreal riseOf(const CharFormat &format)
+{
+    switch (format.script) {
+    case Script::Super:
+        return superRise * sizeOf(format);
+    case Script::Sub:
+        return -subFall * sizeOf(format);
+    default:
+        return 0;
+    }
+}
+
 QFont fontOf(const CharFormat &format)
 {
     QFont font(format.font);
-    font.setPixelSize(std::max(1, format.halfPoints * twipsPerHalfPoint));
+    const int size = sizeOf(format);
+    font.setPixelSize(format.script == Script::Normal ? size : std::max(1, qRound(size * scriptSize)));
+    font.setStrikeOut(format.strike);
     font.setBold(format.bold);
     font.setItalic(format.italic);
     font.setUnderline(format.underline);
@@ -49,6 +72,30 @@ QTextOption::TabType tabType(Alignment alignment)
     }
 }
 
+/// A picture is laid out as a letter of no size that is followed by as much room as it is wide.
+QFont fontOf(const Picture &picture, const CharFormat &format)
+{
+    QFont font(format.font);
+    font.setPixelSize(1);
+    font.setHintingPreference(QFont::PreferNoHinting);
+    font.setLetterSpacing(QFont::AbsoluteSpacing, std::max(0.0, picture.shownSize().width() - 1));
+    return font;
+}
+
+QString shownText(const Run &run, const PageNumbers &numbers)
+{
+    if (run.picture)
+        return QStringLiteral("M");
+    switch (run.field) {
+    case Field::Page:
+        return QString::number(numbers.page);
+    case Field::PageCount:
+        return QString::number(numbers.pages);
+    default:
+        return run.format.capitals ? run.text.toUpper() : run.text;
+    }
+}
+
 /// Tab stops count from the edge of the column, the layout counts from where a line begins. A paragraph whose first
 /// line begins elsewhere uses its tabs there.
 QTextOption optionOf(const ParagraphFormat &format)
@@ -73,25 +120,18 @@ struct LineHeight
     qreal baseline = 0;
 };
 
-LineHeight heightOf(const QTextLine &line, const LineSpacing &spacing)
-{
-    const qreal natural = line.height();
-    qreal height = natural;
-    if (spacing.rule == LineSpacing::Automatic)
-        height = natural * spacing.value / 240;
-    else if (spacing.rule == LineSpacing::Exact || spacing.value > natural)
-        height = spacing.value;
-    return {height, line.ascent() + height - natural};
-}
-
 class ParagraphLayout
 {
 public:
-    ParagraphLayout(const Paragraph &paragraph, qreal width);
+    ParagraphLayout(const Paragraph &paragraph, qreal width, const PageNumbers &numbers);
 
     std::vector<Slice> slices();
 
 private:
+    LineHeight heightOf(const QTextLine &line) const;
+    template<class Visitor>
+    void eachPart(const QTextLine &line, Visitor &&visit) const;
+    void addPicture(Drawing &drawing, const QTextLine &line, int at, const Picture &picture, qreal baseline) const;
     void addTexts(Drawing &drawing, const QTextLine &line, qreal baseline) const;
     void addPieces(Drawing &drawing, const QTextLine &line, int from, int to, const Run &run, qreal baseline) const;
     bool endsPiece(QChar c) const;
@@ -103,25 +143,25 @@ private:
     qreal m_width;
     QString m_text;
     std::vector<QFont> m_fonts; ///< one for each run
+    std::vector<int> m_ends;    ///< where each run ends in the text
     QTextLayout m_layout;
 };
 
-ParagraphLayout::ParagraphLayout(const Paragraph &paragraph, qreal width)
+ParagraphLayout::ParagraphLayout(const Paragraph &paragraph, qreal width, const PageNumbers &numbers)
     : m_paragraph(paragraph)
     , m_format(paragraph.format)
     , m_width(width)
-    , m_text(paragraph.text())
 {
     QList<QTextLayout::FormatRange> ranges;
-    qsizetype at = 0;
     for (const Run &run : paragraph.runs) {
-        m_fonts.push_back(fontOf(run.format));
+        m_fonts.push_back(run.picture ? fontOf(*run.picture, run.format) : fontOf(run.format));
         QTextLayout::FormatRange range;
-        range.start = static_cast<int>(at);
-        range.length = static_cast<int>(run.text.size());
+        range.start = static_cast<int>(m_text.size());
+        m_text += shownText(run, numbers);
+        m_ends.push_back(static_cast<int>(m_text.size()));
+        range.length = m_ends.back() - range.start;
         range.format.setFont(m_fonts.back());
         ranges.append(range);
-        at += run.text.size();
     }
     m_layout.setText(m_text);
     m_layout.setFont(m_fonts.empty() ? fontOf(paragraph.endFormat) : m_fonts.front());
@@ -146,7 +186,7 @@ std::vector<Slice> ParagraphLayout::slices()
     m_layout.endLayout();
     for (int i = 0; i < m_layout.lineCount(); ++i) {
         const QTextLine line = m_layout.lineAt(i);
-        const LineHeight place = heightOf(line, m_format.lineSpacing);
+        const LineHeight place = heightOf(line);
         Slice slice;
         slice.height = place.height;
         addTexts(slice.drawing, line, place.baseline);
@@ -162,23 +202,68 @@ std::vector<Slice> ParagraphLayout::slices()
     return slices;
 }
 
-void ParagraphLayout::addTexts(Drawing &drawing, const QTextLine &line, qreal baseline) const
+/// Calls `visit(run, index, from, to)` for what each run has in the line.
+template<class Visitor>
+void ParagraphLayout::eachPart(const QTextLine &line, Visitor &&visit) const
 {
     const int lineBegin = line.textStart();
     const int lineEnd = lineBegin + line.textLength();
-    int at = 0;
+    int begin = 0;
     for (std::size_t i = 0; i < m_fonts.size(); ++i) {
-        const Run &run = m_paragraph.runs[i];
-        const int end = at + static_cast<int>(run.text.size());
-        const int from = std::max(at, lineBegin);
-        const int to = std::min(end, lineEnd);
-        const std::size_t before = drawing.texts.size();
+        const int from = std::max(begin, lineBegin);
+        const int to = std::min(m_ends[i], lineEnd);
         if (from < to)
-            addPieces(drawing, line, from, to, run, baseline);
-        for (std::size_t piece = before; piece < drawing.texts.size(); ++piece)
-            drawing.texts[piece].font = m_fonts[i];
-        at = end;
+            visit(m_paragraph.runs[i], i, from, to);
+        begin = m_ends[i];
     }
+}
+
+/// A picture stands on the line and makes it as tall as itself.
+LineHeight ParagraphLayout::heightOf(const QTextLine &line) const
+{
+    qreal ascent = line.ascent();
+    eachPart(line, [&ascent](const Run &run, std::size_t, int, int) {
+        if (run.picture)
+            ascent = std::max(ascent, run.picture->shownSize().height());
+    });
+    const LineSpacing &spacing = m_format.lineSpacing;
+    const qreal natural = line.height() - line.ascent() + ascent;
+    qreal height = natural;
+    if (spacing.rule == LineSpacing::Automatic)
+        height = natural * spacing.value / 240;
+    else if (spacing.rule == LineSpacing::Exact || spacing.value > natural)
+        height = spacing.value;
+    return {height, ascent + height - natural};
+}
+
+void ParagraphLayout::addTexts(Drawing &drawing, const QTextLine &line, qreal baseline) const
+{
+    eachPart(line, [&](const Run &run, std::size_t index, int from, int to) {
+        if (run.picture)
+            return addPicture(drawing, line, from, *run.picture, baseline);
+        const std::size_t before = drawing.texts.size();
+        addPieces(drawing, line, from, to, run, baseline - riseOf(run.format));
+        for (std::size_t piece = before; piece < drawing.texts.size(); ++piece)
+            drawing.texts[piece].font = m_fonts[index];
+        if (run.format.background)
+            drawing.areas.push_back({QRectF(QPointF(line.cursorToX(from), baseline - line.ascent()),
+                                            QPointF(line.cursorToX(to), baseline + line.descent())),
+                                     *run.format.background});
+    });
+}
+
+void ParagraphLayout::addPicture(Drawing &drawing, const QTextLine &line, int at, const Picture &picture,
+                                 qreal baseline) const
+{
+    const QSizeF size = picture.shownSize();
+    const QRectF area(QPointF(line.cursorToX(at), baseline - size.height()), size);
+    const qreal dotsX = picture.image.width() / static_cast<qreal>(picture.width);
+    const qreal dotsY = picture.image.height() / static_cast<qreal>(picture.height);
+    const QRectF part(
+        QPointF(picture.crop[Left] * dotsX, picture.crop[Top] * dotsY),
+        QPointF((picture.width - picture.crop[Right]) * dotsX, (picture.height - picture.crop[Bottom]) * dotsY));
+    if (part.width() > 0 && part.height() > 0)
+        drawing.pictures.push_back({area, part, picture.image});
 }
 
 /// Where the layout alone knows the distance to what follows.
@@ -217,13 +302,19 @@ void ParagraphLayout::decorate(Slice &slice, bool first, bool last) const
     const auto drawn = [&](Side side) { return borders[side].style != LineStyle::None; };
     const qreal above = first && drawn(Top) ? borders[Top].space + borders[Top].width : 0;
     const qreal below = last && drawn(Bottom) ? borders[Bottom].space + borders[Bottom].width : 0;
-    for (TextPiece &piece : slice.drawing.texts)
-        piece.baseline.ry() += above;
+    if (above > 0) {
+        Drawing moved;
+        moved.add(slice.drawing, QPointF(0, above));
+        slice.drawing = std::move(moved);
+    }
     slice.height += above + below;
     const QRectF box(QPointF(m_format.leftIndent - (drawn(Left) ? borders[Left].space : 0), 0),
                      QPointF(m_width - m_format.rightIndent + (drawn(Right) ? borders[Right].space : 0), slice.height));
-    if (m_format.shading)
-        slice.drawing.areas.push_back({box, *m_format.shading});
+    if (m_format.shading) { // below the areas behind single words
+        std::vector<FilledArea> areas = {{box, *m_format.shading}};
+        areas.insert(areas.end(), slice.drawing.areas.begin(), slice.drawing.areas.end());
+        slice.drawing.areas = std::move(areas);
+    }
     if (first)
         addBorder(slice.drawing, borders[Top], box.topLeft(), box.topRight());
     if (last)
@@ -245,9 +336,9 @@ void addBorder(Drawing &drawing, const BorderLine &border, QPointF from, QPointF
         drawing.rules.push_back({from, to, static_cast<qreal>(border.width), border.style, inkOf(border.colour)});
 }
 
-std::vector<Slice> layoutParagraph(const Paragraph &paragraph, qreal width)
+std::vector<Slice> layoutParagraph(const Paragraph &paragraph, qreal width, const PageNumbers &numbers)
 {
-    return ParagraphLayout(paragraph, width).slices();
+    return ParagraphLayout(paragraph, width, numbers).slices();
 }
 
 } // namespace ledgora::reporter

@@ -1,6 +1,8 @@
 #include "components/reporter/PdfOutput.h"
 
 #include "components/reporter/Paint.h"
+#include "components/reporter/PdfText.h"
+#include <QBuffer>
 #include <QFile>
 #include <QMarginsF>
 #include <QPageSize>
@@ -21,9 +23,30 @@ QPageSize paperOf(const Page &page)
     return QPageSize(page.size / twipsPerPoint, QPageSize::Point, QString(), QPageSize::FuzzyMatch);
 }
 
-bool drawPages(QIODevice &device, const PageList &pages, const QString &title)
+/// Draws the page and notes the texts that had to be marked.
+void drawPage(QPainter &painter, const Page &page, std::vector<QString> &marked)
 {
-    QPdfWriter writer(&device);
+    paintGround(painter, page);
+    for (const TextPiece &piece : page.drawing.texts) {
+        const bool mark = needsCharacters(piece.text);
+        if (mark) {
+            beginCharacters(painter, static_cast<int>(marked.size()));
+            marked.push_back(piece.text);
+        }
+        paintText(painter, piece);
+        if (mark)
+            endCharacters(painter);
+    }
+}
+
+/// The pages as a PDF file in memory; empty when they can not be drawn.
+QByteArray drawn(const PageList &pages, const QString &title)
+{
+    QByteArray pdf;
+    QBuffer buffer(&pdf);
+    buffer.open(QIODevice::WriteOnly);
+    std::vector<QString> marked;
+    QPdfWriter writer(&buffer);
     writer.setResolution(twipsPerInch); // one unit of the device is one twip
     writer.setTitle(title);
     writer.setCreator(QStringLiteral("Ledgora"));
@@ -31,16 +54,18 @@ bool drawPages(QIODevice &device, const PageList &pages, const QString &title)
     writer.setPageSize(paperOf(pages.front()));
     QPainter painter;
     if (!painter.begin(&writer))
-        return false;
+        return {};
     for (std::size_t i = 0; i < pages.size(); ++i) {
         if (i > 0) {
             writer.setPageSize(paperOf(pages[i]));
             if (!writer.newPage())
-                return false;
+                return {};
         }
-        paintPage(painter, pages[i]);
+        drawPage(painter, pages[i], marked);
     }
-    return painter.end();
+    if (!painter.end())
+        return {};
+    return marked.empty() ? pdf : withCharacters(pdf, marked);
 }
 
 QString removed(QFile &part, const QString &reason)
@@ -60,10 +85,10 @@ QString writePdf(const PageList &pages, const QString &path, const QString &titl
     part.remove(); // left over from a run that was broken off
     if (!part.open(QIODevice::WriteOnly | QIODevice::NewOnly))
         return part.errorString();
-    if (!drawPages(part, pages, title))
+    const QByteArray pdf = drawn(pages, title);
+    if (pdf.isEmpty())
         return removed(part, QStringLiteral("the pages could not be drawn"));
-    // The writer does not tell of a full disk; the file does.
-    if (!part.flush() || part.error() != QFileDevice::NoError)
+    if (part.write(pdf) != pdf.size() || !part.flush() || part.error() != QFileDevice::NoError)
         return removed(part, part.errorString());
     part.close();
     std::error_code fault;

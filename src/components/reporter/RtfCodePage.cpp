@@ -1,6 +1,7 @@
 #include "components/reporter/RtfInterpreter.h"
 
 #include <QStringDecoder>
+#include <algorithm>
 #include <array>
 
 namespace ledgora::reporter {
@@ -25,6 +26,15 @@ QString decode1252(const QByteArray &bytes)
 }
 
 } // namespace
+
+int byteOf1252(QChar character)
+{
+    const char16_t code = character.unicode();
+    if (code < 0x80 || (code >= 0xA0 && code <= 0xFF))
+        return code;
+    const auto *found = std::find(upper1252.begin(), upper1252.end(), code);
+    return found == upper1252.end() ? -1 : static_cast<int>(0x80 + (found - upper1252.begin()));
+}
 
 QString decodeCodePage(const QByteArray &bytes, int codePage)
 {

@@ -60,7 +60,7 @@ RtfRead RtfInterpreter::read(QByteArrayView text)
 
 bool RtfInterpreter::withinLimits()
 {
-    if (m_characters <= mostCharacters && m_paragraphs <= mostParagraphs)
+    if (m_characters <= mostCharacters && m_paragraphs <= mostParagraphs && m_cells <= mostCells)
         return true;
     fail(QStringLiteral("the document is too large"));
     return false;
@@ -69,9 +69,11 @@ bool RtfInterpreter::withinLimits()
 void RtfInterpreter::finish(const RtfTokens &tokens, bool closed)
 {
     flushBytes();
-    if (!m_runs.empty())
-        endParagraph();
-    closeOpenRow();
+    if (m_body)
+        endMargin();
+    m_state.destination = Destination::Body;
+    closeStory();
+    section().blocks = std::move(m_story.blocks);
     if (!tokens.error().isEmpty())
         fail(tokens.error());
     if (!closed)
@@ -90,10 +92,16 @@ bool RtfInterpreter::take(const RtfToken &token)
         m_bytes += static_cast<char>(token.parameter.value_or(0));
         return true;
     }
+    const bool inPicture = m_state.destination == Destination::Picture;
     if (token.kind == RtfToken::Text) {
-        bytes(token.text);
+        if (inPicture)
+            pictureText(token.text);
+        else
+            bytes(token.text);
         return true;
     }
+    if (token.kind == RtfToken::Binary && inPicture)
+        m_picture.data += token.text;
     flushBytes();
     const bool starred = m_starred;
     switch (token.kind) {
@@ -133,9 +141,22 @@ bool RtfInterpreter::endGroup()
     m_starred = false;
     if (m_saved.empty())
         return false;
+    const Destination left = m_state.destination;
+    if (m_body && m_saved.size() == m_marginGroup)
+        endMargin();
     m_state = std::move(m_saved.back());
     m_saved.pop_back();
+    if (left != m_state.destination)
+        leaveDestination(left);
     return true;
+}
+
+void RtfInterpreter::leaveDestination(Destination left)
+{
+    if (left == Destination::Instruction)
+        endInstruction();
+    else if (left == Destination::Picture)
+        endPicture();
 }
 
 void RtfInterpreter::word(const RtfToken &token)
@@ -202,6 +223,11 @@ void RtfInterpreter::flushBytes()
     case Destination::Colours:
         colourText(text);
         break;
+    case Destination::Instruction:
+        m_instruction += text;
+        m_instructionFormat = m_state.chars;
+        break;
+    case Destination::Picture:
     case Destination::Skipped:
         break;
     }
@@ -213,10 +239,11 @@ void RtfInterpreter::bodyText(const QString &text)
     if (clean.isEmpty())
         return;
     m_characters += clean.size();
-    if (!m_runs.empty() && m_runs.back().format == m_state.chars)
-        m_runs.back().text += clean;
+    std::vector<Run> &runs = m_story.runs;
+    if (!runs.empty() && runs.back().isText() && runs.back().format == m_state.chars)
+        runs.back().text += clean;
     else
-        m_runs.push_back({clean, m_state.chars});
+        runs.push_back({clean, m_state.chars});
 }
 
 void RtfInterpreter::fontText(const QString &text)
@@ -275,7 +302,8 @@ void RtfInterpreter::setFont(int number)
 
 void RtfInterpreter::addTab(int position)
 {
-    m_state.paragraph.tabs.push_back({position, m_tabAlignment});
+    if (m_state.paragraph.tabs.size() < mostTabs)
+        m_state.paragraph.tabs.push_back({position, m_tabAlignment});
     std::sort(m_state.paragraph.tabs.begin(), m_state.paragraph.tabs.end(),
               [](const TabStop &a, const TabStop &b) { return a.position < b.position; });
     m_tabAlignment = Alignment::Left;
@@ -301,13 +329,22 @@ void RtfInterpreter::cellBorder(Side side)
     m_borderSide = side;
 }
 
+void RtfInterpreter::pageBorder(Side side)
+{
+    m_borderOwner = BorderOwner::Page;
+    m_borderSide = side;
+    border() = BorderLine();
+}
+
 BorderLine &RtfInterpreter::border()
 {
     switch (m_borderOwner) {
     case BorderOwner::Paragraph:
         return m_state.paragraph.borders[m_borderSide];
     case BorderOwner::Cell:
-        return m_cell.borders[m_borderSide];
+        return cell().borders[m_borderSide];
+    case BorderOwner::Page:
+        return page().borders[m_borderSide];
     default:
         return m_scratchBorder;
     }
@@ -316,13 +353,13 @@ BorderLine &RtfInterpreter::border()
 void RtfInterpreter::insert(QChar character)
 {
     flushBytes();
-    if (m_state.destination == Destination::Body)
+    if (inBody())
         bodyText(QString(character));
 }
 
 void RtfInterpreter::insertUnicode(int value)
 {
-    if (m_state.destination == Destination::Body)
+    if (inBody())
         bodyText(QString(QChar(static_cast<char16_t>(value))));
     else if (m_state.destination == Destination::Fonts)
         m_fontName += QChar(static_cast<char16_t>(value));

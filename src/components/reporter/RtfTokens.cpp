@@ -16,6 +16,8 @@ bool isDigit(char c)
     return c >= '0' && c <= '9';
 }
 
+} // namespace
+
 int hexValue(char c)
 {
     if (isDigit(c))
@@ -26,8 +28,6 @@ int hexValue(char c)
         return c - 'A' + 10;
     return -1;
 }
-
-} // namespace
 
 void RtfTokens::fail(const QString &what)
 {

@@ -49,4 +49,7 @@ private:
     QString m_error;
 };
 
+/// Value of a hexadecimal digit, or -1.
+int hexValue(char digit);
+
 } // namespace ledgora::reporter

@@ -27,6 +27,8 @@ int positiveLength(int value)
     return std::clamp(value, 0, largestLength);
 }
 
+constexpr int mostColumns = 8;
+
 /// Pages below an inch would leave no room for text at all.
 int pageLength(int value)
 {
@@ -48,45 +50,65 @@ void lineSpacingIsMultiple(Interpreter &i, int multiple)
         i.paragraph().lineSpacing.rule = LineSpacing::Automatic;
 }
 
-void rowHeight(Interpreter &i, int value)
-{
-    i.row().height = {value < 0 ? RowHeight::Exact : RowHeight::Least, std::abs(length(value))};
-}
-
 template<Alignment alignment>
 void align(Interpreter &i, int)
 {
     i.paragraph().alignment = alignment;
 }
 
-template<Side side>
-void rowPadding(Interpreter &i, int value)
+/// Words about the document's page hold for the section that has begun as well, until it says otherwise itself.
+template<Twips PageSetup::*member>
+void documentPage(Interpreter &i, int value)
 {
-    i.row().padding[side] = positiveLength(value);
+    i.documentPage().*member = i.page().*member = pageLength(value);
+}
+
+template<Twips PageSetup::*member>
+void sectionPage(Interpreter &i, int value)
+{
+    i.page().*member = pageLength(value);
 }
 
 template<Side side>
-void cellPadding(Interpreter &i, int value)
+void documentMargin(Interpreter &i, int value)
 {
-    i.cell().padding[side] = positiveLength(value);
+    i.documentPage().margins[side] = i.page().margins[side] = positiveLength(value);
 }
 
 template<Side side>
-void margin(Interpreter &i, int value)
+void sectionMargin(Interpreter &i, int value)
 {
     i.page().margins[side] = positiveLength(value);
+}
+
+template<MarginText which>
+void marginText(Interpreter &i, int)
+{
+    i.readMargin(which);
+}
+
+template<Side side>
+void pageBorder(Interpreter &i, int)
+{
+    i.pageBorder(side);
+}
+
+template<Script position>
+void script(Interpreter &i, int value)
+{
+    i.chars().script = value != 0 ? position : Script::Normal;
+}
+
+/// Bit 5: the borders keep their distance from the paper's edge and not from the text.
+void borderOptions(Interpreter &i, int value)
+{
+    i.page().bordersFromEdge = (value & 32) != 0;
 }
 
 template<Side side>
 void paragraphBorder(Interpreter &i, int)
 {
     i.paragraphBorder(side);
-}
-
-template<Side side>
-void cellBorder(Interpreter &i, int)
-{
-    i.cellBorder(side);
 }
 
 template<LineStyle style>
@@ -124,38 +146,64 @@ const Words documentWords = {
     {"red", {[](Interpreter &i, int v) { i.setColourPart(16, v); }}},
     {"green", {[](Interpreter &i, int v) { i.setColourPart(8, v); }}},
     {"blue", {[](Interpreter &i, int v) { i.setColourPart(0, v); }}},
-    {"paperw", {[](Interpreter &i, int v) { i.page().width = pageLength(v); }, 11906}},
-    {"paperh", {[](Interpreter &i, int v) { i.page().height = pageLength(v); }, 16838}},
-    {"margl", {margin<Left>, 1800}},
-    {"margr", {margin<Right>, 1800}},
-    {"margt", {margin<Top>, 1440}},
-    {"margb", {margin<Bottom>, 1440}},
-    {"pgwsxn", {[](Interpreter &i, int v) { i.page().width = pageLength(v); }, 11906}},
-    {"pghsxn", {[](Interpreter &i, int v) { i.page().height = pageLength(v); }, 16838}},
-    {"marglsxn", {margin<Left>, 1800}},
-    {"margrsxn", {margin<Right>, 1800}},
-    {"margtsxn", {margin<Top>, 1440}},
-    {"margbsxn", {margin<Bottom>, 1440}},
-    // Destinations whose text is not part of the page, or not yet.
+    {"paperw", {documentPage<&PageSetup::width>, 11906}},
+    {"paperh", {documentPage<&PageSetup::height>, 16838}},
+    {"margl", {documentMargin<Left>, 1800}},
+    {"margr", {documentMargin<Right>, 1800}},
+    {"margt", {documentMargin<Top>, 1440}},
+    {"margb", {documentMargin<Bottom>, 1440}},
+    {"landscape", {[](Interpreter &i, int) { i.documentPage().landscape = i.page().landscape = true; }}},
+    {"sectd", {[](Interpreter &i, int) { i.resetSection(); }}},
+    {"sect", {[](Interpreter &i, int) { i.endSection(); }}},
+    {"sbknone", {[](Interpreter &i, int) { i.section().newPage = false; }}},
+    {"sbkpage", {[](Interpreter &i, int) { i.section().newPage = true; }}},
+    {"sbkcol", {[](Interpreter &i, int) { i.section().newPage = true; }}},
+    {"sbkeven", {[](Interpreter &i, int) { i.section().newPage = true; }}},
+    {"sbkodd", {[](Interpreter &i, int) { i.section().newPage = true; }}},
+    {"pgwsxn", {sectionPage<&PageSetup::width>, 11906}},
+    {"pghsxn", {sectionPage<&PageSetup::height>, 16838}},
+    {"marglsxn", {sectionMargin<Left>, 1800}},
+    {"margrsxn", {sectionMargin<Right>, 1800}},
+    {"margtsxn", {sectionMargin<Top>, 1440}},
+    {"margbsxn", {sectionMargin<Bottom>, 1440}},
+    {"lndscpsxn", {[](Interpreter &i, int) { i.page().landscape = true; }}},
+    {"headery", {[](Interpreter &i, int v) { i.page().headerDistance = positiveLength(v); }, 720}},
+    {"footery", {[](Interpreter &i, int v) { i.page().footerDistance = positiveLength(v); }, 720}},
+    {"titlepg", {[](Interpreter &i, int) { i.page().titlePage = true; }}},
+    {"cols", {[](Interpreter &i, int v) { i.page().columns = std::clamp(v, 1, mostColumns); }, 1}},
+    {"colsx", {[](Interpreter &i, int v) { i.page().columnGap = positiveLength(v); }, 720}},
+    {"pgbrdrt", {pageBorder<Top>}},
+    {"pgbrdrl", {pageBorder<Left>}},
+    {"pgbrdrb", {pageBorder<Bottom>}},
+    {"pgbrdrr", {pageBorder<Right>}},
+    {"pgbrdropt", {borderOptions}},
+    {"header", {marginText<Header>}},
+    {"headerr", {marginText<Header>}},
+    {"headerf", {marginText<FirstHeader>}},
+    {"footer", {marginText<Footer>}},
+    {"footerr", {marginText<Footer>}},
+    {"footerf", {marginText<FirstFooter>}},
+    {"fldinst", {[](Interpreter &i, int) { i.readInstruction(); }}},
+    {"fldrslt", {[](Interpreter &i, int) { i.readFieldResult(); }}},
+    {"chpgn", {[](Interpreter &i, int) { i.insertField(Field::Page); }}},
+    {"shppict", {[](Interpreter &, int) {}}},
+    {"pict", {[](Interpreter &i, int) { i.readPicture(); }}},
+    // Destinations whose text is not part of the page; the left pages are as the right ones.
     {"stylesheet", {skip}},
     {"info", {skip}},
-    {"pict", {skip}},
-    {"object", {skip}},
     {"nonshppict", {skip}},
     {"nonesttables", {skip}},
-    {"header", {skip}},
-    {"headerl", {skip}},
-    {"headerr", {skip}},
-    {"headerf", {skip}},
-    {"footer", {skip}},
-    {"footerl", {skip}},
-    {"footerr", {skip}},
-    {"footerf", {skip}},
-    {"footnote", {skip}},
-    {"fldinst", {skip}},
     {"xe", {skip}},
     {"tc", {skip}},
     {"filetbl", {skip}},
+    {"object", {[](Interpreter &i, int) { i.omitGroup("embedded object"); }}},
+    {"shp", {[](Interpreter &i, int) { i.omitGroup("drawing"); }}},
+    {"shpgrp", {[](Interpreter &i, int) { i.omitGroup("drawing"); }}},
+    {"do", {[](Interpreter &i, int) { i.omitGroup("drawing"); }}},
+    {"footnote", {[](Interpreter &i, int) { i.omitGroup("footnote"); }}},
+    {"annotation", {[](Interpreter &i, int) { i.omitGroup("comment"); }}},
+    {"headerl", {[](Interpreter &i, int) { i.omitGroup("header of left pages"); }}},
+    {"footerl", {[](Interpreter &i, int) { i.omitGroup("footer of left pages"); }}},
 };
 
 const Words characterWords = {
@@ -164,6 +212,13 @@ const Words characterWords = {
     {"i", {[](Interpreter &i, int v) { i.chars().italic = v != 0; }, 1}},
     {"ul", {[](Interpreter &i, int v) { i.chars().underline = v != 0; }, 1}},
     {"ulnone", {[](Interpreter &i, int) { i.chars().underline = false; }}},
+    {"strike", {[](Interpreter &i, int v) { i.chars().strike = v != 0; }, 1}},
+    {"caps", {[](Interpreter &i, int v) { i.chars().capitals = v != 0; }, 1}},
+    {"super", {script<Script::Super>, 1}},
+    {"sub", {script<Script::Sub>, 1}},
+    {"nosupersub", {[](Interpreter &i, int) { i.chars().script = Script::Normal; }}},
+    {"highlight", {[](Interpreter &i, int v) { i.chars().background = i.colour(v); }}},
+    {"chcbpat", {[](Interpreter &i, int v) { i.chars().background = i.colour(v); }}},
     {"f", {[](Interpreter &i, int v) { i.setFont(v); }}},
     {"fs", {[](Interpreter &i, int v) { i.chars().halfPoints = std::clamp(v, 1, 3276); }, 24}},
     {"cf", {[](Interpreter &i, int v) { i.chars().colour = i.colour(v); }}},
@@ -183,10 +238,12 @@ const Words characterWords = {
 const Words paragraphWords = {
     {"pard", {[](Interpreter &i, int) { i.resetParagraph(); }}},
     {"par", {[](Interpreter &i, int) { i.endParagraph(); }}},
-    {"nestcell", {[](Interpreter &i, int) { i.endParagraph(); }}},
     {"page", {[](Interpreter &i, int) { i.breakPage(); }}},
     {"pagebb", {[](Interpreter &i, int v) { i.paragraph().pageBreakBefore = v != 0; }, 1}},
+    {"keep", {[](Interpreter &i, int v) { i.paragraph().keepTogether = v != 0; }, 1}},
+    {"keepn", {[](Interpreter &i, int v) { i.paragraph().keepWithNext = v != 0; }, 1}},
     {"intbl", {[](Interpreter &i, int v) { i.setInTable(v != 0); }, 1}},
+    {"itap", {[](Interpreter &i, int v) { i.setTableLevel(v); }, 1}},
     {"ql", {align<Alignment::Left>}},
     {"qc", {align<Alignment::Centre>}},
     {"qr", {align<Alignment::Right>}},
@@ -225,59 +282,19 @@ const Words borderWords = {
     {"brsp", {[](Interpreter &i, int v) { i.border().space = positiveLength(v); }}},
 };
 
-const Words tableWords = {
-    {"trowd", {[](Interpreter &i, int) { i.resetRow(); }}},
-    {"cell", {[](Interpreter &i, int) { i.endCell(); }}},
-    {"row", {[](Interpreter &i, int) { i.endRow(); }}},
-    {"cellx", {[](Interpreter &i, int v) { i.endCellFormat(length(v)); }}},
-    {"trgaph", {[](Interpreter &i, int v) { i.row().gap = positiveLength(v); }}},
-    {"trleft", {[](Interpreter &i, int v) { i.row().leftEdge = length(v); }}},
-    {"trrh", {rowHeight}},
-    {"trhdr", {[](Interpreter &i, int) { i.row().heading = true; }}},
-    {"trkeep", {[](Interpreter &i, int) { i.row().keepTogether = true; }}},
-    {"trpaddt", {rowPadding<Top>}},
-    {"trpaddl", {rowPadding<Left>}},
-    {"trpaddb", {rowPadding<Bottom>}},
-    {"trpaddr", {rowPadding<Right>}},
-    {"trbrdrt", {noBorder}},
-    {"trbrdrl", {noBorder}},
-    {"trbrdrb", {noBorder}},
-    {"trbrdrr", {noBorder}},
-    {"trbrdrh", {noBorder}},
-    {"trbrdrv", {noBorder}},
-    {"clbrdrt", {cellBorder<Top>}},
-    {"clbrdrl", {cellBorder<Left>}},
-    {"clbrdrb", {cellBorder<Bottom>}},
-    {"clbrdrr", {cellBorder<Right>}},
-    {"cldglu", {noBorder}},
-    {"cldgll", {noBorder}},
-    {"clpadt", {cellPadding<Top>}},
-    {"clpadl", {cellPadding<Left>}},
-    {"clpadb", {cellPadding<Bottom>}},
-    {"clpadr", {cellPadding<Right>}},
-    {"clvertalt", {[](Interpreter &i, int) { i.cell().verticalAlignment = VerticalAlignment::Top; }}},
-    {"clvertalc", {[](Interpreter &i, int) { i.cell().verticalAlignment = VerticalAlignment::Centre; }}},
-    {"clvertalb", {[](Interpreter &i, int) { i.cell().verticalAlignment = VerticalAlignment::Bottom; }}},
-    {"clcbpat", {[](Interpreter &i, int v) { i.cell().shading = i.colour(v); }}},
-    {"clmgf", {[](Interpreter &i, int) { i.cell().acrossCells = Merge::First; }}},
-    {"clmrg", {[](Interpreter &i, int) { i.cell().acrossCells = Merge::Continued; }}},
-    {"clvmgf", {[](Interpreter &i, int) { i.cell().acrossRows = Merge::First; }}},
-    {"clvmrg", {[](Interpreter &i, int) { i.cell().acrossRows = Merge::Continued; }}},
-};
-
 } // namespace
 
 bool applyWord(RtfInterpreter &interpreter, QByteArrayView word, std::optional<int> parameter)
 {
     const std::string_view name(word.data(), static_cast<std::size_t>(word.size()));
-    for (const Words *words : {&characterWords, &paragraphWords, &tableWords, &borderWords, &documentWords}) {
+    for (const Words *words : {&characterWords, &paragraphWords, &borderWords, &documentWords}) {
         const auto found = words->find(name);
         if (found == words->end())
             continue;
         found->second.apply(interpreter, parameter.value_or(found->second.withoutNumber));
         return true;
     }
-    return false;
+    return applyTableWord(interpreter, word, parameter);
 }
 
 } // namespace ledgora::reporter

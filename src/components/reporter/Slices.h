@@ -1,6 +1,7 @@
 #pragma once
 
 #include "components/reporter/PageList.h"
+#include <limits>
 
 namespace ledgora::reporter {
 
@@ -14,11 +15,20 @@ struct Slice
     bool breakBefore = false;
 };
 
-/// A paragraph as its lines, in a column of the given width.
-std::vector<Slice> layoutParagraph(const Paragraph &paragraph, qreal width);
+/// What page number fields show.
+struct PageNumbers
+{
+    int page = 1;
+    int pages = 1;
+};
 
-/// Blocks as one column that is not cut into pages, such as the content of a cell.
-std::vector<Slice> layoutColumn(const std::vector<Block> &blocks, qreal width);
+/// A paragraph as its lines, in a column of the given width.
+std::vector<Slice> layoutParagraph(const Paragraph &paragraph, qreal width, const PageNumbers &numbers);
+
+/// Blocks as one column that is not cut into pages, such as the content of a cell; nothing more once it is taller than
+/// `enough`.
+std::vector<Slice> layoutColumn(const std::vector<Block> &blocks, qreal width, const PageNumbers &numbers,
+                                qreal enough = std::numeric_limits<qreal>::infinity());
 
 /// Height of slices that stand below one another, gaps included.
 qreal heightOf(const std::vector<Slice> &slices);

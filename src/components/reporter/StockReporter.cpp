@@ -2,11 +2,15 @@
 
 #include "components/reporter/Layout.h"
 #include "components/reporter/PdfOutput.h"
+#include "components/reporter/RtfReader.h"
+#include "components/reporter/RtfWriter.h"
 #include "components/reporter/Viewer.h"
 #include "host/WorkingState.h"
 #include "platform/HostObject.h"
 #include "store/ErrorLog.h"
+#include <QFile>
 #include <QFileInfo>
+#include <QSaveFile>
 
 namespace ledgora::reporter {
 
@@ -17,55 +21,84 @@ constexpr qint64 faultyTemplate = 321;
 constexpr qint64 unwritableFile = 75;
 constexpr qint64 noReport = 91;
 
-void log(qint64 number, const QString &description)
-{
-    WriteErrLog(number, description, QString::fromLatin1(Reporter::progId));
-}
-
-} // namespace
-
-void StockReporter::newreportnew(const QString &templatePath)
-{
-    const ErrorSite site("REPORTER", "NEWREPORTNEW");
-    m_report.reset();
-    QString fault;
-    const auto parsed = m_templates.load(templatePath, fault);
-    if (!parsed) {
-        log(unreadableFile, templatePath + QStringLiteral(": ") + fault);
-        return;
-    }
-    if (!parsed->error.isEmpty())
-        log(faultyTemplate, templatePath + QStringLiteral(": ") + parsed->error);
-    m_name = QFileInfo(templatePath).completeBaseName();
-    m_report = std::make_unique<Filling>(parsed->document);
-}
-
-void StockReporter::SetText(const QString &placeholder, const PlaceholderValue &value)
-{
-    if (!m_report)
-        return; // told when the report was begun; a line for each placeholder would bury it
-    m_report->setText(placeholder, value);
-    noteName(placeholder, value);
-}
-
 /// A bill is best known by its number.
-void StockReporter::noteName(const QString &placeholder, const PlaceholderValue &value)
+void noteName(QString &name, const QString &placeholder, const PlaceholderValue &value)
 {
     if (placeholder != QStringLiteral("#BILL_NO#"))
         return;
     const QString number = valueText(value).trimmed();
     if (!number.isEmpty())
-        m_name = QStringLiteral("Bill ") + number;
+        name = QStringLiteral("Bill ") + number;
+}
+
+} // namespace
+
+void StockReporter::fail(qint64 number, const QString &description)
+{
+    m_error = description;
+    WriteErrLog(number, description, QString::fromLatin1(progId));
+}
+
+/// The template, as far as it could be read, or nothing; when it must be `whole`, also nothing if it has a fault.
+std::shared_ptr<const TemplateCache::Template> StockReporter::load(const QString &path, bool whole)
+{
+    m_error.clear();
+    QString fault;
+    auto parsed = m_templates.load(path, fault);
+    if (!parsed) {
+        fail(unreadableFile, path + QStringLiteral(": ") + fault);
+        return nullptr;
+    }
+    if (!parsed->error.isEmpty()) {
+        fail(faultyTemplate, path + QStringLiteral(": ") + parsed->error);
+        if (whole)
+            return nullptr;
+    }
+    return parsed;
+}
+
+void StockReporter::newreportnew(const QString &templatePath)
+{
+    const ErrorSite site("REPORTER", "NEWREPORTNEW");
+    m_combined.reset();
+    m_single.reset();
+    const auto parsed = load(templatePath, false);
+    if (!parsed)
+        return;
+    m_name = QFileInfo(templatePath).completeBaseName();
+    m_single = std::make_unique<Filling>(parsed->document);
+}
+
+void StockReporter::SetText(const QString &placeholder, const PlaceholderValue &value)
+{
+    if (!m_single)
+        return; // told when the report was begun; a line for each placeholder would bury it
+    m_single->setText(placeholder, value);
+    noteName(m_name, placeholder, value);
+}
+
+const Document *StockReporter::report() const
+{
+    if (m_single)
+        return &m_single->document();
+    return m_combined && m_combined->count() > 0 ? &m_combined->document() : nullptr;
+}
+
+QString StockReporter::reportName() const
+{
+    return m_single || !m_combined ? m_name : m_combined->name();
 }
 
 void StockReporter::ShowReport(bool)
 {
     const ErrorSite site("REPORTER", "SHOWREPORT");
-    if (!m_report) {
-        log(noReport, QStringLiteral("there is no report to show"));
+    m_error.clear();
+    if (!report()) {
+        fail(noReport, QStringLiteral("there is no report to show"));
         return;
     }
-    auto *viewer = new Viewer(layoutDocument(m_report->document()), m_name); // deletes itself when it is closed
+    const Document shown = *report(); // the viewer keeps it, whatever becomes of the report
+    auto *viewer = new Viewer(layoutDocument(shown), reportName(), [shown] { return writeRtf(shown); });
     if (gMdi)
         gMdi->showScreen(*viewer);
     else
@@ -75,13 +108,99 @@ void StockReporter::ShowReport(bool)
 void StockReporter::SaveToPDF(const QString &path, int)
 {
     const ErrorSite site("REPORTER", "SAVETOPDF");
-    if (!m_report) {
-        log(noReport, QStringLiteral("there is no report to save"));
+    m_error.clear();
+    if (!report()) {
+        fail(noReport, QStringLiteral("there is no report to save"));
         return;
     }
-    const QString fault = writePdf(layoutDocument(m_report->document()), path, m_name);
+    const QString fault = writePdf(layoutDocument(*report()), path, reportName());
     if (!fault.isEmpty())
-        log(unwritableFile, path + QStringLiteral(": ") + fault);
+        fail(unwritableFile, path + QStringLiteral(": ") + fault);
+}
+
+void StockReporter::WinModeReport(bool) {}
+
+void StockReporter::initReport(bool fresh, bool)
+{
+    m_error.clear();
+    m_single.reset();
+    if (fresh || !m_combined)
+        m_combined.emplace();
+}
+
+void StockReporter::LoadPageSetup(const QString &templatePath)
+{
+    const ErrorSite site("REPORTER", "LOADPAGESETUP");
+    const auto parsed = load(templatePath, false);
+    if (parsed && m_combined)
+        m_combined->setPage(parsed->document.sections.front().page);
+}
+
+void StockReporter::SetFontSizeBeforeAppendFile(const QString &text, int fontSize)
+{
+    if (m_combined)
+        m_combined->putBeforeNext(text, fontSize);
+}
+
+void StockReporter::OpenMasterFile(const QString &templatePath)
+{
+    const ErrorSite site("REPORTER", "OPENMASTERFILE");
+    m_master.reset();
+    const auto parsed = load(templatePath, true);
+    m_masterOpened = parsed != nullptr;
+    if (!parsed)
+        return;
+    m_name = QFileInfo(templatePath).completeBaseName();
+    m_master = std::make_unique<Filling>(parsed->document);
+}
+
+void StockReporter::NewSetText(const QString &placeholder, const PlaceholderValue &value)
+{
+    if (!m_master)
+        return; // told when it was opened
+    m_master->setText(placeholder, value);
+    noteName(m_name, placeholder, value);
+}
+
+void StockReporter::SaveMasterFile(const QString &path)
+{
+    const ErrorSite site("REPORTER", "SAVEMASTERFILE");
+    m_error.clear();
+    if (!m_master) {
+        fail(noReport, QStringLiteral("there is no master document to save"));
+        return;
+    }
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(writeRtf(m_master->document())) < 0 || !file.commit())
+        fail(unwritableFile, path + QStringLiteral(": ") + file.errorString());
+}
+
+void StockReporter::AppendFile(const QString &path)
+{
+    const ErrorSite site("REPORTER", "APPENDFILE");
+    m_error.clear();
+    if (!m_combined) {
+        fail(noReport, QStringLiteral("there is no report to append to"));
+        return;
+    }
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        fail(unreadableFile, path + QStringLiteral(": ") + file.errorString());
+        return;
+    }
+    RtfRead read = readRtf(file.read(largestInput + 1));
+    if (read.error.isEmpty())
+        m_combined->append(std::move(read.document), m_name);
+    else
+        fail(faultyTemplate, path + QStringLiteral(": ") + read.error);
+}
+
+void StockReporter::AbortReport()
+{
+    m_error.clear();
+    m_single.reset();
+    m_combined.reset();
+    m_master.reset();
 }
 
 } // namespace ledgora::reporter

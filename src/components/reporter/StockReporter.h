@@ -1,16 +1,17 @@
 #pragma once
 
+#include "components/reporter/CombinedReport.h"
 #include "components/reporter/Filling.h"
-#include "components/reporter/PageList.h"
 #include "components/reporter/TemplateCache.h"
 #include "platform/Reporter.h"
 #include <memory>
+#include <optional>
 
 namespace ledgora::reporter {
 
 /// The stock document engine: templates are RTF text. A template with a fault in it is filled and shown as far as it
-/// could be read, and the fault logged; without a readable file there is no current report, and the operations on it
-/// do nothing but log.
+/// could be read, and the fault logged; as a master of a run, whose documents go out unseen, it is refused. Without a
+/// readable file there is no current report, and the operations on it do nothing but log.
 class StockReporter final : public Reporter
 {
 public:
@@ -18,13 +19,31 @@ public:
     void SetText(const QString &placeholder, const PlaceholderValue &value) override;
     void ShowReport(bool flag) override;
     void SaveToPDF(const QString &path, int option) override;
+    void WinModeReport(bool on) override;
+    void initReport(bool fresh, bool flag) override;
+    void LoadPageSetup(const QString &templatePath) override;
+    void SetFontSizeBeforeAppendFile(const QString &text, int fontSize) override;
+    void OpenMasterFile(const QString &templatePath) override;
+    bool LastMasFileOpenOK() const override { return m_masterOpened; }
+    void NewSetText(const QString &placeholder, const PlaceholderValue &value) override;
+    void SaveMasterFile(const QString &path) override;
+    void AppendFile(const QString &path) override;
+    void AbortReport() override;
+    QString LastError() const override { return m_error; }
 
 private:
-    void noteName(const QString &placeholder, const PlaceholderValue &value);
+    std::shared_ptr<const TemplateCache::Template> load(const QString &path, bool whole);
+    void fail(qint64 number, const QString &description);
+    const Document *report() const;
+    QString reportName() const;
 
     TemplateCache m_templates;
-    std::unique_ptr<Filling> m_report;
-    QString m_name; ///< what the current report is called in titles and file names
+    std::unique_ptr<Filling> m_single;        ///< the report of newreportnew
+    std::optional<CombinedReport> m_combined; ///< the report of initReport
+    std::unique_ptr<Filling> m_master;
+    bool m_masterOpened = false;
+    QString m_name; ///< what the document last filled is called in titles and file names
+    QString m_error;
 };
 
 } // namespace ledgora::reporter

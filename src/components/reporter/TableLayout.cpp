@@ -48,7 +48,7 @@ bool isExact(const LaidRow &row)
 
 } // namespace
 
-TableLayout::TableLayout(const Table &table)
+TableLayout::TableLayout(const Table &table, qreal columnWidth, const PageNumbers &numbers) : m_numbers(numbers)
 {
     joinEdges(table);
     for (const Row &row : table.rows)
@@ -56,6 +56,23 @@ TableLayout::TableLayout(const Table &table)
     joinRows();
     measureRows();
     countHeadings();
+    align(columnWidth);
+}
+
+/// A table that is centred or set right moves as a whole, by what its widest row leaves free.
+void TableLayout::align(qreal columnWidth)
+{
+    if (m_rows.empty() || m_rows.front().format->alignment == Alignment::Left || m_edges.empty())
+        return;
+    const qreal left = m_edges.begin()->second;
+    const qreal free = columnWidth - (m_edges.rbegin()->second - left);
+    const qreal shift = (m_rows.front().format->alignment == Alignment::Right ? free : free / 2) - left;
+    for (LaidRow &row : m_rows) {
+        for (LaidCell &cell : row.cells) {
+            cell.left += shift;
+            cell.right += shift;
+        }
+    }
 }
 
 void TableLayout::joinEdges(const Table &table)
@@ -88,7 +105,8 @@ void TableLayout::placeCells(const Row &row)
                 edge = row.cells[i + 1].format.rightEdge;
         place.right = std::max<qreal>(left, m_edges.at(edge));
         if (cell.format.acrossRows != Merge::Continued)
-            place.content = layoutColumn(cell.blocks, place.right - left - place.padding[Left] - place.padding[Right]);
+            place.content =
+                layoutColumn(cell.blocks, place.right - left - place.padding[Left] - place.padding[Right], m_numbers);
         left = place.right;
         laid.cells.push_back(std::move(place));
     }
@@ -149,6 +167,7 @@ void TableLayout::countHeadings()
         ++m_headingRows;
     if (m_headingRows == m_rows.size())
         m_headingRows = 0;
+    m_headingHeight = height(0, m_headingRows);
 }
 
 std::size_t TableLayout::groupEnd(std::size_t first) const

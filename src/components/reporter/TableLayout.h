@@ -32,11 +32,12 @@ class TableLayout
 public:
     static constexpr Twips edgeTolerance = 12;
 
-    explicit TableLayout(const Table &table);
+    TableLayout(const Table &table, qreal columnWidth, const PageNumbers &numbers);
 
     const std::vector<LaidRow> &rows() const { return m_rows; }
     /// Rows at the top that are repeated on each page; 0 when the table has nothing else.
     std::size_t headingRows() const { return m_headingRows; }
+    qreal headingHeight() const { return m_headingHeight; }
     /// End of the rows that merged cells bind to the row at `first`.
     std::size_t groupEnd(std::size_t first) const;
     qreal height(std::size_t first, std::size_t end) const;
@@ -51,6 +52,7 @@ public:
 private:
     void joinEdges(const Table &table);
     void placeCells(const Row &row);
+    void align(qreal columnWidth);
     void joinRows();
     void measureRows();
     void countHeadings();
@@ -58,9 +60,11 @@ private:
     static void drawCell(Drawing &drawing, const LaidCell &cell, qreal top, qreal rowHeight, qreal contentHeight,
                          bool exact);
 
+    PageNumbers m_numbers;
     std::map<Twips, Twips> m_edges;
     std::vector<LaidRow> m_rows;
     std::size_t m_headingRows = 0;
+    qreal m_headingHeight = 0;
 };
 
 } // namespace ledgora::reporter

@@ -1,34 +1,19 @@
 #include "components/reporter/Viewer.h"
 
+#include "components/reporter/FindBar.h"
+#include "components/reporter/PageStrip.h"
 #include "components/reporter/PageView.h"
-#include "components/reporter/Paint.h"
-#include "components/reporter/PdfOutput.h"
-#include <QDir>
-#include <QFileDialog>
-#include <QFileInfo>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QMessageBox>
-#include <QPainter>
-#include <QPrintDialog>
-#include <QPrinter>
 #include <QPushButton>
 #include <QShortcut>
-#include <QStandardPaths>
 #include <QVBoxLayout>
 #include <algorithm>
 
 namespace ledgora::reporter {
 
 namespace {
-
-/// Where the last file was saved, as long as the program runs.
-QString &lastFolder()
-{
-    static QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
-    return folder;
-}
 
 QLabel *makeLabel(QWidget *row, const QString &objectName)
 {
@@ -41,25 +26,49 @@ QLabel *makeLabel(QWidget *row, const QString &objectName)
 
 } // namespace
 
-Viewer::Viewer(PageList pages, const QString &name, QWidget *parent) : QWidget(parent), m_name(name)
+Viewer::Viewer(PageList pages, const QString &name, RtfSource rtf, QWidget *parent)
+    : QWidget(parent)
+    , m_name(name)
+    , m_rtf(std::move(rtf))
 {
     setObjectName(QStringLiteral("ReportViewer"));
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowTitle(QStringLiteral("Preview - ") + name);
-    setMinimumSize(640, 400);
-    resize(960, 760);
+    setMinimumSize(900, 400);
+    resize(1100, 760);
     m_view = new PageView(this);
     m_view->setObjectName(QStringLiteral("pageView"));
     m_view->setAccessibleName(QStringLiteral("Pages"));
+    m_view->setPages(std::move(pages));
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
     column->addWidget(makeTools());
-    column->addWidget(m_view, 1);
+    m_find = new FindBar(this);
+    column->addWidget(m_find);
+    column->addWidget(makePages(), 1);
+    connect(m_find, &FindBar::wordsChanged, this, &Viewer::find);
+    connect(m_find, &FindBar::nextWanted, this, [this](bool backwards) { goToHit(backwards ? -1 : 1); });
     connect(m_view, &PageView::viewChanged, this, &Viewer::tellView);
-    m_view->setPages(std::move(pages));
     setFocusProxy(m_view);
     tellView();
+}
+
+/// One page needs no overview; the room is the page's.
+QWidget *Viewer::makePages()
+{
+    auto *area = new QWidget(this);
+    auto *row = new QHBoxLayout(area);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(0);
+    m_strip = new PageStrip(pages(), area);
+    m_strip->setObjectName(QStringLiteral("pageStrip"));
+    m_strip->setAccessibleName(QStringLiteral("Overview of the pages"));
+    m_strip->setVisible(pages().size() > 1);
+    row->addWidget(m_strip);
+    row->addWidget(m_view, 1);
+    connect(m_strip, &PageStrip::pageChosen, this, &Viewer::choosePage);
+    return area;
 }
 
 const PageList &Viewer::pages() const
@@ -78,6 +87,11 @@ QWidget *Viewer::makeTools()
             &Viewer::print);
     addTool(row, QStringLiteral("cmdSavePdf"), QStringLiteral("&Save as PDF"), {QKeySequence(Qt::CTRL | Qt::Key_S)},
             &Viewer::savePdf);
+    if (m_rtf)
+        addTool(row, QStringLiteral("cmdSaveRtf"), QStringLiteral("Save as &RTF"),
+                {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S)}, &Viewer::saveRtf);
+    addTool(row, QStringLiteral("cmdFind"), QStringLiteral("Fi&nd"), {QKeySequence(Qt::CTRL | Qt::Key_F)},
+            &Viewer::openFind);
     layout->addSpacing(8);
     addTool(row, QStringLiteral("cmdZoomOut"), QStringLiteral("Zoom &Out"), {QKeySequence(Qt::CTRL | Qt::Key_Minus)},
             &Viewer::zoomOut);
@@ -88,6 +102,8 @@ QWidget *Viewer::makeTools()
             {QKeySequence(Qt::CTRL | Qt::Key_Plus), QKeySequence(Qt::CTRL | Qt::Key_Equal)}, &Viewer::zoomIn);
     addTool(row, QStringLiteral("cmdFit"), QStringLiteral("&Fit Width"), {QKeySequence(Qt::CTRL | Qt::Key_0)},
             &Viewer::fit);
+    addTool(row, QStringLiteral("cmdFitPage"), QStringLiteral("Fit P&age"), {QKeySequence(Qt::CTRL | Qt::Key_9)},
+            &Viewer::fitPage);
     m_done = makeLabel(row, QStringLiteral("lblDone"));
     layout->setStretchFactor(m_done, 1);
     m_done->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
@@ -95,7 +111,26 @@ QWidget *Viewer::makeTools()
     m_page = makeLabel(row, QStringLiteral("lblPage"));
     layout->addSpacing(8);
     addTool(row, QStringLiteral("cmdClose"), QStringLiteral("&Close"), {QKeySequence(Qt::Key_Escape)}, &Viewer::leave);
+    addKey(QKeySequence(Qt::Key_F3), &Viewer::findNext);
+    addKey(QKeySequence(Qt::SHIFT | Qt::Key_F3), &Viewer::findPrevious);
+    addKey(QKeySequence(Qt::CTRL | Qt::Key_PageUp), &Viewer::pageBefore);
+    addKey(QKeySequence(Qt::CTRL | Qt::Key_PageDown), &Viewer::pageBehind);
+    const auto tell = [this](const char *key, const char *effect) {
+        m_keys.push_back({QString::fromLatin1(key), QString::fromLatin1(effect)});
+    };
+    tell("F3", "Next place found");
+    tell("Shift+F3", "Place found before");
+    tell("Ctrl+PgUp, Ctrl+PgDown", "Page before, next page");
+    tell("Home, End", "First page, last page");
+    tell("Ctrl+Wheel", "Zoom");
     return row;
+}
+
+void Viewer::addKey(const QKeySequence &key, void (Viewer::*action)())
+{
+    auto *shortcut = new QShortcut(key, this);
+    shortcut->setContext(Qt::WidgetWithChildrenShortcut);
+    connect(shortcut, &QShortcut::activated, this, action);
 }
 
 /// The keys work in this window and nowhere else: several previews, and the host's own keys, live in one program.
@@ -110,11 +145,8 @@ void Viewer::addTool(QWidget *row, const QString &objectName, const QString &cap
     row->layout()->addWidget(button);
     m_keys.push_back({button->toolTip(), QString(caption).remove(u'&')});
     connect(button, &QPushButton::clicked, this, action);
-    for (const QKeySequence &key : keys) {
-        auto *shortcut = new QShortcut(key, this);
-        shortcut->setContext(Qt::WidgetWithChildrenShortcut);
-        connect(shortcut, &QShortcut::activated, this, action);
-    }
+    for (const QKeySequence &key : keys)
+        addKey(key, action);
 }
 
 void Viewer::keyPressEvent(QKeyEvent *event)
@@ -129,6 +161,15 @@ void Viewer::tellView()
 {
     m_zoom->setText(QString::number(qRound(m_view->zoom() * 100)) + QLatin1Char('%'));
     m_page->setText(QStringLiteral("Page %1 of %2").arg(m_view->currentPage() + 1).arg(m_view->pages().size()));
+    if (!m_choosing)
+        m_strip->follow(m_view->currentPage());
+}
+
+void Viewer::choosePage(int page)
+{
+    m_choosing = true;
+    m_view->showPage(page);
+    m_choosing = false;
 }
 
 void Viewer::zoomIn()
@@ -146,84 +187,70 @@ void Viewer::fit()
     m_view->fitWidth();
 }
 
+void Viewer::fitPage()
+{
+    m_view->fitPage();
+}
+
+void Viewer::pageBefore()
+{
+    m_view->showPage(m_view->currentPage() - 1);
+}
+
+void Viewer::pageBehind()
+{
+    m_view->showPage(m_view->currentPage() + 1);
+}
+
+void Viewer::openFind()
+{
+    m_find->open();
+}
+
+/// While words are typed the first place from the page in view on is shown.
+void Viewer::find()
+{
+    m_view->setHits(findText(pages(), m_find->words()));
+    const auto &hits = m_view->hits();
+    const auto here = std::find_if(hits.begin(), hits.end(),
+                                   [page = m_view->currentPage()](const Hit &hit) { return hit.page >= page; });
+    m_view->showHit(here == hits.end() ? 0 : static_cast<int>(here - hits.begin()));
+    m_find->tell(m_view->currentHit() + 1, static_cast<int>(hits.size()));
+}
+
+void Viewer::findNext()
+{
+    goToHit(1);
+}
+
+void Viewer::findPrevious()
+{
+    goToHit(-1);
+}
+
+void Viewer::goToHit(int step)
+{
+    if (!m_find->isVisible()) {
+        openFind();
+        find();
+        return;
+    }
+    const int count = static_cast<int>(m_view->hits().size());
+    if (count > 0)
+        m_view->showHit((m_view->currentHit() + step + count) % count);
+    m_find->tell(m_view->currentHit() + 1, count);
+}
+
+/// Esc backs out of the search first.
 void Viewer::leave()
 {
-    close();
-}
-
-void Viewer::print()
-{
-    QPrinter printer(QPrinter::HighResolution);
-    printer.setDocName(m_name);
-    QPrintDialog dialog(&printer, this);
-    dialog.setObjectName(QStringLiteral("dlgPrint"));
-    dialog.setMinMax(1, static_cast<int>(pages().size()));
-    dialog.setOption(QAbstractPrintDialog::PrintPageRange);
-    if (dialog.exec() != QDialog::Accepted)
+    if (!m_find->isVisible()) {
+        close();
         return;
-    const QString fault = printPages(printer, pages());
-    if (!fault.isEmpty())
-        QMessageBox::warning(this, windowTitle(), QStringLiteral("The document could not be printed: ") + fault);
-}
-
-void Viewer::savePdf()
-{
-    QFileDialog dialog(this, QStringLiteral("Save as PDF"), lastFolder(), QStringLiteral("PDF files (*.pdf)"));
-    dialog.setObjectName(QStringLiteral("dlgSavePdf"));
-    dialog.setOption(QFileDialog::DontUseNativeDialog);
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setDefaultSuffix(QStringLiteral("pdf"));
-    dialog.selectFile(fileNameFor(m_name) + QStringLiteral(".pdf"));
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
-        return;
-    const QString path = dialog.selectedFiles().constFirst();
-    lastFolder() = QFileInfo(path).absolutePath();
-    const QString fault = writePdf(pages(), path, m_name);
-    if (fault.isEmpty())
-        m_done->setText(QStringLiteral("Saved ") + QFileInfo(path).fileName());
-    else
-        QMessageBox::warning(this, windowTitle(),
-                             QStringLiteral("The file could not be saved: ") + QDir::toNativeSeparators(path)
-                                 + QStringLiteral("\n") + fault);
-}
-
-QString printPages(QPrinter &printer, const PageList &pages)
-{
-    printer.setFullPage(true); // the margins are in the pages
-    const int last = static_cast<int>(pages.size());
-    const int from = std::clamp(printer.fromPage() == 0 ? 1 : printer.fromPage(), 1, last);
-    const int to = std::clamp(printer.toPage() == 0 ? last : printer.toPage(), from, last);
-    const auto paper = [&](int page) {
-        return QPageSize(pages[page - 1].size / 20, QPageSize::Point, QString(), QPageSize::FuzzyMatch);
-    };
-    printer.setPageSize(paper(from));
-    QPainter painter;
-    if (!painter.begin(&printer))
-        return QStringLiteral("the printer does not take the document");
-    for (int page = from; page <= to; ++page) {
-        if (page > from) {
-            printer.setPageSize(paper(page));
-            if (!printer.newPage())
-                return QStringLiteral("the printer does not take page ") + QString::number(page);
-        }
-        painter.save();
-        scaleToTwips(painter, printer.logicalDpiX(), printer.logicalDpiY());
-        paintPage(painter, pages[page - 1]);
-        painter.restore();
     }
-    return painter.end() ? QString() : QStringLiteral("the printer broke off");
-}
-
-QString fileNameFor(const QString &name)
-{
-    QString file;
-    for (const QChar c : name.left(100))
-        file +=
-            c.category() == QChar::Other_Control || QStringLiteral("/\\:*?\"<>|").contains(c) ? QLatin1Char('-') : c;
-    file = file.trimmed();
-    while (file.startsWith(QLatin1Char('.')))
-        file.remove(0, 1); // a leading point would hide the file
-    return file.isEmpty() ? QStringLiteral("Document") : file;
+    m_find->hide();
+    m_view->setHits({});
+    m_view->setFocus();
 }
 
 } // namespace ledgora::reporter

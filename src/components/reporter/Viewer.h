@@ -3,25 +3,31 @@
 #include "components/reporter/PageList.h"
 #include "controls/KeysWindow.h"
 #include <QWidget>
+#include <functional>
 
 class QLabel;
 class QPrinter;
 
 namespace ledgora::reporter {
 
+class FindBar;
+class PageStrip;
 class PageView;
 
-/// The preview window `ReportViewer`: the pages below one row of tools. Prints (Ctrl+P), saves as PDF (Ctrl+S), zooms
-/// (Ctrl and +, -, 0 or the wheel), shows its keys (F1), closes (Esc) and then deletes itself. It keeps its own pages:
-/// a later report changes nothing in it.
+/// The preview window `ReportViewer`: the pages below one row of tools, small ones at the left when there are several.
+/// Prints (Ctrl+P), saves as PDF (Ctrl+S), finds words (Ctrl+F, F3), zooms (Ctrl and +, -, 0, 9 or the wheel), shows
+/// its keys (F1), closes (Esc) and then deletes itself. It keeps its own pages: a later report changes nothing in it.
 class Viewer : public QWidget
 {
     Q_OBJECT
 
 public:
+    /// The text of an RTF file with what is shown.
+    using RtfSource = std::function<QByteArray()>;
+
     /// `name` is what the document is called: in the title, in the PDF file and, made fit for a file, as the file name
-    /// that saving proposes.
-    Viewer(PageList pages, const QString &name, QWidget *parent = nullptr);
+    /// that saving proposes. Without `rtf` it can not be saved as RTF.
+    Viewer(PageList pages, const QString &name, RtfSource rtf = {}, QWidget *parent = nullptr);
 
     const PageList &pages() const;
 
@@ -30,25 +36,44 @@ protected:
 
 private:
     QWidget *makeTools();
+    QWidget *makePages();
     void addTool(QWidget *row, const QString &objectName, const QString &caption, const QList<QKeySequence> &keys,
                  void (Viewer::*action)());
+    void addKey(const QKeySequence &key, void (Viewer::*action)());
     void print();
     void savePdf();
+    void saveRtf();
+    QString chooseFile(const QString &objectName, const QString &title, const QString &suffix, const QString &filter);
+    void tellSaved(const QString &path, const QString &fault);
     void zoomIn();
     void zoomOut();
     void fit();
+    void fitPage();
+    void pageBefore();
+    void pageBehind();
+    void openFind();
+    void find();
+    void findNext();
+    void findPrevious();
+    void goToHit(int step);
+    void choosePage(int page);
     void leave();
     void tellView();
 
     QString m_name;
+    RtfSource m_rtf;
     std::vector<KeyRow> m_keys; ///< of its tools, for F1
     PageView *m_view = nullptr;
+    PageStrip *m_strip = nullptr;
+    bool m_choosing = false; ///< the overview leads, and need not follow
+    FindBar *m_find = nullptr;
     QLabel *m_zoom = nullptr;
     QLabel *m_page = nullptr;
     QLabel *m_done = nullptr;
 };
 
-/// Prints the pages (of the printer's range, when it has one); answers "" or what went wrong.
+/// Prints the pages (of the printer's range, when it has one) as often as the printer is told; answers "" or what went
+/// wrong.
 QString printPages(QPrinter &printer, const PageList &pages);
 
 /// A name as a file name: what file systems refuse becomes "-" ("MA/17" gives "MA-17"), at most 100 characters.

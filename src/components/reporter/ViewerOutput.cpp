@@ -1,0 +1,153 @@
+#include "components/reporter/Viewer.h"
+
+#include "components/reporter/PageView.h"
+#include "components/reporter/Paint.h"
+#include "components/reporter/PdfOutput.h"
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QLabel>
+#include <QMessageBox>
+#include <QPainter>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QSaveFile>
+#include <QStandardPaths>
+#include <algorithm>
+
+namespace ledgora::reporter {
+
+// What leaves the viewer: prints and files.
+
+namespace {
+
+/// Where the last file was saved, as long as the program runs.
+QString &lastFolder()
+{
+    static QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    return folder;
+}
+
+/// The pages to print, each as often as it is wanted: a printer that makes copies by itself is asked for one.
+std::vector<int> sheetsOf(const QPrinter &printer, int last)
+{
+    const int from = std::clamp(printer.fromPage() == 0 ? 1 : printer.fromPage(), 1, last);
+    const int to = std::clamp(printer.toPage() == 0 ? last : printer.toPage(), from, last);
+    const int copies = printer.supportsMultipleCopies() ? 1 : std::max(1, printer.copyCount());
+    std::vector<int> sheets;
+    for (int set = 0; set < (printer.collateCopies() ? copies : 1); ++set)
+        for (int page = from; page <= to; ++page)
+            sheets.insert(sheets.end(), printer.collateCopies() ? 1 : copies, page);
+    return sheets;
+}
+
+QString writeFile(const QString &path, const QByteArray &content)
+{
+    QSaveFile file(path);
+    if (file.open(QIODevice::WriteOnly) && file.write(content) == content.size() && file.commit())
+        return {};
+    return file.errorString();
+}
+
+} // namespace
+
+void Viewer::print()
+{
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setDocName(m_name);
+    QPrintDialog dialog(&printer, this);
+    dialog.setObjectName(QStringLiteral("dlgPrint"));
+    dialog.setMinMax(1, static_cast<int>(pages().size()));
+    dialog.setOptions(QAbstractPrintDialog::PrintPageRange | QAbstractPrintDialog::PrintCurrentPage
+                      | QAbstractPrintDialog::PrintCollateCopies | QAbstractPrintDialog::PrintToFile);
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    if (printer.printRange() == QPrinter::CurrentPage)
+        printer.setFromTo(m_view->currentPage() + 1, m_view->currentPage() + 1);
+    const QString fault = printPages(printer, pages());
+    if (!fault.isEmpty())
+        QMessageBox::warning(this, windowTitle(), QStringLiteral("The document could not be printed: ") + fault);
+}
+
+/// Asks for a file of that kind; "" when the user thinks better of it.
+QString Viewer::chooseFile(const QString &objectName, const QString &title, const QString &suffix,
+                           const QString &filter)
+{
+    QFileDialog dialog(this, title, lastFolder(), filter);
+    dialog.setObjectName(objectName);
+    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(suffix);
+    dialog.selectFile(fileNameFor(m_name) + QLatin1Char('.') + suffix);
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        return {};
+    lastFolder() = QFileInfo(dialog.selectedFiles().constFirst()).absolutePath();
+    return dialog.selectedFiles().constFirst();
+}
+
+void Viewer::tellSaved(const QString &path, const QString &fault)
+{
+    if (fault.isEmpty())
+        m_done->setText(QStringLiteral("Saved ") + QFileInfo(path).fileName());
+    else
+        QMessageBox::warning(this, windowTitle(),
+                             QStringLiteral("The file could not be saved: ") + QDir::toNativeSeparators(path)
+                                 + QStringLiteral("\n") + fault);
+}
+
+void Viewer::savePdf()
+{
+    const QString path = chooseFile(QStringLiteral("dlgSavePdf"), QStringLiteral("Save as PDF"), QStringLiteral("pdf"),
+                                    QStringLiteral("PDF files (*.pdf)"));
+    if (!path.isEmpty())
+        tellSaved(path, writePdf(pages(), path, m_name));
+}
+
+void Viewer::saveRtf()
+{
+    const QString path = chooseFile(QStringLiteral("dlgSaveRtf"), QStringLiteral("Save as RTF"), QStringLiteral("rtf"),
+                                    QStringLiteral("RTF documents (*.rtf)"));
+    if (!path.isEmpty())
+        tellSaved(path, writeFile(path, m_rtf()));
+}
+
+QString printPages(QPrinter &printer, const PageList &pages)
+{
+    if (pages.empty())
+        return QStringLiteral("there are no pages to print");
+    printer.setFullPage(true); // the margins are in the pages
+    const std::vector<int> sheets = sheetsOf(printer, static_cast<int>(pages.size()));
+    const auto paper = [&](int page) {
+        return QPageSize(pages[page - 1].size / 20, QPageSize::Point, QString(), QPageSize::FuzzyMatch);
+    };
+    printer.setPageSize(paper(sheets.front()));
+    QPainter painter;
+    if (!painter.begin(&printer))
+        return QStringLiteral("the printer does not take the document");
+    for (std::size_t i = 0; i < sheets.size(); ++i) {
+        if (i > 0) {
+            printer.setPageSize(paper(sheets[i]));
+            if (!printer.newPage())
+                return QStringLiteral("the printer does not take page ") + QString::number(sheets[i]);
+        }
+        painter.save();
+        scaleToTwips(painter, printer.logicalDpiX(), printer.logicalDpiY());
+        paintPage(painter, pages[sheets[i] - 1]);
+        painter.restore();
+    }
+    return painter.end() ? QString() : QStringLiteral("the printer broke off");
+}
+
+QString fileNameFor(const QString &name)
+{
+    QString file;
+    for (const QChar c : name.left(100))
+        file +=
+            c.category() == QChar::Other_Control || QStringLiteral("/\\:*?\"<>|").contains(c) ? QLatin1Char('-') : c;
+    file = file.trimmed();
+    while (file.startsWith(QLatin1Char('.')))
+        file.remove(0, 1); // a leading point would hide the file
+    return file.isEmpty() ? QStringLiteral("Document") : file;
+}
+
+} // namespace ledgora::reporter
