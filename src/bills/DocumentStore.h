@@ -6,8 +6,6 @@
 
 namespace ledgora {
 
-class Connection;
-
 // What the saving of bills and receipts has in common, apart from their statements.
 
 inline constexpr auto notWaitedForMessage =

@@ -50,10 +50,9 @@ TEST(ReceiptFaults, AreToldOneByOneInTheirOrder)
     };
     ReceiptDraft receipt = faulty();
     for (const Step &step : steps) {
-        const auto fault = receiptFault(receipt);
-        ASSERT_TRUE(fault) << step.message;
-        EXPECT_EQ(fault->message, step.message);
-        EXPECT_EQ(fault->field, step.field);
+        const ReceiptFault fault = receiptFault(receipt).value_or(ReceiptFault{});
+        EXPECT_EQ(fault.message, step.message);
+        EXPECT_EQ(fault.field, step.field);
         step.mend(receipt);
     }
     EXPECT_FALSE(receiptFault(receipt)) << "a discount alone, without money, by a transfer without a description";
