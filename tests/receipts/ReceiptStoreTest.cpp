@@ -5,6 +5,7 @@
 #include "app/SessionModes.h"
 #include "app/care/Check.h"
 #include "receipts/OpenBills.h"
+#include "receipts/PaymentSplit.h"
 #include "tests/support/Database.h"
 #include "tests/support/Print.h"
 #include "tests/support/StatementProxy.h"
@@ -131,6 +132,42 @@ TEST_F(ReceiptStore, ClerkKilledBetweenHeaderAndLinesLeavesWhatTheCheckCanName)
         found << app::findingText(finding);
     EXPECT_TRUE(found.contains("SHARMA: Receipt 2 of 15/06/2024, ASHOK has no lines."))
         << found.join('\n').toStdString();
+}
+
+TEST_F(ReceiptStore, LockHeldPastTheTimeOutStoresNothingAndTouchesNoOtherReceipt)
+{
+    ASSERT_TRUE(saveReceipt(data().db(), receiptOf(1)).whole()); // id 1: what an id read in vain would name
+    data().other().Execute("LOCK TABLE GST_RecpM Write");
+    const SaveResult held = saveReceipt(data().db(), receiptOf(2));
+    data().other().Execute("UNLOCK TABLES");
+    EXPECT_EQ(held.id, 0);
+    EXPECT_FALSE(held.headerIn);
+    EXPECT_EQ(data().rows("Select RecpId,SrNo,BillId From GST_RecpD"), QStringList{"1|1|1"});
+    const SaveResult again = saveReceipt(data().db(), receiptOf(2));
+    EXPECT_TRUE(again.whole());
+    EXPECT_EQ(again.id, 2);
+}
+
+TEST_F(ReceiptStore, MoneyOfTwoUsersOnOneBillIsStoredAsTypedTaxedInOrderAndFoundByTheCheck)
+{
+    data().run("Update GST_BillD Set CGST=90,SGST=90,RtCGST=9,RtSGST=9,TotalAmt=1180 Where BillId=1");
+    data().run("Update GST_BillM Set AppTaxType='INTRA' Where BillSrNo=1");
+    ReceiptDraft first = receiptOf(1);
+    ReceiptDraft second = receiptOf(2);
+    second.rows[0] = {1, 1000, 0, 0}; // both saw the whole bill unpaid
+    ASSERT_TRUE(saveReceipt(data().db(), first).whole());
+    ASSERT_TRUE(saveReceipt(data().other(), second).whole());
+    const auto taxes = [this](int receipt) {
+        const PaymentSplit split = splitOfReceipt(data().db(), receipt, "15/06/2024", receipt, {{1, 1000, 0}}).front();
+        return QString("%1 of it: %2").arg(split.amount.applied.value_or(-1)).arg(split.amount.cgst.value_or(-1));
+    };
+    EXPECT_EQ(taxes(1), "1000 of it: 76");
+    EXPECT_EQ(taxes(2), "180 of it: 14") << "the later one settles what the earlier left";
+    QStringList found;
+    for (const app::Finding &finding : app::checkData(data().db(), "C", 0, app::unwatched()).findings)
+        found << app::findingText(finding);
+    ASSERT_EQ(found.size(), 1) << found.join('\n').toStdString();
+    EXPECT_TRUE(found.first().startsWith("SHARMA: Bill 1 of 01/05/2024, ASHOK")) << found.first().toStdString();
 }
 
 } // namespace
