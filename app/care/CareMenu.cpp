@@ -2,7 +2,7 @@
 
 #include "FindingsDialog.h"
 #include "Restore.h"
-#include "WorkBar.h"
+#include "controls/WorkBar.h"
 #include "app/Office.h"
 #include "host/WorkingState.h"
 #include "store/Dates.h"

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Findings.h"
-#include "Progress.h"
+#include "platform/Progress.h"
 
 namespace ledgora {
 class Connection;

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "BackupFile.h"
-#include "Progress.h"
+#include "platform/Progress.h"
 
 namespace ledgora::app {
 

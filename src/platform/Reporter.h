@@ -1,13 +1,8 @@
 #pragma once
 
-#include <QString>
-#include <variant>
+#include "platform/ReportWriter.h"
 
 namespace ledgora {
-
-/// What stands for a placeholder: a text as it is, or a number that the engine writes in the plain general form
-/// (no grouping, no forced decimals, "." as point: 1180 and 1180.5).
-using PlaceholderValue = std::variant<QString, double>;
 
 /// Document engine and viewer behind the ProgID "PrjOrvaneReporter.ClsMain". One object serves all screens; it keeps
 /// the last report until the next one is begun. No operation throws; a failure is logged, and `LastError` tells it.
@@ -15,16 +10,12 @@ using PlaceholderValue = std::variant<QString, double>;
 /// A report is one filled template (newreportnew, SetText), or is put together from many documents: initReport,
 /// LoadPageSetup; then for each document OpenMasterFile, NewSetText, SaveMasterFile, AppendFile; and before each
 /// further one initReport(false) and, for a page of its own, SetFontSizeBeforeAppendFile with a form feed. ShowReport
-/// and SaveToPDF take whichever was begun last.
-class Reporter
+/// and SaveToPDF take whichever was begun last: a filled template, a report of many documents, or a text report
+/// (ReportWriter).
+class Reporter : public ReportWriter
 {
 public:
     static constexpr auto progId = "PrjOrvaneReporter.ClsMain";
-
-    Reporter() = default;
-    Reporter(const Reporter &) = delete;
-    Reporter &operator=(const Reporter &) = delete;
-    virtual ~Reporter() = default;
 
     /// Loads the template as the current report, a single preview.
     virtual void newreportnew(const QString &templatePath) = 0;
@@ -38,8 +29,6 @@ public:
     /// Writes the current report as PDF. The integer is kept for callers that pass it and changes nothing.
     virtual void SaveToPDF(const QString &path, int option) = 0;
 
-    /// Set before a report of many documents begins; kept for callers that set it and changes nothing.
-    virtual void WinModeReport(bool on) = 0;
     /// Begins a report of many documents when `fresh`, an empty one; otherwise prepares for a further document of the
     /// one there is. The second flag is kept for callers that pass it and changes nothing.
     virtual void initReport(bool fresh, bool flag = false) = 0;

@@ -51,11 +51,11 @@ protected:
     static app::OfficeData dataOf(Office &office) { return {office.connection(), "C", office.dataFolder()}; }
     static QString backUp(Office &office, const QString &path)
     {
-        return app::makeBackup(dataOf(office), path, app::unwatched());
+        return app::makeBackup(dataOf(office), path, unwatched());
     }
     static QString restore(Office &office, const QString &path)
     {
-        return app::restoreBackup(dataOf(office), path, app::unwatched()).fault;
+        return app::restoreBackup(dataOf(office), path, unwatched()).fault;
     }
 
     /// Rows and files of a time: two companies more each time, settings, a template of a company.
@@ -137,7 +137,7 @@ TEST_F(Backup, BringsEveryValueBack)
     run(office, "Delete From LLP_Master");
     write(folder() + "/ifsc.csv", "changed");
     fill(office, "second");
-    const app::RestoreResult restored = app::restoreBackup(dataOf(office), file(), app::unwatched());
+    const app::RestoreResult restored = app::restoreBackup(dataOf(office), file(), unwatched());
     ASSERT_EQ(restored.fault, "");
     EXPECT_EQ(checksums(office), stored);
     EXPECT_EQ(contentOf(folder() + "/ifsc.csv"), QByteArray("a\0b\xff", 4));
@@ -168,7 +168,7 @@ TEST_F(Backup, DamagedForeignAndHostileFilesAreRefusedAndChangeNothing)
         QByteArray changed = whole;
         changed[place] = char(changed[place] ^ 0x10);
         write(file(), changed);
-        EXPECT_NE(app::backupFault(file(), "C", app::unwatched()), "") << place;
+        EXPECT_NE(app::backupFault(file(), "C", unwatched()), "") << place;
     }
     write(file(), whole + "x");
     refused("something behind the end", damaged);

@@ -41,7 +41,7 @@ protected:
     }
     static QStringList found(int firmId = 0)
     {
-        const app::CheckResult result = app::checkData(data().db(), "C", firmId, app::unwatched());
+        const app::CheckResult result = app::checkData(data().db(), "C", firmId, unwatched());
         EXPECT_EQ(result.fault, "");
         QStringList lines;
         for (const app::Finding &finding : result.findings)
@@ -168,7 +168,7 @@ TEST_F(Check, OfOneCompanyPassesOverTheOthers)
     data().run("Insert Into GST_FirmMas (FirmSrNo,Nm) Values (2,'OTHER')");
     data().run("Update GST_BillM Set FirmId=2,BillDt=Null Where BillSrNo=2");
     EXPECT_EQ(found(1), QStringList{"SHARMA & ASSOCIATES: Bill 2/24 is missing in 2024-25."});
-    EXPECT_EQ(app::checkData(data().db(), "C", 3, app::unwatched()).fault, "There is no company number 3.");
+    EXPECT_EQ(app::checkData(data().db(), "C", 3, unwatched()).fault, "There is no company number 3.");
 }
 
 TEST_F(Check, FindsNothingInASampleAndKeepsNoSaveWaiting)

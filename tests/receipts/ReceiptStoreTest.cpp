@@ -128,7 +128,7 @@ TEST_F(ReceiptStore, ClerkKilledBetweenHeaderAndLinesLeavesWhatTheCheckCanName)
                           "RecpId=RecpSrNo Order By RecpSrNo"),
               (QStringList{"1|1|1|1000", "2|2|NULL|NULL", "3|3|3|1000"}));
     QStringList found;
-    for (const app::Finding &finding : app::checkData(data().db(), "C", 0, app::unwatched()).findings)
+    for (const app::Finding &finding : app::checkData(data().db(), "C", 0, unwatched()).findings)
         found << app::findingText(finding);
     EXPECT_TRUE(found.contains("SHARMA: Receipt 2 of 15/06/2024, ASHOK has no lines."))
         << found.join('\n').toStdString();
@@ -164,7 +164,7 @@ TEST_F(ReceiptStore, MoneyOfTwoUsersOnOneBillIsStoredAsTypedTaxedInOrderAndFound
     EXPECT_EQ(taxes(1), "1000 of it: 76");
     EXPECT_EQ(taxes(2), "180 of it: 14") << "the later one settles what the earlier left";
     QStringList found;
-    for (const app::Finding &finding : app::checkData(data().db(), "C", 0, app::unwatched()).findings)
+    for (const app::Finding &finding : app::checkData(data().db(), "C", 0, unwatched()).findings)
         found << app::findingText(finding);
     ASSERT_EQ(found.size(), 1) << found.join('\n').toStdString();
     EXPECT_TRUE(found.first().startsWith("SHARMA: Bill 1 of 01/05/2024, ASHOK")) << found.first().toStdString();

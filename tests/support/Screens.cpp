@@ -45,6 +45,12 @@ QString &NotingReporter::lastError()
     return error;
 }
 
+ReportRows &NotingReporter::rows()
+{
+    static ReportRows report;
+    return report;
+}
+
 namespace {
 
 QString replacement(const QString &placeholder, const PlaceholderValue &value)
@@ -68,6 +74,33 @@ void NotingReporter::NewSetText(const QString &placeholder, const PlaceholderVal
 void NotingReporter::WinModeReport(bool on)
 {
     asked() << QString("WinModeReport ") + (on ? "True" : "False");
+}
+
+void NotingReporter::SetCol130(bool wide)
+{
+    asked() << QString("SetCol130 ") + (wide ? "True" : "False");
+    rows().SetCol130(wide);
+}
+
+void NotingReporter::NewReport()
+{
+    asked() << "NewReport";
+    rows().NewReport();
+}
+
+void NotingReporter::WriteToReport(const ReportRow &row)
+{
+    rows().WriteToReport(row);
+}
+
+void NotingReporter::PrintText(const QString &text)
+{
+    rows().PrintText(text);
+}
+
+void NotingReporter::createtable(int first, int cells)
+{
+    rows().createtable(first, cells);
 }
 
 void NotingReporter::initReport(bool fresh, bool)

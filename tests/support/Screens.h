@@ -7,6 +7,7 @@
 #include "controls/Grid.h"
 #include "host/ClsGST.h"
 #include "platform/Reporter.h"
+#include "reports/ReportRows.h"
 #include <QDate>
 #include <QPointer>
 #include <QTemporaryDir>
@@ -24,7 +25,12 @@ public:
     void SetText(const QString &placeholder, const PlaceholderValue &value) override; ///< "#BILL_NO#=7"
     void ShowReport(bool flag) override;
     void SaveToPDF(const QString &path, int option) override;
+    void SetCol130(bool wide) override;
     void WinModeReport(bool on) override;
+    void NewReport() override;
+    void WriteToReport(const ReportRow &row) override; ///< goes to `rows`, not into the notes
+    void PrintText(const QString &text) override;
+    void createtable(int first, int cells) override;
     void initReport(bool fresh, bool flag) override;
     void LoadPageSetup(const QString &templatePath) override;
     void SetFontSizeBeforeAppendFile(const QString &text, int fontSize) override;
@@ -41,6 +47,8 @@ public:
     /// What it answers to LastMasFileOpenOK and LastError; set by the test, true and "" at its begin.
     static bool &masterOpens();
     static QString &lastError();
+    /// The text report of the running test.
+    static ReportRows &rows();
 };
 
 /// A working period as host "C" in June 2024, over one database a suite and a fresh folder a test, and the hands of a

@@ -118,8 +118,6 @@ void StockReporter::SaveToPDF(const QString &path, int)
         fail(unwritableFile, path + QStringLiteral(": ") + fault);
 }
 
-void StockReporter::WinModeReport(bool) {}
-
 void StockReporter::initReport(bool fresh, bool)
 {
     m_error.clear();

@@ -4,6 +4,7 @@
 #include "components/reporter/Filling.h"
 #include "components/reporter/TemplateCache.h"
 #include "platform/Reporter.h"
+#include "reports/ReportRows.h"
 #include <memory>
 #include <optional>
 
@@ -19,7 +20,12 @@ public:
     void SetText(const QString &placeholder, const PlaceholderValue &value) override;
     void ShowReport(bool flag) override;
     void SaveToPDF(const QString &path, int option) override;
-    void WinModeReport(bool on) override;
+    void SetCol130(bool wide) override { m_rows.SetCol130(wide); }
+    void WinModeReport(bool on) override { m_rows.WinModeReport(on); }
+    void NewReport() override { m_rows.NewReport(); }
+    void WriteToReport(const ReportRow &row) override { m_rows.WriteToReport(row); }
+    void PrintText(const QString &text) override { m_rows.PrintText(text); }
+    void createtable(int first, int cells) override { m_rows.createtable(first, cells); }
     void initReport(bool fresh, bool flag) override;
     void LoadPageSetup(const QString &templatePath) override;
     void SetFontSizeBeforeAppendFile(const QString &text, int fontSize) override;
@@ -41,6 +47,7 @@ private:
     std::unique_ptr<Filling> m_single;        ///< the report of newreportnew
     std::optional<CombinedReport> m_combined; ///< the report of initReport
     std::unique_ptr<Filling> m_master;
+    ReportRows m_rows; ///< the text report of NewReport
     bool m_masterOpened = false;
     QString m_name; ///< what the document last filled is called in titles and file names
     QString m_error;

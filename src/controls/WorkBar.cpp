@@ -1,6 +1,6 @@
-#include "WorkBar.h"
+#include "controls/WorkBar.h"
 
-namespace ledgora::app {
+namespace ledgora {
 
 namespace {
 
@@ -30,4 +30,4 @@ Progress WorkBar::progress()
     };
 }
 
-} // namespace ledgora::app
+} // namespace ledgora

@@ -3,7 +3,7 @@
 #include <QString>
 #include <functional>
 
-namespace ledgora::app {
+namespace ledgora {
 
 /// Told how far long work has come, in the work's own units and a word for the user; returns False to end it.
 using Progress = std::function<bool(qint64 done, qint64 total, const QString &what)>;
@@ -16,4 +16,4 @@ inline Progress unwatched()
 
 inline constexpr auto cancelledText = "It was cancelled.";
 
-} // namespace ledgora::app
+} // namespace ledgora

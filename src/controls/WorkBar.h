@@ -1,9 +1,9 @@
 #pragma once
 
-#include "Progress.h"
+#include "platform/Progress.h"
 #include <QProgressDialog>
 
-namespace ledgora::app {
+namespace ledgora {
 
 /// The bar that long work on the data shows: what is done, how much is left, Cancel; after 300 ms, not before. Holds
 /// other input back.
@@ -17,4 +17,4 @@ public:
     Progress progress();
 };
 
-} // namespace ledgora::app
+} // namespace ledgora
