@@ -1,6 +1,7 @@
 // Pictures of all screens: the demonstration, photographed where a screen is worth a look. A picture shows the window
 // with whatever list or box stands over it.
 
+#include "Papers.h"
 #include "app/Clerk.h"
 #include "app/Demo.h"
 #include "app/MainWindow.h"
@@ -298,6 +299,8 @@ int main(int argc, char *argv[])
             out.filePath(QStringLiteral("%1-%2.png").arg(++count, 2, 10, QLatin1Char('0')).arg(name)));
     };
     QString fault = runDemo(out.path(), look);
+    if (fault.isEmpty())
+        fault = picturePapers(out.filePath(QStringLiteral("office")), out.path());
     if (fault.isEmpty())
         fault = visitTheRest(out.filePath(QStringLiteral("office")), look);
     if (fault.isEmpty())

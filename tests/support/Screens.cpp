@@ -193,7 +193,9 @@ QString ScreenTest::errorLog()
 
 void ScreenTest::addCompany(int id, const QString &name, const QString &state, const QString &password)
 {
-    data().run(QStringLiteral("Insert Into GST_FirmMas (FirmSrNo,Nm,StateNm,Pass) Values (%1,%2,%3,%4)")
+    data().run(QStringLiteral("Insert Into GST_FirmMas (FirmSrNo,Nm,StateNm,Pass,BankAcName,BankName,BankBrAdd,"
+                              "BankAcNo,BankIFSC,PayComments,SignName,SignDesig) Values (%1,%2,%3,%4,'','','','','','',"
+                              "'','')")
                    .arg(id)
                    .arg(quoted(name), quoted(state), quoted(password)));
 }
