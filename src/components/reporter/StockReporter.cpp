@@ -113,7 +113,7 @@ void StockReporter::SaveToPDF(const QString &path, int)
         fail(noReport, QStringLiteral("there is no report to save"));
         return;
     }
-    const QString fault = writePdf(layoutDocument(*report()), path, reportName());
+    const QString fault = writePdf(layoutDocument(*report()), path, reportName(), m_progress);
     if (!fault.isEmpty())
         fail(unwritableFile, path + QStringLiteral(": ") + fault);
 }
@@ -199,6 +199,45 @@ void StockReporter::AbortReport()
     m_single.reset();
     m_combined.reset();
     m_master.reset();
+    m_pdfRun.reset();
+}
+
+void StockReporter::BeginPdfRun()
+{
+    m_error.clear();
+    m_pdfRun = std::make_unique<PdfRun>();
+    m_toldFaults = 0;
+}
+
+void StockReporter::AddMasterToPdf(const QString &path)
+{
+    const ErrorSite site("REPORTER", "ADDMASTERTOPDF");
+    m_error.clear();
+    if (!m_master || !m_pdfRun) {
+        fail(noReport, QStringLiteral("there is no master document to save"));
+        return;
+    }
+    if (m_pdfRun->add(layoutDocument(m_master->document()), path, m_name))
+        tellPdfFaults();
+}
+
+std::vector<PdfFault> StockReporter::EndPdfRun()
+{
+    const ErrorSite site("REPORTER", "ENDPDFRUN");
+    m_error.clear();
+    if (!m_pdfRun)
+        return {};
+    m_pdfRun->finish();
+    tellPdfFaults();
+    const std::unique_ptr<PdfRun> run = std::move(m_pdfRun);
+    return run->faults();
+}
+
+void StockReporter::tellPdfFaults()
+{
+    const auto &faults = m_pdfRun->faults();
+    for (; m_toldFaults < faults.size(); ++m_toldFaults)
+        fail(unwritableFile, faults[m_toldFaults].path + QStringLiteral(": ") + faults[m_toldFaults].reason);
 }
 
 } // namespace ledgora::reporter
