@@ -10,7 +10,6 @@
 #include "store/ErrorLog.h"
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 
 namespace ledgora::reporter {
 
@@ -168,9 +167,9 @@ void StockReporter::SaveMasterFile(const QString &path)
         fail(noReport, QStringLiteral("there is no master document to save"));
         return;
     }
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(writeRtf(m_master->document())) < 0 || !file.commit())
-        fail(unwritableFile, path + QStringLiteral(": ") + file.errorString());
+    const QString fault = writeWhole(writeRtf(m_master->document()), path);
+    if (!fault.isEmpty())
+        fail(unwritableFile, path + QStringLiteral(": ") + fault);
 }
 
 void StockReporter::AppendFile(const QString &path)
