@@ -18,16 +18,15 @@ QString removed(QFile &part, const QString &reason)
 
 } // namespace
 
-QString writePdf(const PageList &pages, const QString &path, const QString &title, const Progress &progress)
+QString writePdf(const Pages &pages, const QString &path, const QString &title, const Progress &progress)
 {
     if (pages.empty())
         return QStringLiteral("there are no pages to write");
     PdfSheets sheets(title);
-    const auto total = static_cast<qint64>(pages.size());
-    for (const Page &page : pages) {
-        if (!progress(sheets.count(), total, QStringLiteral("Writing pages")))
+    for (int page = 0; page < pages.size(); ++page) {
+        if (!progress(page, pages.size(), QStringLiteral("Writing pages")))
             return QString::fromLatin1(cancelledText);
-        if (!sheets.add(page))
+        if (!sheets.add(*pages[page]))
             break;
     }
     const QByteArray pdf = sheets.finish();

@@ -30,6 +30,14 @@ void noteName(QString &name, const QString &placeholder, const PlaceholderValue 
         name = QStringLiteral("Bill ") + number;
 }
 
+/// The viewer keeps the document, whatever becomes of the report.
+Viewer::SaveAs rtfOf(const Document &document)
+{
+    return {QStringLiteral("&RTF"), QStringLiteral("rtf"), QStringLiteral("RTF documents (*.rtf)"),
+            QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S),
+            [document](const QString &path, const Progress &) { return writeWhole(writeRtf(document), path); }};
+}
+
 } // namespace
 
 void StockReporter::fail(qint64 number, const QString &description)
@@ -96,8 +104,7 @@ void StockReporter::ShowReport(bool)
         fail(noReport, QStringLiteral("there is no report to show"));
         return;
     }
-    const Document shown = *report(); // the viewer keeps it, whatever becomes of the report
-    auto *viewer = new Viewer(layoutDocument(shown), reportName(), [shown] { return writeRtf(shown); });
+    auto *viewer = new Viewer(layoutDocument(*report()), reportName(), {rtfOf(*report())});
     if (gMdi)
         gMdi->showScreen(*viewer);
     else
