@@ -396,11 +396,11 @@ TEST_F(StockReporterTest, ARunJoinsItsDocumentsOnPagesOfTheFirst)
         EXPECT_EQ(reporter->LastError().toStdString(), "");
     }
     EXPECT_EQ(shownText().toStdString(), "No. 7\n");
-    const PageList &pages = dynamic_cast<Viewer &>(*host.shown.back()).pages();
-    ASSERT_EQ(pages.size(), 3U);
-    EXPECT_EQ(textOf(pages[1]).toStdString(), "No. {8}\n");
-    EXPECT_EQ(pages[2].size.width(), 8000);
-    EXPECT_NEAR(pages[1].drawing.texts[0].baseline.y(), pages[0].drawing.texts[0].baseline.y(), 60);
+    const Pages pages = dynamic_cast<Viewer &>(*host.shown.back()).pages();
+    ASSERT_EQ(pages.size(), 3);
+    EXPECT_EQ(textOf(*pages[1]).toStdString(), "No. {8}\n");
+    EXPECT_EQ(pages.paper(2).width(), 8000);
+    EXPECT_NEAR(pages[1]->drawing.texts[0].baseline.y(), pages[0]->drawing.texts[0].baseline.y(), 60);
     EXPECT_EQ(host.shown.back()->windowTitle().toStdString(), "Preview - Bill 7 and 2 more");
 }
 
