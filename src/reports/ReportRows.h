@@ -36,6 +36,11 @@ public:
     int size() const { return int(m_entries.size()); }
     Kind kind(int entry) const { return m_entries[entry].kind; }
     const RowFormat &format(int row) const { return m_formats[m_entries[row].format]; }
+    /// Rows of one kind share their format: the number of a row's, and all there are.
+    int formatNumber(int row) const { return m_entries[row].format; }
+    int formats() const { return int(m_formats.size()); }
+    const RowFormat &formatAt(int number) const { return m_formats[number]; }
+    int cells(int row) const { return int(format(row).widths.size()); }
     /// The cell's text with its codes and line breaks; cells count from 0. A number is in the plain general form.
     QStringView cell(int row, int cell) const;
     /// The text of a `PrintText`.

@@ -10,7 +10,6 @@
 #include "store/ErrorLog.h"
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 
 namespace ledgora::reporter {
 
@@ -29,6 +28,14 @@ void noteName(QString &name, const QString &placeholder, const PlaceholderValue 
     const QString number = valueText(value).trimmed();
     if (!number.isEmpty())
         name = QStringLiteral("Bill ") + number;
+}
+
+/// The viewer keeps the document, whatever becomes of the report.
+Viewer::SaveAs rtfOf(const Document &document)
+{
+    return {QStringLiteral("&RTF"), QStringLiteral("rtf"), QStringLiteral("RTF documents (*.rtf)"),
+            QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S),
+            [document](const QString &path, const Progress &) { return writeWhole(writeRtf(document), path); }};
 }
 
 } // namespace
@@ -97,8 +104,7 @@ void StockReporter::ShowReport(bool)
         fail(noReport, QStringLiteral("there is no report to show"));
         return;
     }
-    const Document shown = *report(); // the viewer keeps it, whatever becomes of the report
-    auto *viewer = new Viewer(layoutDocument(shown), reportName(), [shown] { return writeRtf(shown); });
+    auto *viewer = new Viewer(layoutDocument(*report()), reportName(), {rtfOf(*report())});
     if (gMdi)
         gMdi->showScreen(*viewer);
     else
@@ -113,7 +119,7 @@ void StockReporter::SaveToPDF(const QString &path, int)
         fail(noReport, QStringLiteral("there is no report to save"));
         return;
     }
-    const QString fault = writePdf(layoutDocument(*report()), path, reportName());
+    const QString fault = writePdf(layoutDocument(*report()), path, reportName(), m_progress);
     if (!fault.isEmpty())
         fail(unwritableFile, path + QStringLiteral(": ") + fault);
 }
@@ -168,9 +174,9 @@ void StockReporter::SaveMasterFile(const QString &path)
         fail(noReport, QStringLiteral("there is no master document to save"));
         return;
     }
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(writeRtf(m_master->document())) < 0 || !file.commit())
-        fail(unwritableFile, path + QStringLiteral(": ") + file.errorString());
+    const QString fault = writeWhole(writeRtf(m_master->document()), path);
+    if (!fault.isEmpty())
+        fail(unwritableFile, path + QStringLiteral(": ") + fault);
 }
 
 void StockReporter::AppendFile(const QString &path)
@@ -199,6 +205,45 @@ void StockReporter::AbortReport()
     m_single.reset();
     m_combined.reset();
     m_master.reset();
+    m_pdfRun.reset();
+}
+
+void StockReporter::BeginPdfRun()
+{
+    m_error.clear();
+    m_pdfRun = std::make_unique<PdfRun>();
+    m_toldFaults = 0;
+}
+
+void StockReporter::AddMasterToPdf(const QString &path)
+{
+    const ErrorSite site("REPORTER", "ADDMASTERTOPDF");
+    m_error.clear();
+    if (!m_master || !m_pdfRun) {
+        fail(noReport, QStringLiteral("there is no master document to save"));
+        return;
+    }
+    if (m_pdfRun->add(layoutDocument(m_master->document()), path, m_name))
+        tellPdfFaults();
+}
+
+std::vector<PdfFault> StockReporter::EndPdfRun()
+{
+    const ErrorSite site("REPORTER", "ENDPDFRUN");
+    m_error.clear();
+    if (!m_pdfRun)
+        return {};
+    m_pdfRun->finish();
+    tellPdfFaults();
+    const std::unique_ptr<PdfRun> run = std::move(m_pdfRun);
+    return run->faults();
+}
+
+void StockReporter::tellPdfFaults()
+{
+    const auto &faults = m_pdfRun->faults();
+    for (; m_toldFaults < faults.size(); ++m_toldFaults)
+        fail(unwritableFile, faults[m_toldFaults].path + QStringLiteral(": ") + faults[m_toldFaults].reason);
 }
 
 } // namespace ledgora::reporter

@@ -2,6 +2,7 @@
 
 #include "components/reporter/CombinedReport.h"
 #include "components/reporter/Filling.h"
+#include "components/reporter/PdfRun.h"
 #include "components/reporter/TemplateCache.h"
 #include "platform/Reporter.h"
 #include "reports/ReportRows.h"
@@ -35,11 +36,16 @@ public:
     void SaveMasterFile(const QString &path) override;
     void AppendFile(const QString &path) override;
     void AbortReport() override;
+    void BeginPdfRun() override;
+    void AddMasterToPdf(const QString &path) override;
+    std::vector<PdfFault> EndPdfRun() override;
+    void SetProgress(Progress progress) override { m_progress = std::move(progress); }
     QString LastError() const override { return m_error; }
 
 private:
     std::shared_ptr<const TemplateCache::Template> load(const QString &path, bool whole);
     void fail(qint64 number, const QString &description);
+    void tellPdfFaults();
     const Document *report() const;
     QString reportName() const;
 
@@ -47,7 +53,10 @@ private:
     std::unique_ptr<Filling> m_single;        ///< the report of newreportnew
     std::optional<CombinedReport> m_combined; ///< the report of initReport
     std::unique_ptr<Filling> m_master;
-    ReportRows m_rows; ///< the text report of NewReport
+    std::unique_ptr<PdfRun> m_pdfRun;
+    ReportRows m_rows;            ///< the text report of NewReport
+    std::size_t m_toldFaults = 0; ///< of the run, those that were logged
+    Progress m_progress = unwatched();
     bool m_masterOpened = false;
     QString m_name; ///< what the document last filled is called in titles and file names
     QString m_error;
