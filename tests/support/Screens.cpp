@@ -51,6 +51,16 @@ ReportRows &NotingReporter::rows()
     return report;
 }
 
+void chooseCompany()
+{
+    CompanyState company;
+    company.firmId = 1;
+    company.firmName = "SHARMA & ASSOCIATES";
+    company.firmStateCode = "07";
+    company.billCopy = company.recpCopy = 0;
+    company.apply();
+}
+
 namespace {
 
 QString replacement(const QString &placeholder, const PlaceholderValue &value)

@@ -51,6 +51,9 @@ public:
     static ReportRows &rows();
 };
 
+/// Company 1 of Delhi, SHARMA & ASSOCIATES, as the home screen chooses it.
+void chooseCompany();
+
 /// A working period as host "C" in June 2024, over one database a suite and a fresh folder a test, and the hands of a
 /// user: keys go to the window that has them at that moment. A test that leaves a line in the error log fails, unless
 /// it said that failures are part of it; a box that nobody expects fails it too, and is closed.
