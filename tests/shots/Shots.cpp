@@ -190,11 +190,12 @@ void visitWaiting(Clerk &clerk, Office &office, QWidget &window, const Look &loo
     askInWindow(address, true);
     clerk.expect([&look, &window](QWidget &) { look(QStringLiteral("waiting-for-the-server"), window); });
     office.connection().Open(QStringLiteral("Select Sleep(1)"));
-    clerk.expect([&look, &window](QWidget &) { look(QStringLiteral("long-work"), window); });
+    clerk.expect([](QWidget &) {});
     ledgora::WorkBar bar(&window, QStringLiteral("Backup"));
     bar.show();
     bar.progress()(41, 100, QStringLiteral("GST_BillD"));
     Clerk::settle();
+    look(QStringLiteral("long-work"), window);
 }
 
 /// Host "G" on the same office: its clients and groups.
