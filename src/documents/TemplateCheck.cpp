@@ -213,7 +213,7 @@ void findOmissions(QStringList &findings, TemplateKind kind, const Fields &field
     for (const QString &field : fields.counts.keys())
         there.insert(withoutRow(field));
     const KindWords &words = wordsOf(kind);
-    const auto must = [&](const QString &what) {
+    const auto must = [&](const QString &what) -> QString {
         return QString::fromLatin1(words.noun) + " must show " + what + " (" + words.rule + ")";
     };
     for (const auto &group : requiredOf(kind)) {
