@@ -8,6 +8,7 @@ namespace ledgora::reporter {
 namespace {
 
 constexpr qreal tolerance = 0.5; ///< twips that sums of heights may be off
+constexpr qreal tableGap = 0.4;  ///< between a table and free lines, in lines
 
 } // namespace
 
@@ -46,7 +47,8 @@ ReportPager::Height ReportPager::heightOf(int entry, PrintState &print)
     }
     height.lines = height.count * face.line;
     if (grid.inTable) {
-        height.above = grid.hasTop() ? face.rulePadding : face.padding;
+        const bool belowRule = m_last && m_last->hasBottom();
+        height.above = grid.hasTop() || belowRule ? face.rulePadding : face.padding;
         height.below = grid.hasBottom() ? face.rulePadding : face.padding;
     }
     return height;
@@ -153,8 +155,10 @@ bool ReportPager::takeRow(ReportPlace &place)
     PrintState behind = place.print;
     const Height height = heightOf(entry, behind);
     const bool blank = inTable && isBlank(entry);
-    switch (roomFor(place, height.whole())) {
+    const qreal gap = isFresh() || inTable == place.inTable ? 0 : faceOf(entry, place.print).line * tableGap;
+    switch (roomFor(place, gap + height.whole())) {
     case Room::Here:
+        m_y += gap;
         if (!(blank && isFresh() && m_bodyTop > m_paper.top))
             putRow(entry, place.print, height, 0, height.count);
         break;
