@@ -75,7 +75,7 @@ void PageView::updateBars()
     verticalScrollBar()->setPageStep(viewport()->height());
     verticalScrollBar()->setRange(0, std::max(0, static_cast<int>(std::ceil(whole.height())) - viewport()->height()));
     horizontalScrollBar()->setPageStep(viewport()->width());
-    horizontalScrollBar()->setRange(0, std::max(0, static_cast<int>(std::ceil(whole.width())) - viewport()->width()));
+    horizontalScrollBar()->setRange(0, std::max(0, static_cast<int>(whole.width()) - viewport()->width()));
 }
 
 void PageView::applyZoom(qreal zoom, qreal anchor)

@@ -2,14 +2,18 @@
 
 #include "components/reporter/Layout.h"
 #include "components/reporter/PdfOutput.h"
+#include "components/reporter/ReportPages.h"
 #include "components/reporter/RtfReader.h"
 #include "components/reporter/RtfWriter.h"
 #include "components/reporter/Viewer.h"
 #include "host/WorkingState.h"
 #include "platform/HostObject.h"
+#include "reports/ReportCsv.h"
+#include "reports/ReportText.h"
 #include "store/ErrorLog.h"
 #include <QFile>
 #include <QFileInfo>
+#include <utility>
 
 namespace ledgora::reporter {
 
@@ -36,6 +40,20 @@ Viewer::SaveAs rtfOf(const Document &document)
     return {QStringLiteral("&RTF"), QStringLiteral("rtf"), QStringLiteral("RTF documents (*.rtf)"),
             QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S),
             [document](const QString &path, const Progress &) { return writeWhole(writeRtf(document), path); }};
+}
+
+Viewer::SaveAs textOf(const std::shared_ptr<const ReportRows> &rows)
+{
+    return {QStringLiteral("&Text"), QStringLiteral("txt"), QStringLiteral("Plain text (*.txt)"),
+            QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_T),
+            [rows](const QString &path, const Progress &progress) { return saveReportText(*rows, path, progress); }};
+}
+
+Viewer::SaveAs csvOf(const std::shared_ptr<const ReportRows> &rows)
+{
+    return {QStringLiteral("CS&V"), QStringLiteral("csv"), QStringLiteral("Table for spreadsheets (*.csv)"),
+            QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S),
+            [rows](const QString &path, const Progress &progress) { return saveReportCsv(*rows, path, progress); }};
 }
 
 } // namespace
@@ -69,6 +87,7 @@ void StockReporter::newreportnew(const QString &templatePath)
     const ErrorSite site("REPORTER", "NEWREPORTNEW");
     m_combined.reset();
     m_single.reset();
+    m_rows.reset();
     const auto parsed = load(templatePath, false);
     if (!parsed)
         return;
@@ -93,18 +112,35 @@ const Document *StockReporter::report() const
 
 QString StockReporter::reportName() const
 {
+    if (m_rows)
+        return titleOf(*m_rows);
     return m_single || !m_combined ? m_name : m_combined->name();
+}
+
+Pages StockReporter::pages() const
+{
+    if (m_rows)
+        return Pages(std::make_shared<ReportPages>(m_rows));
+    return report() ? layoutDocument(*report()) : PageList();
+}
+
+std::vector<Viewer::SaveAs> StockReporter::saveKinds() const
+{
+    if (m_rows)
+        return {textOf(m_rows), csvOf(m_rows)};
+    return {rtfOf(*report())};
 }
 
 void StockReporter::ShowReport(bool)
 {
     const ErrorSite site("REPORTER", "SHOWREPORT");
     m_error.clear();
-    if (!report()) {
+    const Pages shown = pages();
+    if (shown.empty()) {
         fail(noReport, QStringLiteral("there is no report to show"));
         return;
     }
-    auto *viewer = new Viewer(layoutDocument(*report()), reportName(), {rtfOf(*report())});
+    auto *viewer = new Viewer(shown, reportName(), saveKinds());
     if (gMdi)
         gMdi->showScreen(*viewer);
     else
@@ -115,19 +151,44 @@ void StockReporter::SaveToPDF(const QString &path, int)
 {
     const ErrorSite site("REPORTER", "SAVETOPDF");
     m_error.clear();
-    if (!report()) {
+    const Pages saved = pages();
+    if (saved.empty()) {
         fail(noReport, QStringLiteral("there is no report to save"));
         return;
     }
-    const QString fault = writePdf(layoutDocument(*report()), path, reportName(), m_progress);
+    const QString fault = writePdf(saved, path, reportName(), m_progress);
     if (!fault.isEmpty())
         fail(unwritableFile, path + QStringLiteral(": ") + fault);
+}
+
+void StockReporter::NewReport()
+{
+    m_error.clear();
+    m_single.reset();
+    m_combined.reset();
+    m_rows = std::make_shared<ReportRows>();
+    m_rows->SetCol130(std::exchange(m_nextWide, false));
+    m_rows->NewReport();
+}
+
+/// A report that is written on after it was shown is another one: what the viewer holds stays as it is.
+ReportRows &StockReporter::rows()
+{
+    if (!m_rows)
+        NewReport();
+    if (m_rows.use_count() > 1) {
+        auto own = std::make_shared<ReportRows>();
+        m_rows->writeTo(*own);
+        m_rows = std::move(own);
+    }
+    return *m_rows;
 }
 
 void StockReporter::initReport(bool fresh, bool)
 {
     m_error.clear();
     m_single.reset();
+    m_rows.reset();
     if (fresh || !m_combined)
         m_combined.emplace();
 }
@@ -204,6 +265,7 @@ void StockReporter::AbortReport()
     m_error.clear();
     m_single.reset();
     m_combined.reset();
+    m_rows.reset();
     m_master.reset();
     m_pdfRun.reset();
 }

@@ -4,6 +4,7 @@
 #include "components/reporter/Filling.h"
 #include "components/reporter/PdfRun.h"
 #include "components/reporter/TemplateCache.h"
+#include "components/reporter/Viewer.h"
 #include "platform/Reporter.h"
 #include "reports/ReportRows.h"
 #include <memory>
@@ -21,12 +22,12 @@ public:
     void SetText(const QString &placeholder, const PlaceholderValue &value) override;
     void ShowReport(bool flag) override;
     void SaveToPDF(const QString &path, int option) override;
-    void SetCol130(bool wide) override { m_rows.SetCol130(wide); }
-    void WinModeReport(bool on) override { m_rows.WinModeReport(on); }
-    void NewReport() override { m_rows.NewReport(); }
-    void WriteToReport(const ReportRow &row) override { m_rows.WriteToReport(row); }
-    void PrintText(const QString &text) override { m_rows.PrintText(text); }
-    void createtable(int first, int cells) override { m_rows.createtable(first, cells); }
+    void SetCol130(bool wide) override { m_nextWide = wide; }
+    void WinModeReport(bool) override {}
+    void NewReport() override;
+    void WriteToReport(const ReportRow &row) override { rows().WriteToReport(row); }
+    void PrintText(const QString &text) override { rows().PrintText(text); }
+    void createtable(int first, int cells) override { rows().createtable(first, cells); }
     void initReport(bool fresh, bool flag) override;
     void LoadPageSetup(const QString &templatePath) override;
     void SetFontSizeBeforeAppendFile(const QString &text, int fontSize) override;
@@ -48,13 +49,17 @@ private:
     void tellPdfFaults();
     const Document *report() const;
     QString reportName() const;
+    ReportRows &rows();
+    Pages pages() const;
+    std::vector<Viewer::SaveAs> saveKinds() const;
 
     TemplateCache m_templates;
     std::unique_ptr<Filling> m_single;        ///< the report of newreportnew
     std::optional<CombinedReport> m_combined; ///< the report of initReport
     std::unique_ptr<Filling> m_master;
     std::unique_ptr<PdfRun> m_pdfRun;
-    ReportRows m_rows;            ///< the text report of NewReport
+    std::shared_ptr<ReportRows> m_rows; ///< the text report of NewReport; viewers share it
+    bool m_nextWide = false;
     std::size_t m_toldFaults = 0; ///< of the run, those that were logged
     Progress m_progress = unwatched();
     bool m_masterOpened = false;
