@@ -148,6 +148,22 @@ void NotingReporter::AbortReport()
     asked() << "AbortReport";
 }
 
+void NotingReporter::BeginPdfRun()
+{
+    asked() << "BeginPdfRun";
+}
+
+void NotingReporter::AddMasterToPdf(const QString &path)
+{
+    asked() << "AddMasterToPdf " + QFileInfo(path).fileName();
+}
+
+std::vector<PdfFault> NotingReporter::EndPdfRun()
+{
+    asked() << "EndPdfRun";
+    return {};
+}
+
 void NotingReporter::ShowReport(bool)
 {
     asked() << "ShowReport";
