@@ -100,7 +100,10 @@ TEST_F(DocumentRun, NamesWhatFailsAndEndsWhenItIsToldTo)
     EXPECT_EQ(cancelled.fault, "It was cancelled.");
     EXPECT_EQ(cancelled.documents, 1);
     test::NotingReporter::lastError() = "the disk is full";
-    EXPECT_EQ(each({2}).failures, QStringList{"Bill 8 dated 02/05/2024: the disk is full"});
+    const RunResult unwritten = each({2});
+    EXPECT_EQ(unwritten.failures, QStringList{"Bill 8 dated 02/05/2024: the disk is full"});
+    EXPECT_EQ(unwritten.files, QStringList());
+    EXPECT_EQ(unwritten.documents, 0);
 }
 
 TEST_F(DocumentRun, MasterFileIsCheckedBeforeItIsFilled)
