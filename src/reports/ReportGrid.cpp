@@ -47,8 +47,10 @@ RowGrid gridOf(const RowFormat &format)
             grid.cells.push_back(cellOf(format, i, grid.width));
         if (!grid.cells.empty())
             grid.width += width + rule;
-        if (!grid.cells.empty())
+        if (!grid.cells.empty()) {
             grid.cells.back().to = grid.width;
+            grid.cells.back().right |= isSet(format.right, i); // of the last cell that it spans
+        }
     }
     for (GridCell &cell : grid.cells)
         cell.room = cell.to - cell.from - rule;

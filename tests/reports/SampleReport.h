@@ -60,11 +60,12 @@ inline void writeBillDetails(ReportWriter &report, int bills, bool details = fal
                                    "Tax under Inter-State", "Total Amount"},
                                   {12, 20, 50, 20, 12, 12, 36, 0, 0, 24, 0, 12, 12}, centred, all));
     report.createtable(1, 13);
-    report.WriteToReport(tableRow(
-        {"", "", "", "", "", "", "No Tax", "Intra-State", "Inter-State", "CGST", "SGST", "IGST", ""}, widths, centred,
-        QStringLiteral("0000001111100"), all));
+    report.WriteToReport(
+        tableRow({"", "", "", "", "", "", "No Tax", "Intra-State", "Inter-State", "CGST", "SGST", "IGST", ""}, widths,
+                 centred, QStringLiteral("0000001111100"), all));
     for (int bill = 1; bill <= bills; ++bill) {
-        const QString name = QStringLiteral("NARMADA TEXTILES AND GENERAL TRADING COMPANY PRIVATE LIMITED %1").arg(bill);
+        const QString name =
+            QStringLiteral("NARMADA TEXTILES AND GENERAL TRADING COMPANY PRIVATE LIMITED %1").arg(bill);
         report.WriteToReport(tableRow(
             {QStringLiteral("15/06/2024"), QStringLiteral("SA/24-25/%1").arg(bill),
              details ? boldOn + name + boldOff + QStringLiteral("\r\nGSTIN: 07AAACN1234C1Z5\r\n12 Mall Road, Delhi")
@@ -90,15 +91,15 @@ inline void writeAccount(ReportWriter &report, const QString &party, int entries
     report.WriteToReport(freeLine(boldOn + party + boldOff + QStringLiteral("\r\nPAN: AAACN1234C")));
     report.PrintText(condensed + u';');
     report.createtable(1, 10);
-    report.WriteToReport(tableRow({boldOn + QStringLiteral("Date"), "Particulars", "Opening", "Bill Amount", "", "Amount", "Receipt",
-                                   "Discount", "Balance", "Remarks", "TDS"},
+    report.WriteToReport(tableRow({boldOn + QStringLiteral("Date"), "Particulars", "Opening", "Bill Amount", "",
+                                   "Amount", "Receipt", "Discount", "Balance", "Remarks", "TDS"},
                                   {12, 24, 12, 24, 0, 12, 12, 12, 12, 12, 12}, QString(11, u'C'), all));
     report.createtable(1, 11);
     report.WriteToReport(tableRow({"", "", "", "Net", "Tax", "", "", "", "", "", boldOff}, widths, QString(11, u'C'),
                                   QStringLiteral("00011000000"), all));
     for (int entry = 1; entry <= entries; ++entry)
-        report.WriteToReport(tableRow({"03-Nov-19", QStringLiteral("Bill No. %1").arg(entry), "", "1,000", "180", "1,180", "",
-                                       "", "1,180", "", ""},
+        report.WriteToReport(tableRow({"03-Nov-19", QStringLiteral("Bill No. %1").arg(entry), "", "1,000", "180",
+                                       "1,180", "", "", "1,180", "", ""},
                                       widths, QStringLiteral("CLRRRRRRRLR")));
     report.WriteToReport(tableRow({boldOn, "Total", "", "1,000", "180", "1,180", "", "", "1,180", "", boldOff}, widths,
                                   QStringLiteral("CLRRRRRRRLR"), all, all));

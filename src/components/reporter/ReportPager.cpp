@@ -57,9 +57,9 @@ ReportPager::Height ReportPager::heightOf(int entry, PrintState &print)
 bool ReportPager::isBlank(int entry) const
 {
     for (int cell = 0; cell < m_rows.cells(entry); ++cell)
-        if (!m_rows.cell(entry, cell).trimmed().isEmpty())
+        if (!shownText(m_rows.cell(entry, cell)).trimmed().isEmpty())
             return false;
-    return !gridOf(entry).hasTop() && !gridOf(entry).hasBottom();
+    return !isRow(entry) || (!gridOf(entry).hasTop() && !gridOf(entry).hasBottom());
 }
 
 bool ReportPager::fill(ReportPlace &place, ReportCanvas *canvas)
@@ -84,6 +84,7 @@ bool ReportPager::fill(ReportPlace &place, ReportCanvas *canvas)
     }
     if (!place.pending.isEmpty())
         endLine(place);
+    closeTable(); // a report that was broken off has no total
     return false;
 }
 
@@ -115,8 +116,8 @@ void ReportPager::noteHeading(ReportPlace &place, int entry) const
     }
 }
 
-/// Height of what must stand on one page from here: the row alone, or all from a title to the first row below the
-/// heading.
+/// Height of what must stand on one page from here: all from a title to the first row below the heading. Nothing when
+/// a blank line parts this one from the next table.
 qreal ReportPager::leadHeight(const ReportPlace &place)
 {
     constexpr int longestLead = 12; // a letter above a table need not stay with it
@@ -129,13 +130,18 @@ qreal ReportPager::leadHeight(const ReportPlace &place)
             --ahead.entry;
             continue;
         }
-        if (!isRow(entry)) {
+        const bool row = isRow(entry);
+        const bool endsLine = row || !m_rows.text(entry).endsWith(u';');
+        if (i > 0 && endsLine && !(row && gridOf(entry).inTable) && isBlank(entry))
+            return 0;
+        const bool wasHeading = ahead.inHeading;
+        if (!row) {
             wrappedLines(m_rows.text(entry), 1, ahead.print); // its codes
-            if (!m_rows.text(entry).endsWith(u';'))
-                height += m_faces.plain(ahead.print.condensed).line;
+            height += endsLine ? m_faces.plain(ahead.print.condensed).line : 0;
             continue;
         }
-        const bool wasHeading = ahead.inHeading;
+        if (gridOf(entry).inTable != std::exchange(ahead.inTable, gridOf(entry).inTable))
+            height += faceOf(entry, ahead.print).line * tableGap;
         height += heightOf(entry, ahead.print).whole();
         noteHeading(ahead, entry);
         if (gridOf(entry).inTable && !(wasHeading && ahead.headingTo > entry))
@@ -183,7 +189,8 @@ ReportPager::Room ReportPager::roomFor(const ReportPlace &place, qreal height)
         return !isFresh() && room < page / 4 ? Room::NextPage : Room::Nowhere;
     if (height > room)
         return Room::NextPage;
-    const bool goesOn = place.inTable && !place.inHeading && gridOf(place.entry).inTable;
+    const bool begins = place.inHeading && place.headingFrom == place.headingTo;
+    const bool goesOn = place.inTable && !begins && gridOf(place.entry).inTable;
     if (goesOn || isFresh())
         return Room::Here;
     const qreal lead = leadHeight(place);
