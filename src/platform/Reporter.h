@@ -1,8 +1,16 @@
 #pragma once
 
+#include "platform/Progress.h"
 #include "platform/ReportWriter.h"
 
 namespace ledgora {
+
+/// A PDF file that could not be made, and why, in English.
+struct PdfFault
+{
+    QString path;
+    QString reason;
+};
 
 /// Document engine and viewer behind the ProgID "PrjOrvaneReporter.ClsMain". One object serves all screens; it keeps
 /// the last report until the next one is begun. No operation throws; a failure is logged, and `LastError` tells it.
@@ -46,8 +54,22 @@ public:
     virtual void SaveMasterFile(const QString &path) = 0;
     /// Appends an RTF file to the report.
     virtual void AppendFile(const QString &path) = 0;
-    /// Discards the report, and the master document with it.
+    /// Discards the report, and the master document with it; of a run of PDF files those that are not yet made.
     virtual void AbortReport() = 0;
+
+    /// Begins a run of PDF files, one for each document, several times faster than SaveToPDF for each; then for each
+    /// document OpenMasterFile, NewSetText and AddMasterToPdf; EndPdfRun ends it. It leaves the current report alone.
+    virtual void BeginPdfRun() = 0;
+    /// Lays the filled master document out for a PDF file of that path. Files are made in batches and may be there only
+    /// after EndPdfRun; each appears as a whole, in place of a former one. Their folder must be there.
+    virtual void AddMasterToPdf(const QString &path) = 0;
+    /// Makes the files that are still due; answers all of the run that could not be made. A run that stops early ends
+    /// so too, when what it has made is to stay.
+    virtual std::vector<PdfFault> EndPdfRun() = 0;
+
+    /// Told of the pages while SaveToPDF writes; returning False leaves no file, and LastError says so. It holds until
+    /// another is set.
+    virtual void SetProgress(Progress progress) = 0;
 
     /// What went wrong in the operation before, in English, or "": a run over many documents stops and tells it.
     virtual QString LastError() const = 0;

@@ -33,6 +33,42 @@ void ReportRows::createtable(int, int cells)
     m_entries.push_back({Kind::Table, cells, int(m_ends.size())});
 }
 
+void ReportRows::writeTo(ReportWriter &writer) const
+{
+    writer.SetCol130(m_wide);
+    writer.WinModeReport(true);
+    writer.NewReport();
+    for (int entry = 0; entry < size(); ++entry) {
+        switch (kind(entry)) {
+        case Kind::Row:
+            writer.WriteToReport(rowAt(entry));
+            break;
+        case Kind::Text:
+            writer.PrintText(text(entry).toString());
+            break;
+        case Kind::Table:
+            writer.createtable(1, tableCells(entry));
+            break;
+        }
+    }
+}
+
+ReportRow ReportRows::rowAt(int entry) const
+{
+    const RowFormat &shared = format(entry);
+    ReportRow row;
+    for (int index = 0; index < cells(entry); ++index)
+        row.cells.emplace_back(cell(entry, index).toString());
+    row.widths = shared.widths;
+    row.aligns = shared.aligns;
+    row.left = shared.left;
+    row.right = shared.right;
+    row.top = shared.top;
+    row.bottom = shared.bottom;
+    row.inTable = shared.inTable;
+    return row;
+}
+
 QStringView ReportRows::cell(int row, int cell) const
 {
     const int index = m_entries[row].firstCell + cell;

@@ -31,11 +31,23 @@ public:
     void PrintText(const QString &text) override;
     void createtable(int first, int cells) override;
 
+    /// Tells the whole report to another writer, from SetCol130 on; numbers as the texts that they are shown as.
+    void writeTo(ReportWriter &writer) const;
+
     bool wide() const { return m_wide; }
     /// Entries of all kinds. Valid until the next call of a writing routine: the views that `cell` and `text` give.
     int size() const { return int(m_entries.size()); }
     Kind kind(int entry) const { return m_entries[entry].kind; }
     const RowFormat &format(int row) const { return m_formats[m_entries[row].format]; }
+    /// Rows of one kind share their format: the number of a row's, and all there are.
+    int formatNumber(int row) const { return m_entries[row].format; }
+    int formats() const { return int(m_formats.size()); }
+    const RowFormat &formatAt(int number) const { return m_formats[number]; }
+    /// How many cells the entry has; a text has one, a table none.
+    int cells(int entry) const
+    {
+        return kind(entry) == Kind::Row ? int(format(entry).widths.size()) : kind(entry) == Kind::Text ? 1 : 0;
+    }
     /// The cell's text with its codes and line breaks; cells count from 0. A number is in the plain general form.
     QStringView cell(int row, int cell) const;
     /// The text of a `PrintText`.
@@ -51,6 +63,7 @@ private:
         int firstCell; ///< index into m_ends
     };
     int formatOf(const ReportRow &row);
+    ReportRow rowAt(int entry) const;
     void addCell(const PlaceholderValue &value);
 
     std::vector<Entry> m_entries;

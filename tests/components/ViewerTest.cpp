@@ -346,6 +346,36 @@ TEST_F(StockReporterTest, TheShownDocumentIsSavedAsRtf)
     EXPECT_TRUE(runs.size() == 2 && runs[1].format.bold && runs[1].text == QStringLiteral("{b}"));
 }
 
+/// More files than one batch takes; what one document alone needs, a face of Indian script, must not lie in the others.
+TEST_F(StockReporterTest, ARunOfPdfFilesHoldsOfEachDocumentWhatItUses)
+{
+    const QString hindi = QStringLiteral("श्री किर्लोस्कर");
+    writeTemplate("{\\rtf1{\\fonttbl{\\f0 Liberation Sans;}}\\f0 Bill #BILL_NO# {\\b of} #X#\\par}");
+    ASSERT_TRUE(QDir(folder.path()).mkdir(QStringLiteral("50.pdf")));
+    const auto file = [this](int number) { return folder.filePath(QString::number(number) + ".pdf"); };
+    const int count = 130;
+    reporter->BeginPdfRun();
+    for (int number = 1; number <= count; ++number) {
+        reporter->OpenMasterFile(path);
+        reporter->NewSetText(QStringLiteral("#BILL_NO#"), double(number));
+        reporter->NewSetText(QStringLiteral("#X#"), number == 7 ? hindi : QString(QStringLiteral("2024\f")));
+        reporter->AddMasterToPdf(file(number));
+    }
+    const std::vector<PdfFault> faults = reporter->EndPdfRun();
+    ASSERT_EQ(faults.size(), 1U);
+    EXPECT_EQ(faults.front().path.toStdString(), file(50).toStdString());
+    for (const int number : {1, 7, 99, 100, 101, 130}) {
+        EXPECT_EQ(pdfWords(file(number)).join(u' ').toStdString(),
+                  QString("Bill %1 of %2").arg(number).arg(number == 7 ? hindi : QStringLiteral("2024")).toStdString());
+        QProcess check;
+        check.start(QStringLiteral("pdffonts"), {file(number)});
+        EXPECT_TRUE(check.waitForFinished());
+        EXPECT_EQ(check.readAllStandardOutput().contains("Devanagari"), number == 7) << number;
+    }
+    EXPECT_EQ(QDir(folder.path()).entryList({QStringLiteral("*.part")}).size(), 0);
+    EXPECT_LT(QFileInfo(file(1)).size(), QFileInfo(file(7)).size());
+}
+
 TEST_F(StockReporterTest, ARunJoinsItsDocumentsOnPagesOfTheFirst)
 {
     const QString rtf = folder.filePath(QStringLiteral("Bill.rtf"));
@@ -366,11 +396,11 @@ TEST_F(StockReporterTest, ARunJoinsItsDocumentsOnPagesOfTheFirst)
         EXPECT_EQ(reporter->LastError().toStdString(), "");
     }
     EXPECT_EQ(shownText().toStdString(), "No. 7\n");
-    const PageList &pages = dynamic_cast<Viewer &>(*host.shown.back()).pages();
-    ASSERT_EQ(pages.size(), 3U);
-    EXPECT_EQ(textOf(pages[1]).toStdString(), "No. {8}\n");
-    EXPECT_EQ(pages[2].size.width(), 8000);
-    EXPECT_NEAR(pages[1].drawing.texts[0].baseline.y(), pages[0].drawing.texts[0].baseline.y(), 60);
+    const Pages pages = dynamic_cast<Viewer &>(*host.shown.back()).pages();
+    ASSERT_EQ(pages.size(), 3);
+    EXPECT_EQ(textOf(*pages[1]).toStdString(), "No. {8}\n");
+    EXPECT_EQ(pages.paper(2).width(), 8000);
+    EXPECT_NEAR(pages[1]->drawing.texts[0].baseline.y(), pages[0]->drawing.texts[0].baseline.y(), 60);
     EXPECT_EQ(host.shown.back()->windowTitle().toStdString(), "Preview - Bill 7 and 2 more");
 }
 

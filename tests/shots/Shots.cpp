@@ -1,6 +1,7 @@
 // Pictures of all screens: the demonstration, photographed where a screen is worth a look. A picture shows the window
 // with whatever list or box stands over it.
 
+#include "Papers.h"
 #include "app/Clerk.h"
 #include "app/Demo.h"
 #include "app/MainWindow.h"
@@ -189,11 +190,12 @@ void visitWaiting(Clerk &clerk, Office &office, QWidget &window, const Look &loo
     askInWindow(address, true);
     clerk.expect([&look, &window](QWidget &) { look(QStringLiteral("waiting-for-the-server"), window); });
     office.connection().Open(QStringLiteral("Select Sleep(1)"));
-    clerk.expect([&look, &window](QWidget &) { look(QStringLiteral("long-work"), window); });
+    clerk.expect([](QWidget &) {});
     ledgora::WorkBar bar(&window, QStringLiteral("Backup"));
     bar.show();
     bar.progress()(41, 100, QStringLiteral("GST_BillD"));
     Clerk::settle();
+    look(QStringLiteral("long-work"), window);
 }
 
 /// Host "G" on the same office: its clients and groups.
@@ -298,6 +300,8 @@ int main(int argc, char *argv[])
             out.filePath(QStringLiteral("%1-%2.png").arg(++count, 2, 10, QLatin1Char('0')).arg(name)));
     };
     QString fault = runDemo(out.path(), look);
+    if (fault.isEmpty())
+        fault = picturePapers(out.filePath(QStringLiteral("office")), out.path());
     if (fault.isEmpty())
         fault = visitTheRest(out.filePath(QStringLiteral("office")), look);
     if (fault.isEmpty())

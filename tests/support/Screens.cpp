@@ -148,6 +148,22 @@ void NotingReporter::AbortReport()
     asked() << "AbortReport";
 }
 
+void NotingReporter::BeginPdfRun()
+{
+    asked() << "BeginPdfRun";
+}
+
+void NotingReporter::AddMasterToPdf(const QString &path)
+{
+    asked() << "AddMasterToPdf " + QFileInfo(path).fileName();
+}
+
+std::vector<PdfFault> NotingReporter::EndPdfRun()
+{
+    asked() << "EndPdfRun";
+    return {};
+}
+
 void NotingReporter::ShowReport(bool)
 {
     asked() << "ShowReport";
@@ -193,7 +209,9 @@ QString ScreenTest::errorLog()
 
 void ScreenTest::addCompany(int id, const QString &name, const QString &state, const QString &password)
 {
-    data().run(QStringLiteral("Insert Into GST_FirmMas (FirmSrNo,Nm,StateNm,Pass) Values (%1,%2,%3,%4)")
+    data().run(QStringLiteral("Insert Into GST_FirmMas (FirmSrNo,Nm,StateNm,Pass,BankAcName,BankName,BankBrAdd,"
+                              "BankAcNo,BankIFSC,PayComments,SignName,SignDesig) Values (%1,%2,%3,%4,'','','','','','',"
+                              "'','')")
                    .arg(id)
                    .arg(quoted(name), quoted(state), quoted(password)));
 }

@@ -40,6 +40,10 @@ public:
     void SaveMasterFile(const QString &path) override;
     void AppendFile(const QString &path) override;
     void AbortReport() override;
+    void BeginPdfRun() override;
+    void AddMasterToPdf(const QString &path) override;
+    std::vector<PdfFault> EndPdfRun() override;
+    void SetProgress(Progress) override {}
     QString LastError() const override { return lastError(); }
 
     /// What was asked of the engine of the running test.

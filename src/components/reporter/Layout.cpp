@@ -2,6 +2,7 @@
 
 #include "components/reporter/Pager.h"
 #include <algorithm>
+#include <utility>
 
 namespace ledgora::reporter {
 
@@ -27,6 +28,7 @@ void drawColumn(Drawing &drawing, const std::vector<Slice> &slices, QPointF at)
     }
 }
 
+/// The header comes before the text and the footer behind it, as they are read, searched and copied.
 void drawMargins(Page &page, const PageOwner &owner, const PageNumbers &numbers)
 {
     const Section &section = *owner.section;
@@ -36,7 +38,11 @@ void drawMargins(Page &page, const PageOwner &owner, const PageNumbers &numbers)
     const auto laid = [&](bool header) {
         return layoutColumn(marginText(section, owner.first, header), width, numbers, setup.height);
     };
-    drawColumn(page.drawing, laid(true), QPointF(left, setup.headerDistance));
+    if (const std::vector<Slice> header = laid(true); !header.empty()) {
+        Drawing body = std::exchange(page.drawing, {});
+        drawColumn(page.drawing, header, QPointF(left, setup.headerDistance));
+        page.drawing.add(body, {});
+    }
     const std::vector<Slice> footer = laid(false);
     drawColumn(page.drawing, footer, QPointF(left, setup.height - setup.footerDistance - heightOf(footer)));
 }

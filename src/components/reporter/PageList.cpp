@@ -2,6 +2,26 @@
 
 namespace ledgora::reporter {
 
+namespace {
+
+class MadePages final : public PageSource
+{
+public:
+    explicit MadePages(PageList pages) : m_pages(std::make_shared<const PageList>(std::move(pages))) {}
+
+    int count() const override { return static_cast<int>(m_pages->size()); }
+    QSizeF paper(int page) const override { return (*m_pages)[page].size; }
+    std::shared_ptr<const Page> page(int page) const override { return {m_pages, &(*m_pages)[page]}; }
+    bool mayHold(int, const QStringList &) const override { return true; }
+
+private:
+    std::shared_ptr<const PageList> m_pages;
+};
+
+} // namespace
+
+Pages::Pages(PageList pages) : m_source(std::make_shared<MadePages>(std::move(pages))) {}
+
 void Drawing::add(const Drawing &other, QPointF offset)
 {
     for (FilledArea filled : other.areas) {

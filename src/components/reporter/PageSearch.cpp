@@ -71,17 +71,21 @@ private:
 
 } // namespace
 
-std::vector<Hit> findText(const PageList &pages, const QString &words)
+std::vector<Hit> findText(const Pages &pages, const QString &words)
 {
     std::vector<Hit> hits;
     const QString wanted = words.simplified();
     if (wanted.isEmpty())
         return hits;
-    for (std::size_t page = 0; page < pages.size(); ++page) {
-        const PageText text(pages[page]);
+    const QStringList each = wanted.split(QLatin1Char(' '));
+    for (int page = 0; page < pages.size(); ++page) {
+        if (!pages.mayHold(page, each))
+            continue;
+        const auto drawn = pages[page];
+        const PageText text(*drawn);
         qsizetype at = text.text().indexOf(wanted, 0, Qt::CaseInsensitive);
         for (; at >= 0; at = text.text().indexOf(wanted, at + wanted.size(), Qt::CaseInsensitive)) {
-            hits.push_back({static_cast<int>(page), text.areas(at, at + wanted.size())});
+            hits.push_back({page, text.areas(at, at + wanted.size())});
             if (hits.size() >= mostHits)
                 return hits;
         }

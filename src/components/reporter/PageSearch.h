@@ -12,7 +12,7 @@ struct Hit
 };
 
 /// Looks for words in pages, without regard to case and to how many blanks or lines part them. At most `mostHits`.
-std::vector<Hit> findText(const PageList &pages, const QString &words);
+std::vector<Hit> findText(const Pages &pages, const QString &words);
 
 constexpr std::size_t mostHits = 10'000;
 

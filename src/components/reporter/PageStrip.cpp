@@ -33,12 +33,9 @@ QPixmap pictureOf(const Page &page, qreal dots)
 class Pictures : public QAbstractListModel
 {
 public:
-    Pictures(const PageList &pages, PageStrip *strip) : QAbstractListModel(strip), m_pages(pages), m_strip(strip) {}
+    Pictures(Pages pages, PageStrip *strip) : QAbstractListModel(strip), m_pages(std::move(pages)), m_strip(strip) {}
 
-    int rowCount(const QModelIndex &parent) const override
-    {
-        return parent.isValid() ? 0 : static_cast<int>(m_pages.size());
-    }
+    int rowCount(const QModelIndex &parent) const override { return parent.isValid() ? 0 : m_pages.size(); }
 
     QVariant data(const QModelIndex &index, int role) const override
     {
@@ -52,7 +49,7 @@ public:
             return placeSize;
         case Qt::DecorationRole:
             if (!m_drawn.contains(page))
-                m_drawn.insert(page, new QPixmap(pictureOf(m_pages[page], m_strip->devicePixelRatioF())));
+                m_drawn.insert(page, new QPixmap(pictureOf(*m_pages[page], m_strip->devicePixelRatioF())));
             return *m_drawn.object(page);
         default:
             return {};
@@ -60,14 +57,14 @@ public:
     }
 
 private:
-    const PageList &m_pages;
+    Pages m_pages;
     PageStrip *m_strip;
     mutable QCache<int, QPixmap> m_drawn{picturesKept};
 };
 
 } // namespace
 
-PageStrip::PageStrip(const PageList &pages, QWidget *parent) : QListView(parent)
+PageStrip::PageStrip(const Pages &pages, QWidget *parent) : QListView(parent)
 {
     setFrameShape(QFrame::NoFrame);
     setViewMode(QListView::IconMode);

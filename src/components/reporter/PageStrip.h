@@ -12,8 +12,7 @@ class PageStrip : public QListView
     Q_OBJECT
 
 public:
-    /// Shows the pages of `pages`, which must live longer.
-    explicit PageStrip(const PageList &pages, QWidget *parent = nullptr);
+    explicit PageStrip(const Pages &pages, QWidget *parent = nullptr);
 
     /// Marks the page that is read now, without choosing it.
     void follow(int page);

@@ -29,16 +29,16 @@ PageView::PageView(QWidget *parent) : QAbstractScrollArea(parent)
     connect(verticalScrollBar(), &QScrollBar::valueChanged, this, &PageView::viewChanged);
 }
 
-void PageView::setPages(PageList pages)
+void PageView::setPages(Pages pages)
 {
     m_pages = std::move(pages);
     m_tops.clear();
     m_widest = 0;
     qreal top = 0;
-    for (const Page &page : m_pages) {
+    for (int page = 0; page < m_pages.size(); ++page) {
         m_tops.push_back(top);
-        top += page.size.height();
-        m_widest = std::max(m_widest, page.size.width());
+        top += m_pages.paper(page).height();
+        m_widest = std::max(m_widest, m_pages.paper(page).width());
     }
     m_hits.clear();
     m_currentHit = -1;
@@ -55,7 +55,7 @@ qreal PageView::pixelsPerTwip() const
 QRectF PageView::pageArea(int page) const
 {
     const qreal scale = pixelsPerTwip();
-    const QSizeF size = m_pages[page].size * scale;
+    const QSizeF size = m_pages.paper(page) * scale;
     const qreal left = (std::max<qreal>(viewport()->width(), wholeSize().width()) - size.width()) / 2;
     return {QPointF(std::floor(left), std::floor(m_tops[page] * scale + gap * (page + 1))), size};
 }
@@ -64,7 +64,7 @@ QSizeF PageView::wholeSize() const
 {
     if (m_pages.empty())
         return {};
-    const qreal twips = m_tops.back() + m_pages.back().size.height();
+    const qreal twips = m_tops.back() + m_pages.paper(m_pages.size() - 1).height();
     return {m_widest * pixelsPerTwip() + 2 * gap,
             twips * pixelsPerTwip() + gap * static_cast<qreal>(m_pages.size() + 1)};
 }
@@ -75,7 +75,7 @@ void PageView::updateBars()
     verticalScrollBar()->setPageStep(viewport()->height());
     verticalScrollBar()->setRange(0, std::max(0, static_cast<int>(std::ceil(whole.height())) - viewport()->height()));
     horizontalScrollBar()->setPageStep(viewport()->width());
-    horizontalScrollBar()->setRange(0, std::max(0, static_cast<int>(std::ceil(whole.width())) - viewport()->width()));
+    horizontalScrollBar()->setRange(0, std::max(0, static_cast<int>(whole.width()) - viewport()->width()));
 }
 
 void PageView::applyZoom(qreal zoom, qreal anchor)
@@ -131,22 +131,29 @@ void PageView::fit()
     }
     const int page = currentPage();
     const qreal room = (viewport()->height() - 2 * gap) * 1440;
-    applyZoom(std::min(width, room / (m_pages[page].size.height() * logicalDpiX())), 0);
+    applyZoom(std::min(width, room / (m_pages.paper(page).height() * logicalDpiX())), 0);
     showPage(page);
+}
+
+int PageView::pageBelow(qreal y) const
+{
+    int first = 0;
+    int behind = m_pages.size();
+    while (behind - first > 1) {
+        const int middle = (first + behind) / 2;
+        (pageArea(middle).top() - gap / 2 <= y ? first : behind) = middle;
+    }
+    return first;
 }
 
 int PageView::currentPage() const
 {
-    const qreal middle = verticalScrollBar()->value() + viewport()->height() / 2.0;
-    int page = 0;
-    while (page + 1 < static_cast<int>(m_pages.size()) && pageArea(page + 1).top() - gap / 2 <= middle)
-        ++page;
-    return page;
+    return pageBelow(verticalScrollBar()->value() + viewport()->height() / 2.0);
 }
 
 void PageView::showPage(int page)
 {
-    if (page >= 0 && page < static_cast<int>(m_pages.size()))
+    if (page >= 0 && page < m_pages.size())
         verticalScrollBar()->setValue(static_cast<int>(pageArea(page).top() - gap));
 }
 
@@ -193,16 +200,16 @@ void PageView::paintEvent(QPaintEvent *)
                                               : palette().color(QPalette::Window).darker(118));
     painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
     const QPointF scrolled(horizontalScrollBar()->value(), verticalScrollBar()->value());
-    for (int i = 0; i < static_cast<int>(m_pages.size()); ++i) {
+    for (int i = pageBelow(scrolled.y()); i < m_pages.size(); ++i) {
         const QRectF area = pageArea(i).translated(-scrolled);
-        if (!area.intersects(viewport()->rect()))
-            continue;
+        if (area.top() > viewport()->height())
+            break;
         painter.fillRect(area, Qt::white); // paper is white whatever the desktop's colours are
         painter.save();
         painter.setClipRect(area);
         painter.translate(area.topLeft());
         painter.scale(pixelsPerTwip(), pixelsPerTwip());
-        paintPage(painter, m_pages[i]);
+        paintPage(painter, *m_pages[i]);
         paintHits(painter, i);
         painter.restore();
     }

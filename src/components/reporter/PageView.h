@@ -14,8 +14,8 @@ class PageView : public QAbstractScrollArea
 public:
     explicit PageView(QWidget *parent = nullptr);
 
-    void setPages(PageList pages);
-    const PageList &pages() const { return m_pages; }
+    void setPages(Pages pages);
+    const Pages &pages() const { return m_pages; }
 
     qreal zoom() const { return m_zoom; }
     void setZoom(qreal zoom); ///< keeps the middle of the view where it is; ends fitting
@@ -48,13 +48,14 @@ private:
 
     qreal pixelsPerTwip() const;
     QRectF pageArea(int page) const; ///< in pixels of the whole column of pages
+    int pageBelow(qreal y) const;    ///< the last whose area begins above that place
     QSizeF wholeSize() const;
     void applyZoom(qreal zoom, qreal anchor); ///< what lies `anchor` pixels below the view's top stays there
     void updateBars();
     void fit();
     void paintHits(QPainter &painter, int page) const;
 
-    PageList m_pages;
+    Pages m_pages{PageList()};
     std::vector<qreal> m_tops; ///< upper edge of each page in twips, gaps between pages not counted
     qreal m_widest = 0;
     qreal m_zoom = 1;

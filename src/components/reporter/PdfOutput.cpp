@@ -1,72 +1,13 @@
 #include "components/reporter/PdfOutput.h"
 
-#include "components/reporter/Paint.h"
-#include "components/reporter/PdfText.h"
-#include <QBuffer>
+#include "components/reporter/PdfSheets.h"
 #include <QFile>
-#include <QMarginsF>
-#include <QPageSize>
-#include <QPainter>
-#include <QPdfWriter>
 #include <filesystem>
 #include <system_error>
 
 namespace ledgora::reporter {
 
 namespace {
-
-constexpr int twipsPerInch = 1440;
-constexpr qreal twipsPerPoint = 20;
-
-QPageSize paperOf(const Page &page)
-{
-    return QPageSize(page.size / twipsPerPoint, QPageSize::Point, QString(), QPageSize::FuzzyMatch);
-}
-
-/// Draws the page and notes the texts that had to be marked.
-void drawPage(QPainter &painter, const Page &page, std::vector<QString> &marked)
-{
-    paintGround(painter, page);
-    for (const TextPiece &piece : page.drawing.texts) {
-        const bool mark = needsCharacters(piece.text);
-        if (mark) {
-            beginCharacters(painter, static_cast<int>(marked.size()));
-            marked.push_back(piece.text);
-        }
-        paintText(painter, piece);
-        if (mark)
-            endCharacters(painter);
-    }
-}
-
-/// The pages as a PDF file in memory; empty when they can not be drawn.
-QByteArray drawn(const PageList &pages, const QString &title)
-{
-    QByteArray pdf;
-    QBuffer buffer(&pdf);
-    buffer.open(QIODevice::WriteOnly);
-    std::vector<QString> marked;
-    QPdfWriter writer(&buffer);
-    writer.setResolution(twipsPerInch); // one unit of the device is one twip
-    writer.setTitle(title);
-    writer.setCreator(QStringLiteral("Ledgora"));
-    writer.setPageMargins(QMarginsF());
-    writer.setPageSize(paperOf(pages.front()));
-    QPainter painter;
-    if (!painter.begin(&writer))
-        return {};
-    for (std::size_t i = 0; i < pages.size(); ++i) {
-        if (i > 0) {
-            writer.setPageSize(paperOf(pages[i]));
-            if (!writer.newPage())
-                return {};
-        }
-        drawPage(painter, pages[i], marked);
-    }
-    if (!painter.end())
-        return {};
-    return marked.empty() ? pdf : withCharacters(pdf, marked);
-}
 
 QString removed(QFile &part, const QString &reason)
 {
@@ -77,18 +18,28 @@ QString removed(QFile &part, const QString &reason)
 
 } // namespace
 
-QString writePdf(const PageList &pages, const QString &path, const QString &title)
+QString writePdf(const Pages &pages, const QString &path, const QString &title, const Progress &progress)
 {
     if (pages.empty())
         return QStringLiteral("there are no pages to write");
+    PdfSheets sheets(title);
+    for (int page = 0; page < pages.size(); ++page) {
+        if (!progress(page, pages.size(), QStringLiteral("Writing pages")))
+            return QString::fromLatin1(cancelledText);
+        if (!sheets.add(*pages[page]))
+            break;
+    }
+    const QByteArray pdf = sheets.finish();
+    return pdf.isEmpty() ? QStringLiteral("the pages could not be drawn") : writeWhole(pdf, path);
+}
+
+QString writeWhole(const QByteArray &content, const QString &path)
+{
     QFile part(path + QStringLiteral(".part"));
     part.remove(); // left over from a run that was broken off
     if (!part.open(QIODevice::WriteOnly | QIODevice::NewOnly))
         return part.errorString();
-    const QByteArray pdf = drawn(pages, title);
-    if (pdf.isEmpty())
-        return removed(part, QStringLiteral("the pages could not be drawn"));
-    if (part.write(pdf) != pdf.size() || !part.flush() || part.error() != QFileDevice::NoError)
+    if (part.write(content) != content.size() || !part.flush() || part.error() != QFileDevice::NoError)
         return removed(part, part.errorString());
     part.close();
     std::error_code fault;

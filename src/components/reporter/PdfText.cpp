@@ -1,10 +1,10 @@
 #include "components/reporter/PdfText.h"
 
+#include "components/reporter/PdfFile.h"
 #include <QPainter>
 #include <QStringEncoder>
 #include <cstdlib>
 #include <memory>
-#include <qpdf/qpdf-c.h>
 
 namespace ledgora::reporter {
 
@@ -53,51 +53,23 @@ QByteArray withBrackets(const QByteArray &content, const std::vector<QString> &t
     return changed + content.mid(done);
 }
 
-/// A PDF file that is taken apart; after any fault all further steps do nothing, and there is no result.
-class PdfFile
+void bracketPage(const PdfFile &file, int number, const std::vector<QString> &texts)
 {
-public:
-    explicit PdfFile(const QByteArray &pdf) : m_file(qpdf_init())
-    {
-        qpdf_silence_errors(m_file);
-        qpdf_set_suppress_warnings(m_file, QPDF_TRUE);
-        qpdf_read_memory(m_file, "document", pdf.constData(), static_cast<unsigned long long>(pdf.size()), nullptr);
-    }
-    PdfFile(const PdfFile &) = delete;
-    PdfFile &operator=(const PdfFile &) = delete;
-    ~PdfFile() { qpdf_cleanup(&m_file); }
-
-    bool failed() const { return qpdf_has_error(m_file) != QPDF_FALSE; }
-    int pages() const { return failed() ? 0 : qpdf_get_num_pages(m_file); }
-
-    void bracketPage(int number, const std::vector<QString> &texts)
-    {
-        const qpdf_oh page = qpdf_get_page_n(m_file, static_cast<std::size_t>(number));
-        unsigned char *data = nullptr;
-        std::size_t size = 0;
-        if (qpdf_oh_get_page_content_data(m_file, page, &data, &size) != QPDF_SUCCESS)
-            return;
-        const std::unique_ptr<unsigned char, decltype(&std::free)> owner(data, &std::free);
-        const QByteArray content = withBrackets(
-            QByteArray::fromRawData(reinterpret_cast<const char *>(data), static_cast<qsizetype>(size)), texts);
-        const qpdf_oh stream = qpdf_oh_new_stream(m_file);
-        qpdf_oh_replace_stream_data(m_file, stream, reinterpret_cast<const unsigned char *>(content.constData()),
-                                    static_cast<std::size_t>(content.size()), qpdf_oh_new_null(m_file),
-                                    qpdf_oh_new_null(m_file));
-        qpdf_oh_replace_key(m_file, page, "/Contents", stream);
-    }
-
-    QByteArray whole()
-    {
-        if (failed() || qpdf_init_write_memory(m_file) != QPDF_SUCCESS || qpdf_write(m_file) != QPDF_SUCCESS)
-            return {};
-        return {reinterpret_cast<const char *>(qpdf_get_buffer(m_file)),
-                static_cast<qsizetype>(qpdf_get_buffer_length(m_file))};
-    }
-
-private:
-    qpdf_data m_file;
-};
+    const qpdf_data handle = file.handle();
+    const qpdf_oh page = qpdf_get_page_n(handle, static_cast<std::size_t>(number));
+    unsigned char *data = nullptr;
+    std::size_t size = 0;
+    if (qpdf_oh_get_page_content_data(handle, page, &data, &size) != QPDF_SUCCESS)
+        return;
+    const std::unique_ptr<unsigned char, decltype(&std::free)> owner(data, &std::free);
+    const QByteArray content = withBrackets(
+        QByteArray::fromRawData(reinterpret_cast<const char *>(data), static_cast<qsizetype>(size)), texts);
+    const qpdf_oh stream = qpdf_oh_new_stream(handle);
+    qpdf_oh_replace_stream_data(handle, stream, reinterpret_cast<const unsigned char *>(content.constData()),
+                                static_cast<std::size_t>(content.size()), qpdf_oh_new_null(handle),
+                                qpdf_oh_new_null(handle));
+    qpdf_oh_replace_key(handle, page, "/Contents", stream);
+}
 
 } // namespace
 
@@ -130,11 +102,12 @@ void endCharacters(QPainter &painter)
     dot(painter, endMark);
 }
 
-QByteArray withCharacters(const QByteArray &pdf, const std::vector<QString> &texts)
+QByteArray withCharacters(const QByteArray &pdf, const MarkedTexts &marked)
 {
     PdfFile file(pdf);
-    for (int page = 0; page < file.pages(); ++page)
-        file.bracketPage(page, texts);
+    for (const int page : marked.pages)
+        if (page < file.pages())
+            bracketPage(file, page, marked.texts);
     const QByteArray whole = file.whole();
     return whole.isEmpty() ? pdf : whole;
 }

@@ -21,8 +21,15 @@ bool needsCharacters(const QString &text);
 void beginCharacters(QPainter &painter, int number);
 void endCharacters(QPainter &painter);
 
-/// The file with brackets in place of the marks; `texts` by their numbers. A file that can not be taken apart comes
-/// back as it is: what it shows is right, and the marks show nowhere.
-QByteArray withCharacters(const QByteArray &pdf, const std::vector<QString> &texts);
+/// The texts of a file that were drawn between marks, by their numbers, and the pages (from 0) on which they stand.
+struct MarkedTexts
+{
+    std::vector<QString> texts;
+    std::vector<int> pages;
+};
+
+/// The file with brackets in place of the marks. A file that can not be taken apart comes back as it is: what it shows
+/// is right, and the marks show nowhere.
+QByteArray withCharacters(const QByteArray &pdf, const MarkedTexts &marked);
 
 } // namespace ledgora::reporter

@@ -163,6 +163,11 @@ void RtfInterpreter::word(const RtfToken &token)
 {
     if (m_state.destination == Destination::Skipped)
         return;
+    if (m_state.destination == Destination::Alternative) {
+        if (token.text == "ud")
+            m_state.destination = Destination::Body;
+        return;
+    }
     if (!applyWord(*this, token.text, token.parameter) && m_starred)
         skipGroup();
 }
@@ -228,6 +233,7 @@ void RtfInterpreter::flushBytes()
         m_instructionFormat = m_state.chars;
         break;
     case Destination::Picture:
+    case Destination::Alternative:
     case Destination::Skipped:
         break;
     }
@@ -318,9 +324,8 @@ void RtfInterpreter::paragraphBorder(Side side)
 
 void RtfInterpreter::paragraphBox()
 {
-    m_borderOwner = BorderOwner::Paragraph;
+    m_borderOwner = BorderOwner::Box;
     m_state.paragraph.borders.fill(BorderLine());
-    m_borderSide = Top;
 }
 
 void RtfInterpreter::cellBorder(Side side)
@@ -348,6 +353,12 @@ BorderLine &RtfInterpreter::border()
     default:
         return m_scratchBorder;
     }
+}
+
+void RtfInterpreter::beginAlternative()
+{
+    if (inBody())
+        m_state.destination = Destination::Alternative;
 }
 
 void RtfInterpreter::insert(QChar character)

@@ -25,7 +25,16 @@ public:
     CellFormat &cell() { return definition().cell; }
     Picture &picture() { return m_picture; }
     /// The border that the words of style, width and colour speak of; a scratch value when it is one we do not draw.
-    BorderLine &border();
+    /// Changes the border that the words before have named; all four of a box.
+    template<class Change>
+    void changeBorder(Change change)
+    {
+        if (m_borderOwner != BorderOwner::Box)
+            return change(border());
+        for (BorderLine &side : m_state.paragraph.borders)
+            change(side);
+    }
+    void beginAlternative();
     Colour colour(int index) const;
 
     void setCodePage(int codePage) { m_codePage = codePage; }
@@ -68,8 +77,9 @@ public:
     void skipGroup() { m_state.destination = Destination::Skipped; }
 
 private:
-    enum class Destination { Body, Fonts, Colours, Instruction, Picture, Skipped };
-    enum class BorderOwner { None, Paragraph, Cell, Page };
+    /// Alternative: text for readers that know no Unicode, with the real one in a group inside it.
+    enum class Destination { Body, Fonts, Colours, Instruction, Picture, Alternative, Skipped };
+    enum class BorderOwner { None, Paragraph, Box, Cell, Page };
     struct State
     {
         CharFormat chars;
@@ -81,6 +91,7 @@ private:
         Destination destination = Destination::Body;
         int unicodeSkip = 1;
     };
+    BorderLine &border();
     /// What `\trowd` and the words behind it have said.
     struct RowDefinition
     {

@@ -2,15 +2,18 @@
 
 #include "components/reporter/Layout.h"
 #include "components/reporter/PdfOutput.h"
+#include "components/reporter/ReportPages.h"
 #include "components/reporter/RtfReader.h"
 #include "components/reporter/RtfWriter.h"
 #include "components/reporter/Viewer.h"
 #include "host/WorkingState.h"
 #include "platform/HostObject.h"
+#include "reports/ReportCsv.h"
+#include "reports/ReportText.h"
 #include "store/ErrorLog.h"
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
+#include <utility>
 
 namespace ledgora::reporter {
 
@@ -29,6 +32,28 @@ void noteName(QString &name, const QString &placeholder, const PlaceholderValue 
     const QString number = valueText(value).trimmed();
     if (!number.isEmpty())
         name = QStringLiteral("Bill ") + number;
+}
+
+/// The viewer keeps the document, whatever becomes of the report.
+Viewer::SaveAs rtfOf(const Document &document)
+{
+    return {QStringLiteral("&RTF"), QStringLiteral("rtf"), QStringLiteral("RTF documents (*.rtf)"),
+            QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S),
+            [document](const QString &path, const Progress &) { return writeWhole(writeRtf(document), path); }};
+}
+
+Viewer::SaveAs textOf(const std::shared_ptr<const ReportRows> &rows)
+{
+    return {QStringLiteral("&Text"), QStringLiteral("txt"), QStringLiteral("Plain text (*.txt)"),
+            QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_T),
+            [rows](const QString &path, const Progress &progress) { return saveReportText(*rows, path, progress); }};
+}
+
+Viewer::SaveAs csvOf(const std::shared_ptr<const ReportRows> &rows)
+{
+    return {QStringLiteral("CS&V"), QStringLiteral("csv"), QStringLiteral("Table for spreadsheets (*.csv)"),
+            QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S),
+            [rows](const QString &path, const Progress &progress) { return saveReportCsv(*rows, path, progress); }};
 }
 
 } // namespace
@@ -62,6 +87,7 @@ void StockReporter::newreportnew(const QString &templatePath)
     const ErrorSite site("REPORTER", "NEWREPORTNEW");
     m_combined.reset();
     m_single.reset();
+    m_rows.reset();
     const auto parsed = load(templatePath, false);
     if (!parsed)
         return;
@@ -86,19 +112,35 @@ const Document *StockReporter::report() const
 
 QString StockReporter::reportName() const
 {
+    if (m_rows)
+        return titleOf(*m_rows);
     return m_single || !m_combined ? m_name : m_combined->name();
+}
+
+Pages StockReporter::pages() const
+{
+    if (m_rows)
+        return Pages(std::make_shared<ReportPages>(m_rows));
+    return report() ? layoutDocument(*report()) : PageList();
+}
+
+std::vector<Viewer::SaveAs> StockReporter::saveKinds() const
+{
+    if (m_rows)
+        return {textOf(m_rows), csvOf(m_rows)};
+    return {rtfOf(*report())};
 }
 
 void StockReporter::ShowReport(bool)
 {
     const ErrorSite site("REPORTER", "SHOWREPORT");
     m_error.clear();
-    if (!report()) {
+    const Pages shown = pages();
+    if (shown.empty()) {
         fail(noReport, QStringLiteral("there is no report to show"));
         return;
     }
-    const Document shown = *report(); // the viewer keeps it, whatever becomes of the report
-    auto *viewer = new Viewer(layoutDocument(shown), reportName(), [shown] { return writeRtf(shown); });
+    auto *viewer = new Viewer(shown, reportName(), saveKinds());
     if (gMdi)
         gMdi->showScreen(*viewer);
     else
@@ -109,19 +151,44 @@ void StockReporter::SaveToPDF(const QString &path, int)
 {
     const ErrorSite site("REPORTER", "SAVETOPDF");
     m_error.clear();
-    if (!report()) {
+    const Pages saved = pages();
+    if (saved.empty()) {
         fail(noReport, QStringLiteral("there is no report to save"));
         return;
     }
-    const QString fault = writePdf(layoutDocument(*report()), path, reportName());
+    const QString fault = writePdf(saved, path, reportName(), m_progress);
     if (!fault.isEmpty())
         fail(unwritableFile, path + QStringLiteral(": ") + fault);
+}
+
+void StockReporter::NewReport()
+{
+    m_error.clear();
+    m_single.reset();
+    m_combined.reset();
+    m_rows = std::make_shared<ReportRows>();
+    m_rows->SetCol130(std::exchange(m_nextWide, false));
+    m_rows->NewReport();
+}
+
+/// A report that is written on after it was shown is another one: what the viewer holds stays as it is.
+ReportRows &StockReporter::rows()
+{
+    if (!m_rows)
+        NewReport();
+    if (m_rows.use_count() > 1) {
+        auto own = std::make_shared<ReportRows>();
+        m_rows->writeTo(*own);
+        m_rows = std::move(own);
+    }
+    return *m_rows;
 }
 
 void StockReporter::initReport(bool fresh, bool)
 {
     m_error.clear();
     m_single.reset();
+    m_rows.reset();
     if (fresh || !m_combined)
         m_combined.emplace();
 }
@@ -168,9 +235,9 @@ void StockReporter::SaveMasterFile(const QString &path)
         fail(noReport, QStringLiteral("there is no master document to save"));
         return;
     }
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(writeRtf(m_master->document())) < 0 || !file.commit())
-        fail(unwritableFile, path + QStringLiteral(": ") + file.errorString());
+    const QString fault = writeWhole(writeRtf(m_master->document()), path);
+    if (!fault.isEmpty())
+        fail(unwritableFile, path + QStringLiteral(": ") + fault);
 }
 
 void StockReporter::AppendFile(const QString &path)
@@ -198,7 +265,47 @@ void StockReporter::AbortReport()
     m_error.clear();
     m_single.reset();
     m_combined.reset();
+    m_rows.reset();
     m_master.reset();
+    m_pdfRun.reset();
+}
+
+void StockReporter::BeginPdfRun()
+{
+    m_error.clear();
+    m_pdfRun = std::make_unique<PdfRun>();
+    m_toldFaults = 0;
+}
+
+void StockReporter::AddMasterToPdf(const QString &path)
+{
+    const ErrorSite site("REPORTER", "ADDMASTERTOPDF");
+    m_error.clear();
+    if (!m_master || !m_pdfRun) {
+        fail(noReport, QStringLiteral("there is no master document to save"));
+        return;
+    }
+    if (m_pdfRun->add(layoutDocument(m_master->document()), path, m_name))
+        tellPdfFaults();
+}
+
+std::vector<PdfFault> StockReporter::EndPdfRun()
+{
+    const ErrorSite site("REPORTER", "ENDPDFRUN");
+    m_error.clear();
+    if (!m_pdfRun)
+        return {};
+    m_pdfRun->finish();
+    tellPdfFaults();
+    const std::unique_ptr<PdfRun> run = std::move(m_pdfRun);
+    return run->faults();
+}
+
+void StockReporter::tellPdfFaults()
+{
+    const auto &faults = m_pdfRun->faults();
+    for (; m_toldFaults < faults.size(); ++m_toldFaults)
+        fail(unwritableFile, faults[m_toldFaults].path + QStringLiteral(": ") + faults[m_toldFaults].reason);
 }
 
 } // namespace ledgora::reporter

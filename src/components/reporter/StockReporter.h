@@ -2,7 +2,9 @@
 
 #include "components/reporter/CombinedReport.h"
 #include "components/reporter/Filling.h"
+#include "components/reporter/PdfRun.h"
 #include "components/reporter/TemplateCache.h"
+#include "components/reporter/Viewer.h"
 #include "platform/Reporter.h"
 #include "reports/ReportRows.h"
 #include <memory>
@@ -20,12 +22,12 @@ public:
     void SetText(const QString &placeholder, const PlaceholderValue &value) override;
     void ShowReport(bool flag) override;
     void SaveToPDF(const QString &path, int option) override;
-    void SetCol130(bool wide) override { m_rows.SetCol130(wide); }
-    void WinModeReport(bool on) override { m_rows.WinModeReport(on); }
-    void NewReport() override { m_rows.NewReport(); }
-    void WriteToReport(const ReportRow &row) override { m_rows.WriteToReport(row); }
-    void PrintText(const QString &text) override { m_rows.PrintText(text); }
-    void createtable(int first, int cells) override { m_rows.createtable(first, cells); }
+    void SetCol130(bool wide) override { m_nextWide = wide; }
+    void WinModeReport(bool) override {}
+    void NewReport() override;
+    void WriteToReport(const ReportRow &row) override { rows().WriteToReport(row); }
+    void PrintText(const QString &text) override { rows().PrintText(text); }
+    void createtable(int first, int cells) override { rows().createtable(first, cells); }
     void initReport(bool fresh, bool flag) override;
     void LoadPageSetup(const QString &templatePath) override;
     void SetFontSizeBeforeAppendFile(const QString &text, int fontSize) override;
@@ -35,19 +37,31 @@ public:
     void SaveMasterFile(const QString &path) override;
     void AppendFile(const QString &path) override;
     void AbortReport() override;
+    void BeginPdfRun() override;
+    void AddMasterToPdf(const QString &path) override;
+    std::vector<PdfFault> EndPdfRun() override;
+    void SetProgress(Progress progress) override { m_progress = std::move(progress); }
     QString LastError() const override { return m_error; }
 
 private:
     std::shared_ptr<const TemplateCache::Template> load(const QString &path, bool whole);
     void fail(qint64 number, const QString &description);
+    void tellPdfFaults();
     const Document *report() const;
     QString reportName() const;
+    ReportRows &rows();
+    Pages pages() const;
+    std::vector<Viewer::SaveAs> saveKinds() const;
 
     TemplateCache m_templates;
     std::unique_ptr<Filling> m_single;        ///< the report of newreportnew
     std::optional<CombinedReport> m_combined; ///< the report of initReport
     std::unique_ptr<Filling> m_master;
-    ReportRows m_rows; ///< the text report of NewReport
+    std::unique_ptr<PdfRun> m_pdfRun;
+    std::shared_ptr<ReportRows> m_rows; ///< the text report of NewReport; viewers share it
+    bool m_nextWide = false;
+    std::size_t m_toldFaults = 0; ///< of the run, those that were logged
+    Progress m_progress = unwatched();
     bool m_masterOpened = false;
     QString m_name; ///< what the document last filled is called in titles and file names
     QString m_error;

@@ -41,6 +41,9 @@ public:
     /// End of the rows that merged cells bind to the row at `first`.
     std::size_t groupEnd(std::size_t first) const;
     qreal height(std::size_t first, std::size_t end) const;
+    /// Whether a page may end inside the row: it may break, and a line of each of its filled cells fits into the
+    /// height.
+    bool beginsWithin(std::size_t row, qreal height) const;
     /// The rows below one another, from y = 0.
     Drawing draw(std::size_t first, std::size_t end) const;
 

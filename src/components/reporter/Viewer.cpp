@@ -26,10 +26,10 @@ QLabel *makeLabel(QWidget *row, const QString &objectName)
 
 } // namespace
 
-Viewer::Viewer(PageList pages, const QString &name, RtfSource rtf, QWidget *parent)
+Viewer::Viewer(Pages pages, const QString &name, std::vector<SaveAs> kinds, QWidget *parent)
     : QWidget(parent)
     , m_name(name)
-    , m_rtf(std::move(rtf))
+    , m_kinds(std::move(kinds))
 {
     setObjectName(QStringLiteral("ReportViewer"));
     setAttribute(Qt::WA_DeleteOnClose);
@@ -71,7 +71,7 @@ QWidget *Viewer::makePages()
     return area;
 }
 
-const PageList &Viewer::pages() const
+const Pages &Viewer::pages() const
 {
     return m_view->pages();
 }
@@ -87,9 +87,9 @@ QWidget *Viewer::makeTools()
             &Viewer::print);
     addTool(row, QStringLiteral("cmdSavePdf"), QStringLiteral("&Save as PDF"), {QKeySequence(Qt::CTRL | Qt::Key_S)},
             &Viewer::savePdf);
-    if (m_rtf)
-        addTool(row, QStringLiteral("cmdSaveRtf"), QStringLiteral("Save as &RTF"),
-                {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S)}, &Viewer::saveRtf);
+    for (const SaveAs &kind : m_kinds)
+        addTool(row, QStringLiteral("cmdSave") + kind.suffix.at(0).toUpper() + kind.suffix.mid(1),
+                QStringLiteral("Save as ") + kind.name, {kind.key}, [this, &kind] { save(kind); });
     addTool(row, QStringLiteral("cmdFind"), QStringLiteral("Fi&nd"), {QKeySequence(Qt::CTRL | Qt::Key_F)},
             &Viewer::openFind);
     layout->addSpacing(8);
@@ -111,10 +111,10 @@ QWidget *Viewer::makeTools()
     m_page = makeLabel(row, QStringLiteral("lblPage"));
     layout->addSpacing(8);
     addTool(row, QStringLiteral("cmdClose"), QStringLiteral("&Close"), {QKeySequence(Qt::Key_Escape)}, &Viewer::leave);
-    addKey(QKeySequence(Qt::Key_F3), &Viewer::findNext);
-    addKey(QKeySequence(Qt::SHIFT | Qt::Key_F3), &Viewer::findPrevious);
-    addKey(QKeySequence(Qt::CTRL | Qt::Key_PageUp), &Viewer::pageBefore);
-    addKey(QKeySequence(Qt::CTRL | Qt::Key_PageDown), &Viewer::pageBehind);
+    addKey(QKeySequence(Qt::Key_F3), [this] { findNext(); });
+    addKey(QKeySequence(Qt::SHIFT | Qt::Key_F3), [this] { findPrevious(); });
+    addKey(QKeySequence(Qt::CTRL | Qt::Key_PageUp), [this] { pageBefore(); });
+    addKey(QKeySequence(Qt::CTRL | Qt::Key_PageDown), [this] { pageBehind(); });
     const auto tell = [this](const char *key, const char *effect) {
         m_keys.push_back({QString::fromLatin1(key), QString::fromLatin1(effect)});
     };
@@ -126,7 +126,7 @@ QWidget *Viewer::makeTools()
     return row;
 }
 
-void Viewer::addKey(const QKeySequence &key, void (Viewer::*action)())
+void Viewer::addKey(const QKeySequence &key, const std::function<void()> &action)
 {
     auto *shortcut = new QShortcut(key, this);
     shortcut->setContext(Qt::WidgetWithChildrenShortcut);
@@ -135,7 +135,7 @@ void Viewer::addKey(const QKeySequence &key, void (Viewer::*action)())
 
 /// The keys work in this window and nowhere else: several previews, and the host's own keys, live in one program.
 void Viewer::addTool(QWidget *row, const QString &objectName, const QString &caption, const QList<QKeySequence> &keys,
-                     void (Viewer::*action)())
+                     const std::function<void()> &action)
 {
     auto *button = new QPushButton(caption, row);
     button->setObjectName(objectName);
@@ -149,6 +149,12 @@ void Viewer::addTool(QWidget *row, const QString &objectName, const QString &cap
         addKey(key, action);
 }
 
+void Viewer::addTool(QWidget *row, const QString &objectName, const QString &caption, const QList<QKeySequence> &keys,
+                     void (Viewer::*action)())
+{
+    addTool(row, objectName, caption, keys, [this, action] { (this->*action)(); });
+}
+
 void Viewer::keyPressEvent(QKeyEvent *event)
 {
     if (event->key() == Qt::Key_F1)
@@ -160,7 +166,7 @@ void Viewer::keyPressEvent(QKeyEvent *event)
 void Viewer::tellView()
 {
     m_zoom->setText(QString::number(qRound(m_view->zoom() * 100)) + QLatin1Char('%'));
-    m_page->setText(QStringLiteral("Page %1 of %2").arg(m_view->currentPage() + 1).arg(m_view->pages().size()));
+    m_page->setText(QStringLiteral("Page %1 of %2").arg(m_view->currentPage() + 1).arg(pages().size()));
     if (!m_choosing)
         m_strip->follow(m_view->currentPage());
 }

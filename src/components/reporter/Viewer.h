@@ -2,6 +2,8 @@
 
 #include "components/reporter/PageList.h"
 #include "controls/KeysWindow.h"
+#include "platform/Progress.h"
+#include <QKeySequence>
 #include <QWidget>
 #include <functional>
 
@@ -22,14 +24,22 @@ class Viewer : public QWidget
     Q_OBJECT
 
 public:
-    /// The text of an RTF file with what is shown.
-    using RtfSource = std::function<QByteArray()>;
+    /// A kind of file, beside PDF, as which what is shown can be saved.
+    struct SaveAs
+    {
+        QString name;   ///< "RTF", in the button's caption with the "&" of its access key
+        QString suffix; ///< "rtf"
+        QString filter; ///< for the dialog
+        QKeySequence key;
+        /// Writes the file; answers "" or what went wrong.
+        std::function<QString(const QString &path, const Progress &progress)> write;
+    };
 
     /// `name` is what the document is called: in the title, in the PDF file and, made fit for a file, as the file name
-    /// that saving proposes. Without `rtf` it can not be saved as RTF.
-    Viewer(PageList pages, const QString &name, RtfSource rtf = {}, QWidget *parent = nullptr);
+    /// that saving proposes.
+    Viewer(Pages pages, const QString &name, std::vector<SaveAs> kinds = {}, QWidget *parent = nullptr);
 
-    const PageList &pages() const;
+    const Pages &pages() const;
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;
@@ -38,11 +48,13 @@ private:
     QWidget *makeTools();
     QWidget *makePages();
     void addTool(QWidget *row, const QString &objectName, const QString &caption, const QList<QKeySequence> &keys,
+                 const std::function<void()> &action);
+    void addTool(QWidget *row, const QString &objectName, const QString &caption, const QList<QKeySequence> &keys,
                  void (Viewer::*action)());
-    void addKey(const QKeySequence &key, void (Viewer::*action)());
+    void addKey(const QKeySequence &key, const std::function<void()> &action);
     void print();
     void savePdf();
-    void saveRtf();
+    void save(const SaveAs &kind);
     QString chooseFile(const QString &objectName, const QString &title, const QString &suffix, const QString &filter);
     void tellSaved(const QString &path, const QString &fault);
     void zoomIn();
@@ -61,7 +73,7 @@ private:
     void tellView();
 
     QString m_name;
-    RtfSource m_rtf;
+    std::vector<SaveAs> m_kinds;
     std::vector<KeyRow> m_keys; ///< of its tools, for F1
     PageView *m_view = nullptr;
     PageStrip *m_strip = nullptr;
@@ -74,7 +86,7 @@ private:
 
 /// Prints the pages (of the printer's range, when it has one) as often as the printer is told; answers "" or what went
 /// wrong.
-QString printPages(QPrinter &printer, const PageList &pages);
+QString printPages(QPrinter &printer, const Pages &pages, const Progress &progress = unwatched());
 
 /// A name as a file name: what file systems refuse becomes "-" ("MA/17" gives "MA-17"), at most 100 characters.
 QString fileNameFor(const QString &name);

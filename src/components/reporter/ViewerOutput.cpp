@@ -3,6 +3,7 @@
 #include "components/reporter/PageView.h"
 #include "components/reporter/Paint.h"
 #include "components/reporter/PdfOutput.h"
+#include "controls/WorkBar.h"
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -11,7 +12,6 @@
 #include <QPainter>
 #include <QPrintDialog>
 #include <QPrinter>
-#include <QSaveFile>
 #include <QStandardPaths>
 #include <algorithm>
 
@@ -41,14 +41,6 @@ std::vector<int> sheetsOf(const QPrinter &printer, int last)
     return sheets;
 }
 
-QString writeFile(const QString &path, const QByteArray &content)
-{
-    QSaveFile file(path);
-    if (file.open(QIODevice::WriteOnly) && file.write(content) == content.size() && file.commit())
-        return {};
-    return file.errorString();
-}
-
 } // namespace
 
 void Viewer::print()
@@ -57,15 +49,16 @@ void Viewer::print()
     printer.setDocName(m_name);
     QPrintDialog dialog(&printer, this);
     dialog.setObjectName(QStringLiteral("dlgPrint"));
-    dialog.setMinMax(1, static_cast<int>(pages().size()));
+    dialog.setMinMax(1, pages().size());
     dialog.setOptions(QAbstractPrintDialog::PrintPageRange | QAbstractPrintDialog::PrintCurrentPage
                       | QAbstractPrintDialog::PrintCollateCopies | QAbstractPrintDialog::PrintToFile);
     if (dialog.exec() != QDialog::Accepted)
         return;
     if (printer.printRange() == QPrinter::CurrentPage)
         printer.setFromTo(m_view->currentPage() + 1, m_view->currentPage() + 1);
-    const QString fault = printPages(printer, pages());
-    if (!fault.isEmpty())
+    WorkBar bar(this, QStringLiteral("Printing"));
+    const QString fault = printPages(printer, pages(), bar.progress());
+    if (!fault.isEmpty() && !bar.wasCanceled())
         QMessageBox::warning(this, windowTitle(), QStringLiteral("The document could not be printed: ") + fault);
 }
 
@@ -87,7 +80,9 @@ QString Viewer::chooseFile(const QString &objectName, const QString &title, cons
 
 void Viewer::tellSaved(const QString &path, const QString &fault)
 {
-    if (fault.isEmpty())
+    if (fault == QLatin1String(cancelledText))
+        m_done->setText(QStringLiteral("Not saved"));
+    else if (fault.isEmpty())
         m_done->setText(QStringLiteral("Saved ") + QFileInfo(path).fileName());
     else
         QMessageBox::warning(this, windowTitle(),
@@ -99,32 +94,41 @@ void Viewer::savePdf()
 {
     const QString path = chooseFile(QStringLiteral("dlgSavePdf"), QStringLiteral("Save as PDF"), QStringLiteral("pdf"),
                                     QStringLiteral("PDF files (*.pdf)"));
-    if (!path.isEmpty())
-        tellSaved(path, writePdf(pages(), path, m_name));
+    if (path.isEmpty())
+        return;
+    WorkBar bar(this, QStringLiteral("Saving"));
+    tellSaved(path, writePdf(pages(), path, m_name, bar.progress()));
 }
 
-void Viewer::saveRtf()
+void Viewer::save(const SaveAs &kind)
 {
-    const QString path = chooseFile(QStringLiteral("dlgSaveRtf"), QStringLiteral("Save as RTF"), QStringLiteral("rtf"),
-                                    QStringLiteral("RTF documents (*.rtf)"));
-    if (!path.isEmpty())
-        tellSaved(path, writeFile(path, m_rtf()));
+    const QString name = QString(kind.name).remove(QLatin1Char('&'));
+    const QString path = chooseFile(QStringLiteral("dlgSave") + kind.suffix.at(0).toUpper() + kind.suffix.mid(1),
+                                    QStringLiteral("Save as ") + name, kind.suffix, kind.filter);
+    if (path.isEmpty())
+        return;
+    WorkBar bar(this, QStringLiteral("Saving"));
+    tellSaved(path, kind.write(path, bar.progress()));
 }
 
-QString printPages(QPrinter &printer, const PageList &pages)
+QString printPages(QPrinter &printer, const Pages &pages, const Progress &progress)
 {
     if (pages.empty())
         return QStringLiteral("there are no pages to print");
     printer.setFullPage(true); // the margins are in the pages
-    const std::vector<int> sheets = sheetsOf(printer, static_cast<int>(pages.size()));
+    const std::vector<int> sheets = sheetsOf(printer, pages.size());
     const auto paper = [&](int page) {
-        return QPageSize(pages[page - 1].size / 20, QPageSize::Point, QString(), QPageSize::FuzzyMatch);
+        return QPageSize(pages.paper(page - 1) / 20, QPageSize::Point, QString(), QPageSize::FuzzyMatch);
     };
     printer.setPageSize(paper(sheets.front()));
     QPainter painter;
     if (!painter.begin(&printer))
         return QStringLiteral("the printer does not take the document");
     for (std::size_t i = 0; i < sheets.size(); ++i) {
+        if (!progress(static_cast<qint64>(i), static_cast<qint64>(sheets.size()), QStringLiteral("Printing pages"))) {
+            printer.abort();
+            return QString::fromLatin1(cancelledText);
+        }
         if (i > 0) {
             printer.setPageSize(paper(sheets[i]));
             if (!printer.newPage())
@@ -132,7 +136,7 @@ QString printPages(QPrinter &printer, const PageList &pages)
         }
         painter.save();
         scaleToTwips(painter, printer.logicalDpiX(), printer.logicalDpiY());
-        paintPage(painter, pages[sheets[i] - 1]);
+        paintPage(painter, *pages[sheets[i] - 1]);
         painter.restore();
     }
     return painter.end() ? QString() : QStringLiteral("the printer broke off");

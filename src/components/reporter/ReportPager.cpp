@@ -1,0 +1,341 @@
+#include "components/reporter/ReportPager.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace ledgora::reporter {
+
+namespace {
+
+constexpr qreal tolerance = 0.5; ///< twips that sums of heights may be off
+constexpr qreal tableGap = 0.4;  ///< between a table and free lines, in lines
+
+} // namespace
+
+ReportPager::ReportPager(const ReportRows &rows)
+    : m_rows(rows)
+    , m_grids(gridsOf(rows))
+    , m_paper(rows.wide())
+    , m_faces(m_paper)
+{
+}
+
+/// A code that stands ahead of the row's text counts for the row itself, one within it for what follows.
+PrintState ReportPager::pitchOf(int entry, PrintState print) const
+{
+    return m_rows.cells(entry) > 0 ? afterLeadingCodes(m_rows.cell(entry, 0), print) : print;
+}
+
+const RowFace &ReportPager::faceOf(int entry, const PrintState &print)
+{
+    return m_faces.face(gridOf(entry), pitchOf(entry, print).condensed);
+}
+
+ReportPager::Height ReportPager::heightOf(int entry, PrintState &print)
+{
+    const RowGrid &grid = gridOf(entry);
+    const RowFace &face = faceOf(entry, print);
+    Height height;
+    std::size_t next = 0;
+    for (int cell = 0; cell < m_rows.cells(entry); ++cell) {
+        const bool exists = next < grid.cells.size() && grid.cells[next].index == cell;
+        const int lines = wrappedLines(m_rows.cell(entry, cell), exists ? grid.cells[next].room : 1, print);
+        if (exists) {
+            height.count = std::max(height.count, lines);
+            ++next;
+        }
+    }
+    height.lines = height.count * face.line;
+    if (grid.inTable) {
+        const bool belowRule = m_last && m_last->hasBottom();
+        height.above = grid.hasTop() || belowRule ? face.rulePadding : face.padding;
+        height.below = grid.hasBottom() ? face.rulePadding : face.padding;
+    }
+    return height;
+}
+
+bool ReportPager::isBlank(int entry) const
+{
+    for (int cell = 0; cell < m_rows.cells(entry); ++cell)
+        if (!shownText(m_rows.cell(entry, cell)).trimmed().isEmpty())
+            return false;
+    return !isRow(entry) || (!gridOf(entry).hasTop() && !gridOf(entry).hasBottom());
+}
+
+bool ReportPager::fill(ReportPlace &place, ReportCanvas *canvas)
+{
+    m_canvas = canvas;
+    m_y = m_bodyTop = m_paper.top;
+    m_last = nullptr;
+    m_goesOn = place.inTable;
+    if (place.inTable && place.hasHeading() && place.entry < m_rows.size() && isRow(place.entry)
+        && gridOf(place.entry).inTable)
+        repeatHeading(place);
+    while (place.entry < m_rows.size()) {
+        bool fits = true;
+        if (isRow(place.entry))
+            fits = takeRow(place);
+        else if (m_rows.kind(place.entry) == ReportRows::Kind::Table)
+            takeTable(place);
+        else
+            fits = takeText(place);
+        if (!fits)
+            return place.entry < m_rows.size();
+    }
+    if (!place.pending.isEmpty())
+        endLine(place);
+    closeTable(); // a report that was broken off has no total
+    return false;
+}
+
+/// A second call in the middle of a heading goes on with it.
+void ReportPager::takeTable(ReportPlace &place) const
+{
+    const bool goesOn = place.inHeading && place.headingFrom < place.headingTo;
+    ++place.entry;
+    if (goesOn)
+        return;
+    place.inHeading = true;
+    place.headingFrom = place.headingTo = place.entry;
+    place.headingPrint = place.print;
+}
+
+void ReportPager::noteHeading(ReportPlace &place, int entry) const
+{
+    const RowGrid &grid = gridOf(entry);
+    if (!grid.inTable) {
+        place.headingFrom = place.headingTo = 0;
+        place.inHeading = false;
+    } else if (place.inHeading) {
+        if (place.headingFrom == place.headingTo && !grid.hasTop())
+            place.inHeading = false; // a table without a heading
+        else
+            place.headingTo = entry + 1;
+        if (grid.hasBottom())
+            place.inHeading = false;
+    }
+}
+
+/// Height of what must stand on one page from here: all from a title to the first row below the heading. Nothing when
+/// a blank line parts this one from the next table.
+qreal ReportPager::leadHeight(const ReportPlace &place)
+{
+    constexpr int longestLead = 12; // a letter above a table need not stay with it
+    ReportPlace ahead = place;
+    qreal height = 0;
+    for (int i = 0; i < longestLead && ahead.entry < m_rows.size(); ++i, ++ahead.entry) {
+        const int entry = ahead.entry;
+        if (m_rows.kind(entry) == ReportRows::Kind::Table) {
+            takeTable(ahead);
+            --ahead.entry;
+            continue;
+        }
+        const bool row = isRow(entry);
+        const bool endsLine = row || !m_rows.text(entry).endsWith(u';');
+        if (i > 0 && endsLine && !(row && gridOf(entry).inTable) && isBlank(entry))
+            return 0;
+        const bool wasHeading = ahead.inHeading;
+        if (!row) {
+            wrappedLines(m_rows.text(entry), 1, ahead.print); // its codes
+            height += endsLine ? m_faces.plain(ahead.print.condensed).line : 0;
+            continue;
+        }
+        if (gridOf(entry).inTable != std::exchange(ahead.inTable, gridOf(entry).inTable))
+            height += faceOf(entry, ahead.print).line * tableGap;
+        height += heightOf(entry, ahead.print).whole();
+        noteHeading(ahead, entry);
+        if (gridOf(entry).inTable && !(wasHeading && ahead.headingTo > entry))
+            return height;
+    }
+    return 0; // no table
+}
+
+bool ReportPager::takeRow(ReportPlace &place)
+{
+    if (!place.pending.isEmpty())
+        endLine(place);
+    if (place.line > 0)
+        return splitRow(place);
+    const int entry = place.entry;
+    const bool inTable = gridOf(entry).inTable;
+    PrintState behind = place.print;
+    const Height height = heightOf(entry, behind);
+    const bool blank = inTable && isBlank(entry);
+    const qreal gap = isFresh() || inTable == place.inTable ? 0 : faceOf(entry, place.print).line * tableGap;
+    switch (roomFor(place, gap + height.whole())) {
+    case Room::Here:
+        m_y += gap;
+        if (!(blank && isFresh() && m_bodyTop > m_paper.top))
+            putRow(entry, place.print, height, 0, height.count);
+        break;
+    case Room::NextPage:
+        if (blank)
+            break; // it parts rows that no longer stand below one another
+        closeTable();
+        return false;
+    case Room::Nowhere:
+        return splitRow(place);
+    }
+    leaveRow(place, behind);
+    return true;
+}
+
+/// A row that begins a table, or stands above one, wants room for all that stays with it.
+ReportPager::Room ReportPager::roomFor(const ReportPlace &place, qreal height)
+{
+    const qreal room = bottom() - m_y + tolerance;
+    const qreal page = bottom() - m_bodyTop + tolerance;
+    if (height > page)
+        return !isFresh() && room < page / 4 ? Room::NextPage : Room::Nowhere;
+    if (height > room)
+        return Room::NextPage;
+    const bool begins = place.inHeading && place.headingFrom == place.headingTo;
+    const bool goesOn = place.inTable && !begins && gridOf(place.entry).inTable;
+    if (goesOn || isFresh())
+        return Room::Here;
+    const qreal lead = leadHeight(place);
+    return lead > room && lead <= page ? Room::NextPage : Room::Here;
+}
+
+void ReportPager::leaveRow(ReportPlace &place, const PrintState &behind) const
+{
+    if (place.inHeading && place.headingFrom == place.headingTo) {
+        place.headingFrom = place.headingTo = place.entry;
+        place.headingPrint = place.print;
+    }
+    noteHeading(place, place.entry);
+    place.print = behind;
+    place.inTable = gridOf(place.entry).inTable;
+    place.line = 0;
+    ++place.entry;
+}
+
+/// Puts as many lines of a row that is taller than a page as there is room for, at least one.
+bool ReportPager::splitRow(ReportPlace &place)
+{
+    PrintState behind = place.print;
+    const Height height = heightOf(place.entry, behind);
+    const RowFace &face = faceOf(place.entry, place.print);
+    const qreal room = bottom() - m_y - height.above - height.below + tolerance;
+    const int fitting = std::max(1, static_cast<int>(room / face.line));
+    const int last = std::min(height.count, place.line + fitting);
+    putRow(place.entry, place.print, height, place.line, last);
+    if (last == height.count) {
+        leaveRow(place, behind);
+        return true;
+    }
+    place.line = last;
+    place.inTable = gridOf(place.entry).inTable;
+    closeTable();
+    return false;
+}
+
+void ReportPager::repeatHeading(const ReportPlace &place)
+{
+    PrintState print = place.headingPrint;
+    qreal height = 0;
+    PrintState measured = print;
+    for (int entry = place.headingFrom; entry < place.headingTo; ++entry)
+        height += isRow(entry) ? heightOf(entry, measured).whole() : 0;
+    if (height > m_paper.height / 2)
+        return; // it would leave no room for rows
+    for (int entry = place.headingFrom; entry < place.headingTo; ++entry) {
+        if (!isRow(entry))
+            continue;
+        PrintState behind = print;
+        const Height row = heightOf(entry, behind);
+        putRow(entry, print, row, 0, row.count);
+        print = behind;
+    }
+    m_bodyTop = m_y;
+}
+
+void ReportPager::putRow(int entry, PrintState &print, const Height &height, int firstLine, int lastLine)
+{
+    const RowFace &face = faceOf(entry, print);
+    const RowGrid &grid = gridOf(entry);
+    if (m_canvas)
+        drawRow(entry, print, height, firstLine, lastLine);
+    m_y += height.above + (lastLine - firstLine) * face.line + height.below;
+    m_last = grid.inTable ? &grid : nullptr;
+    m_lastFace = &face;
+}
+
+void ReportPager::drawRow(int entry, PrintState print, const Height &height, int firstLine, int lastLine)
+{
+    const RowFace &face = faceOf(entry, print);
+    RowGrid grid = gridOf(entry);
+    const qreal down = m_y + height.above + (lastLine - firstLine) * face.line + height.below;
+    for (GridCell &cell : grid.cells) {
+        cell.top = cell.top && firstLine == 0;
+        cell.bottom = cell.bottom && lastLine == height.count;
+    }
+    if (gridOf(entry).hasTop() && grid.inTable)
+        m_canvas->band(grid, face, m_y, down);
+    m_canvas->rules(grid, face, m_y, down);
+    if (grid.inTable && m_goesOn && m_y <= m_paper.top)
+        m_canvas->close(grid, face, m_y); // without a heading the box would be open above
+    std::size_t next = 0;
+    for (int i = 0; i < m_rows.cells(entry); ++i) {
+        const bool exists = next < grid.cells.size() && grid.cells[next].index == i;
+        const auto lines = wrapCell(m_rows.cell(entry, i), exists ? grid.cells[next].room : 1, print);
+        if (!exists)
+            continue;
+        const GridCell &cell = grid.cells[next++];
+        for (int line = firstLine; line < std::min<int>(lastLine, static_cast<int>(lines.size())); ++line)
+            m_canvas->line(grid, cell, face, lines[line], m_y + height.above + (line - firstLine) * face.line);
+    }
+}
+
+/// Text as it stands, which may hold form feeds: what stands ahead of one is printed no more. False when it begins a
+/// page; then its `line` tells that this was done.
+bool ReportPager::takeText(ReportPlace &place)
+{
+    QStringView text = m_rows.text(place.entry);
+    const bool goesOn = text.endsWith(u';');
+    if (goesOn)
+        text.chop(1);
+    const qsizetype feed = text.lastIndexOf(u'\f');
+    text = text.sliced(feed + 1);
+    const bool last = place.entry + 1 == m_rows.size();
+    const bool feeds = feed >= 0 && place.line == 0 && !isFresh() && !(last && text.isEmpty());
+    const bool moves = place.inTable && !goesOn && !isFresh() && leadHeight(place) > bottom() - m_y + tolerance;
+    if (feeds || moves || m_y + m_faces.plain(place.print.condensed).line > bottom()) {
+        place.line = feeds ? 1 : place.line;
+        closeTable();
+        return false;
+    }
+    place.line = 0;
+    ++place.entry;
+    place.pending += text;
+    const bool onlyCodes = shownText(place.pending).isEmpty();
+    if (onlyCodes)
+        wrappedLines(std::exchange(place.pending, {}), 1, place.print);
+    if (!goesOn && !(feed >= 0 && onlyCodes))
+        endLine(place);
+    return true;
+}
+
+void ReportPager::endLine(ReportPlace &place)
+{
+    const auto lines = wrapCell(place.pending, m_paper.columns, place.print);
+    const RowFace &face = m_faces.plain(place.print.condensed);
+    place.pending.clear();
+    place.inTable = false;
+    m_last = nullptr;
+    for (const CellLine &line : lines) {
+        if (line.empty() && isFresh())
+            continue;
+        if (m_canvas)
+            m_canvas->freeLine(face, line, m_y);
+        m_y += face.line;
+    }
+}
+
+void ReportPager::closeTable()
+{
+    if (m_canvas && m_last && !m_last->hasBottom())
+        m_canvas->close(*m_last, *m_lastFace, m_y);
+}
+
+} // namespace ledgora::reporter
