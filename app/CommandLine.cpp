@@ -45,6 +45,10 @@ constexpr Words commands[] = {
     {"template", CommandLine::Command::Template,
      "ledgora template check FILE: look for misspelt and missing fields in a template; one line a finding, exit status "
      "1 when there is any"},
+    {"report", CommandLine::Command::Report,
+     "ledgora report KIND --firm ID --from DATE --to DATE --out FILE: write a report of bills, receipts, pending "
+     "bills, "
+     "outstanding, discount, tds, sac or client account as PDF, text or csv"},
 };
 
 /// The options of the commands that look after the data, beyond those that all have.
@@ -127,6 +131,9 @@ void addOptions(QCommandLineParser &parser, CommandLine::Command command)
     case CommandLine::Command::Template:
         addTemplateOptions(parser);
         break;
+    case CommandLine::Command::Report:
+        addReportOptions(parser);
+        break;
     default:
         parser.addOption(
             {QStringLiteral("open"), QStringLiteral("Open a home screen at once: gst."), QStringLiteral("SCREEN")});
@@ -206,7 +213,7 @@ QString balanceFault(const CommandLine &line, const QCommandLineParser &parser)
                                                  : QString();
 }
 
-/// Takes the words of the commands for paper; "" or what is wrong with them.
+/// Takes the words of the commands for paper and reports; "" or what is wrong with them.
 QString readPaper(CommandLine &line, const QCommandLineParser &parser)
 {
     switch (line.command) {
@@ -216,6 +223,8 @@ QString readPaper(CommandLine &line, const QCommandLineParser &parser)
         return readPaperOptions(parser, DocumentKind::Receipt, line.paper);
     case CommandLine::Command::Template:
         return readTemplateOptions(parser, line.templ);
+    case CommandLine::Command::Report:
+        return readReportOptions(parser, line.report);
     default:
         return {};
     }
@@ -223,7 +232,9 @@ QString readPaper(CommandLine &line, const QCommandLineParser &parser)
 
 QString fault(const CommandLine &line, const QCommandLineParser &parser)
 {
-    if (!parser.positionalArguments().isEmpty() && line.command != CommandLine::Command::Template)
+    const bool takesWords =
+        line.command == CommandLine::Command::Template || line.command == CommandLine::Command::Report;
+    if (!parser.positionalArguments().isEmpty() && !takesWords)
         return QStringLiteral("unknown command \"") + parser.positionalArguments().first() + u'"';
     if (parser.isSet(QStringLiteral("today")) && !line.today.isValid())
         return QStringLiteral("--today takes a date, DD/MM/YYYY or YYYY-MM-DD");

@@ -2,6 +2,7 @@
 
 #include "OfficeChoice.h"
 #include "PaperCommands.h"
+#include "ReportCommand.h"
 #include "care/SamplePlan.h"
 #include <QDate>
 #include <QString>
@@ -24,6 +25,7 @@ struct CommandLine
         Bills,
         Receipts,
         Template,
+        Report,
         Help,
         Version,
         Wrong
@@ -42,6 +44,7 @@ struct CommandLine
     bool daily = false;                 ///< backup --daily
     PaperOptions paper;                 ///< bills, receipts
     TemplateOptions templ;              ///< template
+    ReportOptions report;               ///< report
     QDate today;                        ///< --today; invalid for the real day
     QString text;                       ///< what --help prints, or what is wrong
 };

@@ -116,6 +116,8 @@ int main(int argc, char *argv[])
         return runTemplateCheck(line.templ);
     if (line.command == CommandLine::Command::Bills || line.command == CommandLine::Command::Receipts)
         return runPaperCommand(line);
+    if (line.command == CommandLine::Command::Report)
+        return runReportCommand(line);
     if (line.command != CommandLine::Command::Window)
         return runCareCommand(line);
     return runWindow(line);
