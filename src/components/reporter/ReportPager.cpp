@@ -49,7 +49,8 @@ ReportPager::Height ReportPager::heightOf(int entry, PrintState &print)
     if (grid.inTable) {
         const bool belowRule = m_last && m_last->hasBottom();
         height.above = grid.hasTop() || belowRule ? face.rulePadding : face.padding;
-        height.below = grid.hasBottom() ? face.rulePadding : face.padding;
+        const bool aboveRule = entry + 1 < m_rows.size() && isRow(entry + 1) && gridOf(entry + 1).hasTop();
+        height.below = grid.hasBottom() || aboveRule ? face.rulePadding : face.padding;
     }
     return height;
 }
