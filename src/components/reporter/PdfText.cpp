@@ -55,7 +55,7 @@ QByteArray withBrackets(const QByteArray &content, const std::vector<QString> &t
 
 void bracketPage(const PdfFile &file, int number, const std::vector<QString> &texts)
 {
-    const qpdf_data handle = file.handle();
+    qpdf_data handle = file.handle();
     const qpdf_oh page = qpdf_get_page_n(handle, static_cast<std::size_t>(number));
     unsigned char *data = nullptr;
     std::size_t size = 0;

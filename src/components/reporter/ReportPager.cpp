@@ -133,7 +133,8 @@ qreal ReportPager::leadHeight(const ReportPlace &place)
         }
         const bool row = isRow(entry);
         const bool endsLine = row || !m_rows.text(entry).endsWith(u';');
-        if (i > 0 && endsLine && !(row && gridOf(entry).inTable) && isBlank(entry))
+        const bool inTable = row && gridOf(entry).inTable;
+        if (i > 0 && endsLine && !inTable && isBlank(entry))
             return 0;
         const bool wasHeading = ahead.inHeading;
         if (!row) {
@@ -141,11 +142,11 @@ qreal ReportPager::leadHeight(const ReportPlace &place)
             height += endsLine ? m_faces.plain(ahead.print.condensed).line : 0;
             continue;
         }
-        if (gridOf(entry).inTable != std::exchange(ahead.inTable, gridOf(entry).inTable))
+        if (inTable != std::exchange(ahead.inTable, inTable))
             height += faceOf(entry, ahead.print).line * tableGap;
         height += heightOf(entry, ahead.print).whole();
         noteHeading(ahead, entry);
-        if (gridOf(entry).inTable && !(wasHeading && ahead.headingTo > entry))
+        if (inTable && (!wasHeading || ahead.headingTo <= entry))
             return height;
     }
     return 0; // no table
@@ -166,7 +167,7 @@ bool ReportPager::takeRow(ReportPlace &place)
     switch (roomFor(place, gap + height.whole())) {
     case Room::Here:
         m_y += gap;
-        if (!(blank && isFresh() && m_bodyTop > m_paper.top))
+        if (!blank || !isFresh() || m_bodyTop <= m_paper.top)
             putRow(entry, place.print, height, 0, height.count);
         break;
     case Room::NextPage:
@@ -312,7 +313,7 @@ bool ReportPager::takeText(ReportPlace &place)
     const bool onlyCodes = shownText(place.pending).isEmpty();
     if (onlyCodes)
         wrappedLines(std::exchange(place.pending, {}), 1, place.print);
-    if (!goesOn && !(feed >= 0 && onlyCodes))
+    if (!goesOn && (feed < 0 || !onlyCodes))
         endLine(place);
     return true;
 }
