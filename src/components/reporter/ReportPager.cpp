@@ -302,7 +302,8 @@ bool ReportPager::takeText(ReportPlace &place)
     const bool last = place.entry + 1 == m_rows.size();
     const bool feeds = feed >= 0 && place.line == 0 && !isFresh() && !(last && text.isEmpty());
     const bool moves = place.inTable && !goesOn && !isFresh() && leadHeight(place) > bottom() - m_y + tolerance;
-    if (feeds || moves || m_y + m_faces.plain(place.print.condensed).line > bottom()) {
+    const bool full = !isFresh() && m_y + m_faces.plain(place.print.condensed).line > bottom() + tolerance;
+    if (feeds || moves || (full && !shownText(text).isEmpty())) {
         place.line = feeds ? 1 : place.line;
         closeTable();
         return false;
