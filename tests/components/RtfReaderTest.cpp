@@ -231,7 +231,8 @@ TEST(RtfWriter, WhatIsWrittenIsReadAsTheSame)
           "\\'80\\u8377?\\u-10179?\\u-8704?\\u2325?\\{\\\\\\}\\~\\-\\_\\tab x\\line y;\\par",
           "\\qj\\li100\\ri200\\fi-50\\sb10\\sa20\\sl-"
           "300\\tqr\\tx900\\tx300\\tqc\\tx99\\cbpat1\\brdrb\\brdrdb\\brdrw30\\brsp40 x\\par"
-          "\\pard\\keep\\keepn\\sl360\\slmult1\\brdrt\\brdrdash\\brdrcf2 y\\page\\pard\\qc\\sl300 z\\par\\par",
+          "\\pard\\keep\\keepn\\widctlpar\\sl360\\slmult1\\brdrt\\brdrdash\\brdrcf2 y\\page\\pard\\qc\\sl300 "
+          "z\\par\\par",
           "\\trowd\\trgaph70\\trleft-70\\trqc\\trrh-"
           "400\\trhdr\\trkeep\\trpaddt30\\clvmgf\\clvertalc\\clcbpat1\\clbrdrt\\brdrdot\\brdrw5"
           "\\brdrcf2\\cellx1000\\clmgf\\clpadl20\\clvertalb\\cellx2000\\clmrg\\cellx3000\\intbl a\\cell b\\par "

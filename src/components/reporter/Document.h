@@ -145,7 +145,8 @@ struct ParagraphFormat
     Colour shading;
     bool pageBreakBefore = false;
     bool keepTogether = false; ///< its lines stay on one page
-    bool keepWithNext = false; ///< no page ends between it and what follows
+    bool keepWithNext = false; ///< no page ends between it and what follows; in the first cell of a row, the next row
+    bool widowControl = false; ///< no page ends behind its first line or ahead of its last one
 
     bool operator==(const ParagraphFormat &) const = default;
 };

@@ -36,6 +36,7 @@ private:
     Laid lay(const Block &block) const;
     void addChain(const std::vector<Block> &blocks, std::size_t first, std::size_t end);
     void addParagraph(const Paragraph &paragraph, const std::vector<Slice> &slices);
+    std::size_t linesThatFit(const Paragraph &paragraph, const std::vector<Slice> &slices, std::size_t first) const;
     void addTable(const TableLayout &table);
     void addRows(const TableLayout &table, std::size_t first, std::size_t end);
     void addSplit(const TableLayout &table, std::size_t row);

@@ -53,6 +53,7 @@ public:
     void noBorder() { m_borderOwner = BorderOwner::None; }
     void resetChars();
     void resetParagraph();
+    void setWidowControl();
     void resetRow();
     void resetSection();
     void endCellFormat(int rightEdge);
@@ -165,6 +166,7 @@ private:
     bool m_colourGiven = false;
     std::vector<Colour> m_colours;
     Alignment m_tabAlignment = Alignment::Left;
+    bool m_widowControl = false;
     BorderOwner m_borderOwner = BorderOwner::None;
     Side m_borderSide = Top;
     BorderLine m_scratchBorder;

@@ -184,6 +184,7 @@ void Writer::format(const ParagraphFormat &format)
     flag(format.pageBreakBefore, "\\pagebb");
     flag(format.keepTogether, "\\keep");
     flag(format.keepWithNext, "\\keepn");
+    flag(format.widowControl, "\\widctlpar");
     words({{"\\li", format.leftIndent},
            {"\\ri", format.rightIndent},
            {"\\fi", format.firstIndent},

@@ -285,8 +285,8 @@ void StockReporter::AddMasterToPdf(const QString &path)
         fail(noReport, QStringLiteral("there is no master document to save"));
         return;
     }
-    if (m_pdfRun->add(layoutDocument(m_master->document()), path, m_name))
-        tellPdfFaults();
+    m_pdfRun->add(layoutDocument(m_master->document()), path, m_name);
+    tellPdfFaults();
 }
 
 std::vector<PdfFault> StockReporter::EndPdfRun()
