@@ -24,14 +24,15 @@ constexpr qint64 faultyTemplate = 321;
 constexpr qint64 unwritableFile = 75;
 constexpr qint64 noReport = 91;
 
-/// A bill is best known by its number.
+/// A document is best known by its number.
 void noteName(QString &name, const QString &placeholder, const PlaceholderValue &value)
 {
-    if (placeholder != QStringLiteral("#BILL_NO#"))
+    const bool isReceipt = placeholder == QStringLiteral("#RCPT_NO#");
+    if (!isReceipt && placeholder != QStringLiteral("#BILL_NO#"))
         return;
     const QString number = valueText(value).trimmed();
     if (!number.isEmpty())
-        name = QStringLiteral("Bill ") + number;
+        name = (isReceipt ? QStringLiteral("Receipt ") : QStringLiteral("Bill ")) + number;
 }
 
 /// The viewer keeps the document, whatever becomes of the report.
