@@ -74,17 +74,20 @@ QRectF roomOf(const Section &section, bool first)
     return room.height() < smallestRoom ? withinMargins(page) : room;
 }
 
-void Pager::add(const Section &section)
+bool Pager::add(const Section &section, const std::function<bool(std::size_t block)> &goesOn)
 {
     begin(section);
     const std::vector<Block> &blocks = section.blocks;
     for (std::size_t first = 0; first < blocks.size();) {
+        if (!goesOn(first))
+            return false;
         std::size_t end = first + 1;
         while (end < blocks.size() && keepsWithNext(blocks[end - 1]))
             ++end;
         addChain(blocks, first, end);
         first = end;
     }
+    return true;
 }
 
 /// A section that goes on below the former one keeps that one's paper; only its columns count at once.

@@ -2,6 +2,7 @@
 
 #include "components/reporter/Slices.h"
 #include "components/reporter/TableLayout.h"
+#include <functional>
 #include <variant>
 
 namespace ledgora::reporter {
@@ -20,7 +21,8 @@ class Pager
 public:
     explicit Pager(int pageCount) : m_pageCount(pageCount) {}
 
-    void add(const Section &section);
+    /// Asks `goesOn` ahead of each block with its number; False when that ended it.
+    bool add(const Section &section, const std::function<bool(std::size_t block)> &goesOn);
 
     PageList takePages() { return std::move(m_pages); }
     const std::vector<PageOwner> &owners() const { return m_owners; }

@@ -82,6 +82,10 @@ void RtfInterpreter::finish(const RtfTokens &tokens, bool closed)
 
 bool RtfInterpreter::take(const RtfToken &token)
 {
+    if (m_kept && !keep(token))
+        return false;
+    if (m_kept && m_state.destination == Destination::Skipped)
+        return true;
     if (m_skip > 0
         && (token.kind == RtfToken::Byte || token.kind == RtfToken::Word || token.kind == RtfToken::Symbol
             || token.kind == RtfToken::Binary)) {
@@ -120,6 +124,18 @@ bool RtfInterpreter::take(const RtfToken &token)
     }
     if (starred)
         m_starred = false;
+    return true;
+}
+
+/// The token also goes to the group that is kept. Its last brace ends it, and is carried out as any other.
+bool RtfInterpreter::keep(const RtfToken &token)
+{
+    if (m_saved.size() + static_cast<std::size_t>(m_kept->depth()) >= deepestGroup) {
+        fail(QStringLiteral("groups are nested too deeply"));
+        return false;
+    }
+    if (!m_kept->take(token, *this) && m_state.destination == Destination::Skipped)
+        insertAnchor();
     return true;
 }
 
@@ -168,6 +184,7 @@ void RtfInterpreter::word(const RtfToken &token)
             m_state.destination = Destination::Body;
         return;
     }
+    m_word = token.text.toByteArray();
     if (!applyWord(*this, token.text, token.parameter) && m_starred)
         skipGroup();
 }
@@ -301,9 +318,15 @@ void RtfInterpreter::setFont(int number)
         m_fontName.clear();
         return;
     }
-    const auto found = m_fonts.constFind(number);
-    if (found != m_fonts.cend() && !found->isEmpty())
-        m_state.chars.font = *found;
+    const QString name = m_fonts.value(number);
+    if (!name.isEmpty())
+        m_state.chars.font = name;
+}
+
+QString RtfInterpreter::fontName(int number) const
+{
+    const QString name = m_fonts.value(number);
+    return name.isEmpty() ? m_fonts.value(m_defaultFont, CharFormat().font) : name;
 }
 
 void RtfInterpreter::addTab(int position)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "components/reporter/Document.h"
+#include "components/reporter/RtfAnchor.h"
 #include "components/reporter/RtfReader.h"
 #include "components/reporter/RtfTokens.h"
 #include <QHash>
@@ -36,6 +37,8 @@ public:
     }
     void beginAlternative();
     Colour colour(int index) const;
+    /// The name of a font of the document's table, else that of the default one.
+    QString fontName(int number) const;
 
     void setCodePage(int codePage) { m_codePage = codePage; }
     void setUnicodeSkip(int count) { m_state.unicodeSkip = count; }
@@ -75,6 +78,7 @@ public:
     void readFieldResult();
     void readPicture();
     void omitGroup(const char *what);
+    void keepGroup(const char *what);
     void skipGroup() { m_state.destination = Destination::Skipped; }
 
 private:
@@ -117,6 +121,8 @@ private:
     };
 
     bool take(const RtfToken &token);
+    bool keep(const RtfToken &token);
+    void insertAnchor();
     bool beginGroup();
     bool endGroup();
     void leaveDestination(Destination left);
@@ -132,7 +138,7 @@ private:
     void endPicture();
     void endMargin();
     void insertObject(Run run);
-    void noteOmission(const QString &what);
+    static void note(QStringList &kinds, const QString &what);
 
     bool inBody() const { return m_state.destination == Destination::Body; }
     int tableLevel() const { return m_state.inTable ? std::max(1, m_state.level) : 0; }
@@ -178,7 +184,9 @@ private:
     QString m_instruction;
     CharFormat m_instructionFormat;
     Picture m_picture;
-    int m_highDigit = -1; ///< first half of a byte of the picture, or -1
+    std::optional<AnchorRecorder> m_kept; ///< the group that is kept while it is skipped, or the picture that is read
+    QByteArray m_word;                    ///< the one that is carried out
+    int m_highDigit = -1;                 ///< first half of a byte of the picture, or -1
     qint64 m_pixels = 0;
     qsizetype m_characters = 0;
     int m_paragraphs = 0;
