@@ -51,6 +51,19 @@ void Clerk::alt(char letter)
     press(Qt::Key(Qt::Key_A + (letter - 'A')), Qt::AltModifier);
 }
 
+void Clerk::altOfTwo(char letter, const char *button)
+{
+    const auto hasKeys = [button] {
+        const QWidget *focus = QApplication::focusWidget();
+        return focus && focus->objectName() == QLatin1String(button);
+    };
+    for (int times = 0; times < 2 && !hasKeys(); ++times)
+        alt(letter);
+    if (!hasKeys())
+        return noteFault(QStringLiteral("the access key does not lead to ") + QLatin1String(button));
+    press(Qt::Key_Return);
+}
+
 void Clerk::type(const QString &text)
 {
     for (const QChar c : text) {

@@ -20,6 +20,8 @@ public:
 
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier, int times = 1);
     void alt(char letter);
+    /// A command whose access key another one has too: the key goes from one to the other, Enter gives the command.
+    void altOfTwo(char letter, const char *button);
     void type(const QString &text);
     /// Types a field and leaves it with Enter.
     void enter(const QString &text = {});

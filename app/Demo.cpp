@@ -2,6 +2,7 @@
 
 #include "Clerk.h"
 #include "DemoReceipts.h"
+#include "DemoReports.h"
 #include "MainWindow.h"
 #include "Office.h"
 #include "ServerFolder.h"
@@ -141,13 +142,16 @@ QString Demo::run()
     step(QStringLiteral("bills browsed, by key and in the list"), [this] { browse(); });
     step(QStringLiteral("a bill refused by a check, and cancelled"), [this] { refusedBill(); });
     m_clerk.press(Qt::Key_G, Qt::ControlModifier);
-    keyInReceipts({.clerk = m_clerk,
-                   .window = m_window,
-                   .step = [this](const QString &what, const std::function<void()> &keys) { step(what, keys); },
-                   .check = [this](bool holds, const QString &what) { check(holds, what); },
-                   .stored = [this](const QString &query) { return stored(query); },
-                   .look = [this](const char *name) { look(name); },
-                   .out = m_out});
+    const DemoDesk desk{.clerk = m_clerk,
+                        .window = m_window,
+                        .step = [this](const QString &what, const std::function<void()> &keys) { step(what, keys); },
+                        .check = [this](bool holds, const QString &what) { check(holds, what); },
+                        .stored = [this](const QString &query) { return stored(query); },
+                        .look = [this](const char *name) { look(name); },
+                        .out = m_out};
+    keyInReceipts(desk);
+    m_clerk.press(Qt::Key_G, Qt::ControlModifier);
+    printAccounts(desk);
     if (m_fault.isEmpty())
         tellFiguresAndFiles();
     return m_fault;
@@ -393,7 +397,8 @@ void Demo::tellFiguresAndFiles()
                     qPrintable(plainNumber(m_window.gst().GetAmt(1, parties.text(0)))));
     for (const DemoBill &bill : demoBills)
         std::printf("%s\n", qPrintable(joinPath(m_out, QLatin1String(bill.pdf))));
-    std::printf("%s\n", qPrintable(joinPath(m_out, QLatin1String(receiptPdf))));
+    for (const char *pdf : {receiptPdf, accountPdf})
+        std::printf("%s\n", qPrintable(joinPath(m_out, QLatin1String(pdf))));
     std::printf("The office: %s\n", qPrintable(m_office.dataFolder()));
     check(!QFileInfo::exists(gLogPath), QStringLiteral("nothing stands in the error log ") + gLogPath);
 }

@@ -144,7 +144,7 @@ void keyInReceipts(const DemoDesk &desk)
 {
     ReceiptClerk clerk(desk);
     desk.step(QStringLiteral("receipt screen opened"), [&] {
-        desk.clerk.alt('R');
+        desk.clerk.altOfTwo('R', "cmdRecps");
         desk.look("receipt-screen-first-start");
     });
     desk.step(QStringLiteral("a receipt refused that would overpay its bill"), [&] { clerk.overpay(); });

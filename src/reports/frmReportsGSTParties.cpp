@@ -43,6 +43,7 @@ void frmReportsGST::connectParties()
         list->setColumnHidden(column, !shown);
     }
     list->setWidths({0, 0.18, 0.15, 0, 0, 0, 0, 0, 0, 0, 0, 0.15, 0.11, 0.06}, ListedName);
+    list->horizontalHeader()->moveSection(ListedName, 0); // what a clerk looks for
     list->column(ListedTick).check = true;
     list->setEditRules([](int, int column) { return column == ListedTick; }, {});
     list->horizontalHeader()->setSectionsClickable(true);

@@ -27,6 +27,12 @@ TEST_P(CommandLineCall, IsUnderstood)
     EXPECT_TRUE(line.text.contains(GetParam().says)) << line.text.toStdString();
 }
 
+/// A report of a year into a file, with further words.
+QStringList report(const QStringList &words)
+{
+    return QStringList{"report", "--firm", "1", "--from", "01/04/2023", "--to", "2024-03-31", "--out", "x.PDF"} + words;
+}
+
 INSTANTIATE_TEST_SUITE_P(
     Calls, CommandLineCall,
     testing::Values(
@@ -76,12 +82,43 @@ INSTANTIATE_TEST_SUITE_P(
         Call{"TemplateOfAnotherName", {"template", "check", "letter.doc"}, Command::Wrong, "--kind"},
         Call{"TemplateOfNoKind", {"template", "check", "letter.doc", "--kind", "memo"}, Command::Wrong, "--kind"},
         Call{"TemplateWithoutAFile", {"template", "check"}, Command::Wrong, "check FILE"},
+        Call{"Report", report({"bills"}), Command::Report}, Call{"ReportOfNoKind", report({}), Command::Wrong, "kind"},
+        Call{"ReportOfAnotherKind", report({"ledger"}), Command::Wrong, "kind"},
+        Call{"ReportOfTwoKinds", report({"bills", "tds"}), Command::Wrong, "kind"},
+        Call{"ReportWithoutAnEnd", {"report", "tds", "--firm", "1", "--from", "2023-04-01"}, Command::Wrong, "--to"},
+        Call{"ReportBackwards", report({"sac", "--to", "2023-03-31"}), Command::Wrong, "--from"},
+        Call{"ReportOfNoService", report({"sac", "--sac", "99822"}), Command::Wrong, "--sac"},
+        Call{"ReportWithNoSuchDetail", report({"bills", "--print", "gstin,bank"}), Command::Wrong, "--print"},
+        Call{"ReportOfNoAmount", report({"outstanding", "--amount", ">1,000"}), Command::Wrong, "--amount"},
+        Call{"ReportOfThreeAmounts", report({"outstanding", "--amount", ">1", "--amount", "<9", "--amount", "=4"}),
+             Command::Wrong, "--amount"},
+        Call{"ReportIntoAnotherKindOfFile", report({"bills", "--out", "x.doc"}), Command::Wrong, "--out"},
+        Call{"OutstandingNeedsNoPeriod", {"report", "outstanding", "--firm", "1", "--out", "x.txt"}, Command::Report},
         Call{"HelpOfACommand", {"restore", "--help"}, Command::Help, "Usage: ledgora restore"},
         Call{"OptionWithoutItsValue", {"--data"}, Command::Wrong, "data"},
         Call{"Help", {"--help"}, Command::Help, "ledgora balance"},
         Call{"HelpOfACommandThatLacksItsOptions", {"demo", "-h"}, Command::Help, "--out"},
         Call{"Version", {"--version"}, Command::Version}),
     [](const auto &row) { return row.param.name; });
+
+TEST(CommandLineTest, WordsOfAReportAreTaken)
+{
+    const CommandLine line = readCommandLine(
+        QStringList{"ledgora"}
+        + report({"outstanding", "--as-on", "2024-02-29", "--upto", "28/02/2024", "--amount", ">= 1000.5", "--amount",
+                  "<>7", "--either", "--party", "A,1", "--party", "B", "--print", "pan, phone", "--sac", "998231"}));
+    const auto &asked = line.report.asked;
+    EXPECT_EQ(asked.asOn, "29/02/2024");
+    EXPECT_EQ(asked.billsUpTo, "28/02/2024");
+    EXPECT_EQ(asked.to, "31/03/2024");
+    EXPECT_EQ(asked.amounts[0].comparison, 3);
+    EXPECT_EQ(asked.amounts[0].value, 1000.5);
+    EXPECT_EQ(asked.amounts[1].comparison, 6);
+    EXPECT_FALSE(asked.bothAmounts);
+    EXPECT_EQ(line.report.parties, (QStringList{"A,1", "B"}));
+    EXPECT_TRUE(asked.details.pan && asked.details.phone && !asked.details.gstin);
+    EXPECT_EQ(asked.sac, 6);
+}
 
 TEST(CommandLineTest, ValuesAreTaken)
 {

@@ -129,6 +129,31 @@ TEST_F(Journey, CommandsWriteWhatThePreviewsShowed)
     EXPECT_TRUE(wrongKind.output.contains("\"#RCPT_NO#\" is not filled")) << wrongKind.output.toStdString();
 }
 
+TEST_F(Journey, ReportsComeAsPaperTextAndTable)
+{
+    const QString account = textOf(out("Client_Accounts.pdf"));
+    for (const char *words : {"Client Accounts for the Period From 01/04/2024 to 31/03/2025", "Gupta Trading Company",
+                              "15-Jun-24 B 1 39,000", "Closing Balance 800"})
+        EXPECT_TRUE(account.contains(words)) << words << ": " << account.toStdString();
+    const auto report = [](const QStringList &words, const QString &file) {
+        return ledgora(QStringList{"report", "--data", out("office"), "--firm", "1", "--from", "01/04/2024", "--to",
+                                   "31/03/2025", "--today", "15/06/2024", "--out", file}
+                       + words)
+            .status;
+    };
+    EXPECT_EQ(report({"account"}, out("again.pdf")), 0);
+    EXPECT_EQ(textOf(out("again.pdf")).toStdString(), account.toStdString());
+    EXPECT_EQ(report({"outstanding", "--amount", ">500"}, out("due.csv")), 0);
+    QFile due(out("due.csv"));
+    ASSERT_TRUE(due.open(QIODevice::ReadOnly));
+    const QByteArray rows = due.readAll();
+    EXPECT_TRUE(rows.endsWith(",800\r\n")) << rows.constData();
+    EXPECT_TRUE(rows.contains("\r\nOutstanding Details As on Date 15/06/2024\r\n")) << rows.constData();
+    EXPECT_EQ(report({"account", "--party", "nobody"}, out("none.txt")), 1);
+    EXPECT_EQ(report({"bills"}, out("no/such/folder.txt")), 1);
+    EXPECT_FALSE(QFile::exists(out("none.txt")));
+}
+
 TEST_F(Journey, OfficeIsTheUsersAlone)
 {
     for (const char *folder : {"office/server", "office/server/data"}) {

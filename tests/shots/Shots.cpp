@@ -11,6 +11,7 @@
 #include "host/WorkingState.h"
 #include "store/Connection.h"
 #include "store/Dates.h"
+#include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
 #include <QDir>
@@ -19,6 +20,7 @@
 #include <QPainter>
 #include <QPixmap>
 #include <QRadioButton>
+#include <QTableView>
 #include <QWidget>
 #include <cstdio>
 
@@ -198,6 +200,41 @@ void visitWaiting(Clerk &clerk, Office &office, QWidget &window, const Look &loo
     look(QStringLiteral("long-work"), window);
 }
 
+/// The selection of reports: each panel that asks for something else, a refused date, the clients found and ticked.
+void visitReports(Clerk &clerk, QWidget &window, const Look &look)
+{
+    const auto lookAs = [&](const char *name) { look(QLatin1String(name), window); };
+    clerk.press(Qt::Key_G, Qt::ControlModifier);
+    clerk.altOfTwo('R', "cmdReports");
+    clerk.press(Qt::Key_Down, Qt::NoModifier, 3);
+    auto *limit = window.findChild<QAbstractButton *>(QStringLiteral("chkDt3"));
+    limit->click();
+    lookAs("reports-outstanding");
+    limit->click();
+    clerk.press(Qt::Key_Down, Qt::NoModifier, 3);
+    lookAs("reports-services");
+    clerk.press(Qt::Key_Down);
+    auto *from = window.findChild<QLineEdit *>(QStringLiteral("txtdt_0"));
+    from->setText(QStringLiteral("01/04/2023"));
+    clerk.expect([&](QWidget &box) {
+        lookAs("reports-date-refused");
+        box.close();
+    });
+    clerk.alt('P');
+    from->setText(QStringLiteral("01/04/2024"));
+    clerk.alt('P');
+    clerk.press(Qt::Key_Space);
+    clerk.type(QStringLiteral("kul"));
+    lookAs("reports-client-found");
+    clerk.expect([&](QWidget &keys) {
+        lookAs("keys-reports");
+        keys.close();
+    });
+    clerk.press(Qt::Key_Return);
+    clerk.press(Qt::Key_F1);
+    clerk.press(Qt::Key_Escape, Qt::NoModifier, 2);
+}
+
 /// Host "G" on the same office: its clients and groups.
 QString visitHostG(const QString &folder, const Look &look)
 {
@@ -222,6 +259,14 @@ QString visitHostG(const QString &folder, const Look &look)
     window.findChild<QAction *>(QStringLiteral("actGroups"))->trigger();
     Clerk::settle();
     look(QStringLiteral("host-g-groups"), window);
+    clerk.press(Qt::Key_Escape);
+    clerk.press(Qt::Key_G, Qt::ControlModifier);
+    clerk.altOfTwo('R', "cmdReports");
+    auto *group = window.findChild<QTableView *>(QStringLiteral("vsfg"));
+    group->setFocus();
+    Clerk::settle();
+    clerk.press(Qt::Key_Return);
+    look(QStringLiteral("host-g-reports-group"), window);
     return clerk.fault();
 }
 
@@ -272,6 +317,7 @@ QString visitTheRest(const QString &folder, const Look &look)
     lookAtBox("bill-cancel-question");
     clerk.press(Qt::Key_Escape);
     clerk.alt('C');
+    visitReports(clerk, window, look);
     visitClients(clerk, window, look);
     visitMenu(clerk, office, window, look);
     visitWaiting(clerk, office, window, look);
