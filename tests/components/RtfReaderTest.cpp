@@ -97,7 +97,8 @@ INSTANTIATE_TEST_SUITE_P(
         TextCase{"nested_row_never_ended", "\\trowd\\cellx900\\intbl\\itap2 b\\nestcell\\itap1 d\\cell\\row",
                  "{[{[(<b>)]}(<d>)]}"},
         TextCase{"a_picture_is_read_once",
-                 "{\\*\\shppict{\\pict\\pngblip " PNG_OF_ONE_DOT "}}{\\nonshppict{\\pict\\wmetafile8 0102}}\\par",
+                 "{\\*\\shppict{\\pict{\\*\\picprop{\\sp{\\sn n}}}\\pngblip " PNG_OF_ONE_DOT
+                 "}}{\\nonshppict{\\pict\\wmetafile8 0102}}\\par",
                  "(<\uFFFC>)"},
         TextCase{"binary_is_skipped_whatever_it_holds", "a{\\pict\\bin4 }{\\x}b\\par", "(<a><\uFFFC><b>)"},
         TextCase{"table", "\\trowd\\cellx100\\cellx200\\intbl a\\cell b\\par c\\cell\\row\\pard d\\par",

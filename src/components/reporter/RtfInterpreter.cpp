@@ -84,7 +84,7 @@ bool RtfInterpreter::take(const RtfToken &token)
 {
     if (m_kept && !keep(token))
         return false;
-    if (m_kept && m_state.destination == Destination::Skipped)
+    if (m_kept && m_keepsWhole)
         return true;
     if (m_skip > 0
         && (token.kind == RtfToken::Byte || token.kind == RtfToken::Word || token.kind == RtfToken::Symbol
@@ -134,7 +134,7 @@ bool RtfInterpreter::keep(const RtfToken &token)
         fail(QStringLiteral("groups are nested too deeply"));
         return false;
     }
-    if (!m_kept->take(token, *this) && m_state.destination == Destination::Skipped)
+    if (!m_kept->take(token, *this) && m_keepsWhole)
         insertAnchor();
     return true;
 }

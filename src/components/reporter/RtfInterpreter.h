@@ -184,6 +184,7 @@ private:
     QString m_instruction;
     CharFormat m_instructionFormat;
     Picture m_picture;
+    bool m_keepsWhole = false;            ///< what is kept is skipped, not read as a picture
     std::optional<AnchorRecorder> m_kept; ///< the group that is kept while it is skipped, or the picture that is read
     QByteArray m_word;                    ///< the one that is carried out
     int m_highDigit = -1;                 ///< first half of a byte of the picture, or -1

@@ -158,8 +158,10 @@ void RtfInterpreter::omitGroup(const char *what)
 /// Passes the group over, and puts it into the text as an anchor when it ends.
 void RtfInterpreter::keepGroup(const char *what)
 {
-    if (inBody() && !m_kept)
+    if (inBody() && !m_kept) {
         m_kept.emplace(QString::fromLatin1(what), m_starred, m_word, m_state.unicodeSkip, m_codePage);
+        m_keepsWhole = true;
+    }
     skipGroup();
 }
 
@@ -186,6 +188,7 @@ void RtfInterpreter::readPicture()
     m_state.destination = Destination::Picture;
     m_picture = Picture();
     m_highDigit = -1;
+    m_keepsWhole = false;
     m_kept.emplace(QStringLiteral("picture of a kind that is not drawn"), m_starred, m_word, m_state.unicodeSkip,
                    m_codePage);
 }
