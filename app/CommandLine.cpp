@@ -38,6 +38,17 @@ constexpr Words commands[] = {
      "ledgora backup --data DIR --out FILE: write all data into one file, proved by restoring it aside"},
     {"restore", CommandLine::Command::Restore,
      "ledgora restore --data DIR --from FILE: put the data of a backup in place of the office's"},
+    {"bills", CommandLine::Command::Bills,
+     "ledgora bills --firm ID --out DIR: write bills as PDF files, one a bill, or all into one"},
+    {"receipts", CommandLine::Command::Receipts,
+     "ledgora receipts --firm ID --out DIR: write receipts as PDF files, one a receipt, or all into one"},
+    {"template", CommandLine::Command::Template,
+     "ledgora template check FILE: look for misspelt and missing fields in a template; one line a finding, exit status "
+     "1 when there is any"},
+    {"report", CommandLine::Command::Report,
+     "ledgora report KIND --firm ID --from DATE --to DATE --out FILE: write a report of bills, receipts, pending "
+     "bills, "
+     "outstanding, discount, tds, sac or client account as PDF, text or csv"},
 };
 
 /// The options of the commands that look after the data, beyond those that all have.
@@ -112,6 +123,16 @@ void addOptions(QCommandLineParser &parser, CommandLine::Command command)
     case CommandLine::Command::Backup:
     case CommandLine::Command::Restore:
         addCareOptions(parser, command);
+        break;
+    case CommandLine::Command::Bills:
+    case CommandLine::Command::Receipts:
+        addPaperOptions(parser);
+        break;
+    case CommandLine::Command::Template:
+        addTemplateOptions(parser);
+        break;
+    case CommandLine::Command::Report:
+        addReportOptions(parser);
         break;
     default:
         parser.addOption(
@@ -192,9 +213,28 @@ QString balanceFault(const CommandLine &line, const QCommandLineParser &parser)
                                                  : QString();
 }
 
+/// Takes the words of the commands for paper and reports; "" or what is wrong with them.
+QString readPaper(CommandLine &line, const QCommandLineParser &parser)
+{
+    switch (line.command) {
+    case CommandLine::Command::Bills:
+        return readPaperOptions(parser, DocumentKind::Bill, line.paper);
+    case CommandLine::Command::Receipts:
+        return readPaperOptions(parser, DocumentKind::Receipt, line.paper);
+    case CommandLine::Command::Template:
+        return readTemplateOptions(parser, line.templ);
+    case CommandLine::Command::Report:
+        return readReportOptions(parser, line.report);
+    default:
+        return {};
+    }
+}
+
 QString fault(const CommandLine &line, const QCommandLineParser &parser)
 {
-    if (!parser.positionalArguments().isEmpty())
+    const bool takesWords =
+        line.command == CommandLine::Command::Template || line.command == CommandLine::Command::Report;
+    if (!parser.positionalArguments().isEmpty() && !takesWords)
         return QStringLiteral("unknown command \"") + parser.positionalArguments().first() + u'"';
     if (parser.isSet(QStringLiteral("today")) && !line.today.isValid())
         return QStringLiteral("--today takes a date, DD/MM/YYYY or YYYY-MM-DD");
@@ -275,6 +315,8 @@ CommandLine readCommandLine(const QStringList &arguments)
         line.command = CommandLine::Command::Version;
     } else if (const QString said = fault(line, parser); !said.isEmpty()) {
         return wrong(said);
+    } else if (const QString saidOfPaper = readPaper(line, parser); !saidOfPaper.isEmpty()) {
+        return wrong(saidOfPaper);
     }
     return line;
 }

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "OfficeChoice.h"
+#include "PaperCommands.h"
+#include "ReportCommand.h"
 #include "care/SamplePlan.h"
 #include <QDate>
 #include <QString>
@@ -12,7 +14,22 @@ namespace ledgora::app {
 /// The words of a call of `ledgora`.
 struct CommandLine
 {
-    enum class Command { Window, Demo, Balance, Sample, Check, Backup, Restore, Help, Version, Wrong };
+    enum class Command {
+        Window,
+        Demo,
+        Balance,
+        Sample,
+        Check,
+        Backup,
+        Restore,
+        Bills,
+        Receipts,
+        Template,
+        Report,
+        Help,
+        Version,
+        Wrong
+    };
     Command command = Command::Window;
     QString dataFolder;                 ///< --data, else the XDG data folder
     ServerChoice server;                ///< --connect, --password-file; else as saved in the data folder
@@ -25,6 +42,9 @@ struct CommandLine
     SamplePlan sample;                  ///< sample --seed and its further options, settled
     QString from;                       ///< restore --from
     bool daily = false;                 ///< backup --daily
+    PaperOptions paper;                 ///< bills, receipts
+    TemplateOptions templ;              ///< template
+    ReportOptions report;               ///< report
     QDate today;                        ///< --today; invalid for the real day
     QString text;                       ///< what --help prints, or what is wrong
 };

@@ -146,7 +146,8 @@ QString Demo::run()
                    .step = [this](const QString &what, const std::function<void()> &keys) { step(what, keys); },
                    .check = [this](bool holds, const QString &what) { check(holds, what); },
                    .stored = [this](const QString &query) { return stored(query); },
-                   .look = [this](const char *name) { look(name); }});
+                   .look = [this](const char *name) { look(name); },
+                   .out = m_out});
     if (m_fault.isEmpty())
         tellFiguresAndFiles();
     return m_fault;
@@ -392,6 +393,7 @@ void Demo::tellFiguresAndFiles()
                     qPrintable(plainNumber(m_window.gst().GetAmt(1, parties.text(0)))));
     for (const DemoBill &bill : demoBills)
         std::printf("%s\n", qPrintable(joinPath(m_out, QLatin1String(bill.pdf))));
+    std::printf("%s\n", qPrintable(joinPath(m_out, QLatin1String(receiptPdf))));
     std::printf("The office: %s\n", qPrintable(m_office.dataFolder()));
     check(!QFileInfo::exists(gLogPath), QStringLiteral("nothing stands in the error log ") + gLogPath);
 }

@@ -2,6 +2,9 @@
 
 #include "Clerk.h"
 #include "store/NumberFormat.h"
+#include "store/Settings.h"
+#include <QFile>
+#include <QFileInfo>
 #include <QLineEdit>
 #include <vector>
 
@@ -91,6 +94,18 @@ public:
         m_clerk.press(Qt::Key_Escape);
     }
 
+    void savePdf()
+    {
+        const QString path = joinPath(m_desk.out, QLatin1String(receiptPdf));
+        QFile::remove(path);
+        m_clerk.expectFileDialog(path);
+        m_clerk.alt('P');
+        m_desk.look("receipt-preview");
+        m_clerk.press(Qt::Key_S, Qt::ControlModifier);
+        m_clerk.press(Qt::Key_Escape);
+        m_desk.check(QFileInfo(path).size() > 0, QStringLiteral("the PDF file is there"));
+    }
+
     void browse()
     {
         m_clerk.alt('H');
@@ -137,6 +152,7 @@ void keyInReceipts(const DemoDesk &desk)
     for (const DemoReceipt &receipt : demoReceipts)
         desk.step(QStringLiteral("receipt %1 keyed in: %2").arg(++number).arg(QLatin1String(receipt.what)),
                   [&] { clerk.keyIn(receipt); });
+    desk.step(QStringLiteral("its preview saved as ") + QLatin1String(receiptPdf), [&] { clerk.savePdf(); });
     desk.step(QStringLiteral("receipts browsed in the list"), [&] { clerk.browse(); });
 }
 

@@ -172,15 +172,15 @@ QString PrivateServer::launch(const QString &program, const std::stop_token &sto
     ServerProcess process(program, serverArguments({}), folder.descriptor(), input.number(), log.number());
     log.close(); // from here on the server alone holds the lock
     bool up = false;
-    if (process.wasStarted())
+    if (process.wasStarted()) {
+        process.guard(folder.descriptor()); // before it answers: this program may be killed while it waits
         waitUntil([&] { return (up = answers(stop)) || process.hasEnded() || stop.stop_requested(); },
                   m_settings.limit);
-    if (up) {
-        guardServer(folder.descriptor());
-        return {};
+        if (!up)
+            process.terminate();
     }
-    if (process.wasStarted())
-        process.terminate();
+    if (up)
+        return {};
     return failureText(QStringLiteral("The database server does not come up."), folder, logStart);
 }
 

@@ -126,7 +126,7 @@ std::optional<QByteArray> askInWindow(const ServerAddress &address, bool again)
 {
     bool given = false;
     const QString question = (again ? QStringLiteral("The server refused that password.\n") : QString())
-                             + QStringLiteral("Password of %1 on %2:").arg(address.user, address.place());
+                             + QStringLiteral("Password of user %1 for %2:").arg(address.user, address.place());
     const QString typed = QInputDialog::getText(QApplication::activeWindow(), QStringLiteral("Ledgora"), question,
                                                 QLineEdit::Password, QString(), &given);
     return given ? std::optional(typed.toUtf8()) : std::nullopt;

@@ -91,15 +91,18 @@ void ServerProcess::terminate() const
         ::kill(m_process, SIGTERM);
 }
 
-void guardServer(int folder)
+void ServerProcess::guard(int folder) const
 {
     // A program that starts holds start.lock until it is among the living; the server lives while its log is locked.
-    // Nobody may attach to a server that was told to end, so that start.lock is held until it has.
+    // Nobody may attach to a server that was told to end, so that start.lock is held until it has. A process of that
+    // number whose output is another file is no longer the server: then a later one has a guard of its own.
     const QString script = QStringLiteral(R"sh(
-exec 5<server.pid 6<alive.lock 7<server.log 8<start.lock
+exec 6<alive.lock 7<server.log 8<start.lock
 ( while flock -x 6; do
+      [ /proc/%1/fd/1 -ef /proc/self/fd/7 ] || exit
       if flock -n -x 8; then
-          flock -n -x 7 || { kill -TERM "$(cat <&5)"; flock -x 7; }
+          kill -TERM %1
+          flock -x 7
           exit
       fi
       flock -u 6
@@ -107,7 +110,8 @@ exec 5<server.pid 6<alive.lock 7<server.log 8<start.lock
   done ) &
 )sh");
     const int nothing = ::open("/dev/null", O_RDWR | O_CLOEXEC);
-    ServerProcess shell(QStringLiteral("/bin/sh"), {QStringLiteral("-c"), script}, folder, nothing, nothing);
+    ServerProcess shell(QStringLiteral("/bin/sh"), {QStringLiteral("-c"), script.arg(m_process)}, folder, nothing,
+                        nothing);
     ::close(nothing);
     if (shell.wasStarted())
         waitUntil([&] { return shell.hasEnded(); }, std::chrono::seconds(2)); // the guard goes on without it

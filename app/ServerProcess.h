@@ -27,15 +27,15 @@ public:
     bool succeeded() const { return m_ended && m_status == 0; }
     void terminate() const; ///< asks it to end
 
+    /// Leaves a process of its own beside this server in the folder: when no program is left that holds `alive.lock`,
+    /// since the last one was killed, it stops the server as that one would have done.
+    void guard(int folder) const;
+
 private:
     pid_t m_process = 0;
     int m_error = 0;
     int m_status = 0;
     bool m_ended = false;
 };
-
-/// Leaves a process of its own beside the server in the folder: when no program is left that holds `alive.lock`, since
-/// the last one was killed, it stops the server as that one would have done.
-void guardServer(int folder);
 
 } // namespace ledgora::app

@@ -112,6 +112,12 @@ int main(int argc, char *argv[])
         const QString fault = runDemo(line.out);
         return fault.isEmpty() ? int(Done) : failed(fault);
     }
+    if (line.command == CommandLine::Command::Template)
+        return runTemplateCheck(line.templ);
+    if (line.command == CommandLine::Command::Bills || line.command == CommandLine::Command::Receipts)
+        return runPaperCommand(line);
+    if (line.command == CommandLine::Command::Report)
+        return runReportCommand(line);
     if (line.command != CommandLine::Command::Window)
         return runCareCommand(line);
     return runWindow(line);

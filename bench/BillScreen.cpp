@@ -19,10 +19,7 @@ namespace {
 
 QStringList listQueries(int firm)
 {
-    const QString ids = idsOf("Select BillSrNo from GST_BillM Where FirmId=" + number(firm));
-    return directoryQueries() << "Select * from GST_BillM Where FirmId=" + number(firm) + " and FYr=" + number(year)
-                              << "Select BillId,SUM(TotalAmt) AS TotBillAmt from GST_BillD Where BillId IN (" + ids
-                                     + ") GROUP BY BillId ORDER BY BillId";
+    return documentListQueries(firm, "Bill", "TotalAmt");
 }
 
 void loadDirectory(benchmark::State &state)

@@ -18,10 +18,7 @@ namespace {
 
 QStringList listQueries(int firm)
 {
-    const QString ids = idsOf("Select RecpSrNo from GST_RecpM Where FirmId=" + number(firm));
-    return directoryQueries() << "Select * from GST_RecpM Where FirmId=" + number(firm) + " and FYr=" + number(year)
-                              << "Select RecpId,SUM(Amount) AS TotRecpAmt from GST_RecpD Where RecpId IN (" + ids
-                                     + ") GROUP BY RecpId ORDER BY RecpId";
+    return documentListQueries(firm, "Recp", "Amount");
 }
 
 /// From an amount left in a row to the taxes on the screen.

@@ -9,6 +9,7 @@
 #include "host/WorkingState.h"
 #include "store/Connection.h"
 #include "store/Dates.h"
+#include "store/SqlText.h"
 #include <QElapsedTimer>
 #include <QFile>
 #include <QProcess>
@@ -84,13 +85,24 @@ QStringList directoryQueries()
             QStringLiteral("Select * from GST_OthCl")};
 }
 
-QString idsOf(const QString &query)
+/// The ids that a query answers, for an IN list.
+static QString idsOf(const QString &query)
 {
     QStringList ids;
     Recordset rows = fullOffice().Open(query);
     while (rows.next())
         ids << rows.text(0);
     return ids.join(u',');
+}
+
+QStringList documentListQueries(int firm, const QString &kind, const QString &amount)
+{
+    const QString documents = "GST_" + kind + "M Where FirmId=" + number(firm);
+    const QString ids = idsOf("Select " + kind + "SrNo from " + documents);
+    return directoryQueries() << "Select * from " + documents + " and FYr=" + number(year)
+                              << "Select " + kind + "Id,SUM(" + amount + ") AS Tot" + kind + "Amt from GST_" + kind
+                                     + "D Where " + kind + "Id IN (" + ids + ") GROUP BY " + kind + "Id ORDER BY "
+                                     + kind + "Id";
 }
 
 void sendQueries(benchmark::State &state, const QStringList &statements)

@@ -30,8 +30,9 @@ void openPeriod(int firm);
 /// The queries that fill the directory.
 QStringList directoryQueries();
 
-/// The ids that a query answers, for an IN list.
-QString idsOf(const QString &query);
+/// The queries that fill an entry screen: the directory's, and those of its list. `kind` "Bill" or "Recp" as in the
+/// tables' names, `amount` the column of the lines that the list sums.
+QStringList documentListQueries(int firm, const QString &kind, const QString &amount);
 
 /// Registers opening the screen that `open` makes, beside its `queries` sent by the server's own client.
 void compareOpening(const char *work, const std::string &name, int firm,

@@ -75,28 +75,23 @@ const SamplePlace &companyPlace(const SamplePlan &plan, int id)
     return samplePlace(dice);
 }
 
+/// A client of the host's own tables; its registered GSTIN lies in a table of its own under the same code.
+SampleParty hostClient(const char *table, const QString &code, const Holder &made, const QString &masterRow)
+{
+    return {QLatin1String(table), code, made.state, masterRow,
+            made.gstin.isEmpty() ? QString() : row({}, {code, made.gstin, {}})};
+}
+
 SampleParty hostCompany(Dice &dice, const SamplePlace &place, int index)
 {
     constexpr int registered = 85;
     const QString name = sampleBusiness(index) + QStringLiteral(" PVT. LTD.");
     const Holder made = holder(dice, place, name, 'C', name.at(0), registered);
     const QString code = QStringLiteral("C%1").arg(index + 1, 5, 10, QLatin1Char('0'));
-    return {QStringLiteral("Comp_Master"), code, made.state,
-            row(number(index + 1), {code,
-                                    made.name,
-                                    made.pan,
-                                    made.house,
-                                    {},
-                                    made.street,
-                                    {},
-                                    made.city,
-                                    made.state,
-                                    made.pin,
-                                    made.phone,
-                                    {},
-                                    {},
-                                    made.email}),
-            made.gstin.isEmpty() ? QString() : row({}, {code, made.gstin, {}})};
+    const QStringList texts{code, name, made.pan, made.house, {}, made.street, {}, made.city};
+    return hostClient(
+        "Comp_Master", code, made,
+        row(number(index + 1), texts + QStringList{made.state, made.pin, made.phone, {}, {}, made.email}));
 }
 
 SampleParty hostPartnership(Dice &dice, const SamplePlace &place, int index)
@@ -105,21 +100,9 @@ SampleParty hostPartnership(Dice &dice, const SamplePlace &place, int index)
     const QString name = sampleBusiness(index) + QStringLiteral(" LLP");
     const Holder made = holder(dice, place, name, 'F', name.at(0), registered);
     const QString code = QStringLiteral("L%1").arg(index + 1, 5, 10, QLatin1Char('0'));
-    const QString marked = QStringLiteral("LLP!~!") + code;
-    return {QStringLiteral("LLP_Master"), marked, made.state,
-            row({}, {code,
-                     made.name,
-                     made.pan,
-                     made.house,
-                     made.street,
-                     made.city,
-                     made.state,
-                     made.pin,
-                     made.phone,
-                     {},
-                     {},
-                     made.email}),
-            made.gstin.isEmpty() ? QString() : row({}, {marked, made.gstin, {}})};
+    const QStringList texts{code, name, made.pan, made.house, made.street, made.city};
+    return hostClient("LLP_Master", QStringLiteral("LLP!~!") + code, made,
+                      row({}, texts + QStringList{made.state, made.pin, made.phone, {}, {}, made.email}));
 }
 
 /// Persons, families, firms and trusts in turn.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "bills/BillLines.h"
+#include "bills/EntryRules.h"
 #include <QString>
 #include <optional>
 
@@ -8,18 +9,10 @@ namespace ledgora {
 
 /// A bill as it travels from the screen to the database. Lines are the text of the grid's cells, hidden tax cells of
 /// the other type included; amounts become numbers where they are stored.
-struct BillDraft
+struct BillDraft : DocumentDraft
 {
-    int id = 0; ///< 0 for a new bill
-    int firmId = 0;
-    int year = 0;     ///< starting year of the financial year
-    QString code;     ///< of the party
-    int seriesId = 0; ///< 0 for none
-    QString number;
-    QString date;  ///< DD/MM/YYYY
     QString state; ///< place of supply: name of the state, "" for no choice
     std::optional<TaxType> taxType;
-    QString narration;
     Cells lines = emptyBillLines();
 };
 

@@ -9,6 +9,19 @@ namespace ledgora {
 // What the entry of bills and receipts has in common, apart from any screen. `noun` is the document's word in the
 // messages: "Bill" or "Receipt".
 
+/// What stands at the head of either document while it is entered.
+struct DocumentDraft
+{
+    int id = 0; ///< 0 for a new one
+    int firmId = 0;
+    int year = 0;     ///< starting year of the financial year
+    QString code;     ///< of the party
+    int seriesId = 0; ///< 0 for none
+    QString number;
+    QString date; ///< DD/MM/YYYY
+    QString narration;
+};
+
 inline constexpr int documentNumberDigits = 9; ///< a bill or receipt number takes no more characters
 
 /// "" for a number of digits that does not begin with 0, else the message.

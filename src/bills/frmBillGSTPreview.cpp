@@ -59,7 +59,7 @@ BillDocument frmBillGST::documentFromScreen() const
 {
     BillDocument bill;
     Recordset firm = companyRow(*gCnn, gFirmId);
-    bill.firm = firmTexts(firm);
+    bill.firm = firmTexts(firm, DocumentKind::Bill);
     bill.taxType = taxType().value_or(TaxType::Intra);
     bill.properCase = gNameCase == 0;
     bill.partyName = ui->txtpartynm->text();

@@ -6,6 +6,7 @@ namespace {
 
 constexpr int quietMilliseconds = 300;
 constexpr int steps = 1000;
+constexpr int narrowest = 360; // the word for what is done changes, the bar stays
 
 } // namespace
 
@@ -15,6 +16,7 @@ WorkBar::WorkBar(QWidget *parent, const QString &title)
     setObjectName(QStringLiteral("workBar"));
     setWindowTitle(title);
     setWindowModality(Qt::ApplicationModal);
+    setMinimumWidth(narrowest);
     setMinimumDuration(quietMilliseconds);
     setAutoReset(false); // a stage that has come to its end is followed by the next
     setAutoClose(false);

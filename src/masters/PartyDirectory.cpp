@@ -26,6 +26,7 @@ struct PartySource
     const char *pan, *gstin, *state;
     QStringList address;
     bool zeroAddressIsEmpty;
+    std::array<QStringList, 4> contacts = {{{"Phone"}, {"Fax"}, {"Mob"}, {"Email"}}}; ///< phone, fax, mobile, e-mail
 };
 
 const QStringList flatFields{"Flat", "Building", "street", "area", "city", "State", "PIN"};
@@ -56,7 +57,8 @@ const PartySource otherClients{"Select * from GST_OthCl",
                                "GSTIN",
                                "StateNm",
                                {"h_no", "h_nm", "street", "area", "city", "StateNm", "pincode"},
-                               true};
+                               true,
+                               {{{"PhNo1", "PhNo2"}, {"FaxNo"}, {"MobNo"}, {"email"}}}};
 
 QString partyName(const Recordset &rows, const std::vector<int> &columns)
 {
@@ -64,7 +66,28 @@ QString partyName(const Recordset &rows, const std::vector<int> &columns)
                                : ownerName(rows.text(columns[0]), rows.text(columns[1]), rows.text(columns[2]));
 }
 
-void addParties(Connection &db, Cells &parties, const PartySource &source)
+/// How to reach the parties, from `firstRow` on; of several numbers all that are filled, with ", " between.
+void addContacts(Recordset &rows, Cells &parties, const PartySource &source, int firstRow)
+{
+    for (size_t kind = 0; kind < source.contacts.size(); ++kind) {
+        std::vector<int> columns;
+        for (const QString &name : source.contacts.at(kind)) {
+            if (rows.hasColumn(name))
+                columns.push_back(rows.column(name));
+        }
+        rows.rewind();
+        for (int row = firstRow; rows.next(); ++row) {
+            QString contact;
+            for (const int column : columns) {
+                const QString text = rows.text(column);
+                contact += contact.isEmpty() || text.isEmpty() ? text : QString(", " + text);
+            }
+            parties.setText(row, PartyPhone + int(kind), contact);
+        }
+    }
+}
+
+void addParties(Connection &db, Cells &parties, const PartySource &source, bool withContacts)
 {
     Recordset rows = db.Open(QLatin1String(source.query));
     const auto column = [&rows](const char *name) { return name ? rows.column(QLatin1String(name)) : -1; };
@@ -86,6 +109,8 @@ void addParties(Connection &db, Cells &parties, const PartySource &source)
         const bool empty = source.zeroAddressIsEmpty && line == QLatin1String("0");
         parties.setText(row, PartyAddress, empty ? QString() : line);
     }
+    if (withContacts)
+        addContacts(rows, parties, source, firstRow);
 }
 
 int setting(const char *key)
@@ -94,13 +119,13 @@ int setting(const char *key)
 }
 
 /// The individuals of host "G", with the address that the settings ask for.
-void addIndividuals(Connection &db, Cells &parties)
+void addIndividuals(Connection &db, Cells &parties, bool withContacts)
 {
     const int addrOpt = setting("AddrOpt");
     const bool showOfficeName = setting("AddrOffNm") == 0;
     const int columns = parties.columns();
     parties.setColumns(columns + OfficeWorkColumnCount);
-    addParties(db, parties, individuals);
+    addParties(db, parties, individuals, withContacts);
     for (int row = parties.fixedRows(); row < parties.rows(); ++row) {
         if (addrOpt != ResidentialElseOffice || !parties.text(row, PartyAddress).isEmpty())
             parties.setText(row, columns + OfficeMark, QStringLiteral("Y"));
@@ -121,21 +146,32 @@ Cells emptyPartyDirectory()
     return parties;
 }
 
+Cells emptyContactDirectory()
+{
+    Cells parties = emptyPartyDirectory();
+    parties.setColumns(ContactColumnCount);
+    for (const auto &[column, heading] :
+         {std::pair(PartyPhone, "Phone"), {PartyFax, "Fax"}, {PartyMobile, "Mob"}, {PartyEmail, "Email"}})
+        parties.setText(0, column, QLatin1String(heading));
+    return parties;
+}
+
 void LOADCLLIST(Connection &db, const QString &hostCode, Cells &parties)
 {
     const ErrorSite site("MODGST", "LOADCLLIST");
+    const bool contacts = parties.columns() >= ContactColumnCount;
     parties.clearData();
     if (hostCode == QLatin1String("C")) {
-        addParties(db, parties, companies);
-        addParties(db, parties, partnerships);
+        addParties(db, parties, companies, contacts);
+        addParties(db, parties, partnerships, contacts);
     } else if (hostCode == QLatin1String("T")) {
-        addParties(db, parties, clientsOfT);
+        addParties(db, parties, clientsOfT, contacts);
     } else if (hostCode == QLatin1String("G")) {
-        addIndividuals(db, parties);
-        addParties(db, parties, clientsOfG);
+        addIndividuals(db, parties, contacts);
+        addParties(db, parties, clientsOfG, contacts);
     }
     fillRegisteredGstins(db, parties, PartyCode, {PartyGstin});
-    addParties(db, parties, otherClients);
+    addParties(db, parties, otherClients, contacts);
     parties.sort(PartyName, Cells::Sort::Text);
 }
 

@@ -9,6 +9,7 @@
 #include "masters/frmLogin1.h"
 #include "platform/HostObject.h"
 #include "receipts/frmRecpGST.h"
+#include "reports/frmReportsGST.h"
 #include "store/Connection.h"
 #include "store/ErrorLog.h"
 #include "store/Identifiers.h"
@@ -60,6 +61,7 @@ void frmMainGST::connectHome()
     on(ui->vsFirm, &Grid::rowActivated, [this](int) { CMDBILLS_CLICK(); });
     command(ui->cmdBills, [this] { CMDBILLS_CLICK(); });
     command(ui->cmdRecps, [this] { CMDRECPS_CLICK(); });
+    command(ui->cmdReports, [this] { CMDREPORTS_CLICK(); });
     command(ui->cmdBackMain, [this] { escapePressed(); });
     tellHomeKeys();
 }
@@ -176,14 +178,12 @@ bool frmMainGST::CHECKTMPLSETUP()
     return false;
 }
 
-template<class EntryScreen>
-void frmMainGST::openScreen(QHash<int, QPointer<EntryScreen>> &screens)
+template<class CompanyScreen>
+void frmMainGST::openScreen(QHash<int, QPointer<CompanyScreen>> &screens)
 {
-    if (!ISSELECTEDFIRM() || !CHECKTMPLSETUP())
-        return;
-    QPointer<EntryScreen> &screen = screens[gFirmId];
+    QPointer<CompanyScreen> &screen = screens[gFirmId];
     if (!screen)
-        screen = new EntryScreen;
+        screen = new CompanyScreen;
     if (gMdi)
         return gMdi->showScreen(*screen);
     screen->show();
@@ -194,13 +194,24 @@ void frmMainGST::openScreen(QHash<int, QPointer<EntryScreen>> &screens)
 void frmMainGST::CMDBILLS_CLICK()
 {
     const ErrorSite site("frmMainGST", "CMDBILLS_CLICK");
-    openScreen(s_billScreens);
+    if (ISSELECTEDFIRM() && CHECKTMPLSETUP())
+        openScreen(s_billScreens);
 }
 
 void frmMainGST::CMDRECPS_CLICK()
 {
     const ErrorSite site("frmMainGST", "CMDRECPS_CLICK");
-    openScreen(s_receiptScreens);
+    if (ISSELECTEDFIRM() && CHECKTMPLSETUP())
+        openScreen(s_receiptScreens);
+}
+
+void frmMainGST::CMDREPORTS_CLICK()
+{
+    const ErrorSite site("frmMainGST", "CMDREPORTS_CLICK");
+    if (!ISSELECTEDFIRM())
+        return;
+    READTMPLSETUP(); // the case of names; which templates are chosen is no matter of reports
+    openScreen(s_reportScreens);
 }
 
 void frmMainGST::escapePressed()

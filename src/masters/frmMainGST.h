@@ -15,6 +15,7 @@ class CommandButton;
 class Grid;
 class frmBillGST;
 class frmRecpGST;
+class frmReportsGST;
 struct SeriesEntry;
 
 namespace Ui {
@@ -46,9 +47,10 @@ private:
     void showChosenCompany();
     void CMDBILLS_CLICK();
     void CMDRECPS_CLICK();
-    /// Behind both gates: the screen of the chosen company, one for each company.
-    template<class EntryScreen>
-    void openScreen(QHash<int, QPointer<EntryScreen>> &screens);
+    void CMDREPORTS_CLICK();
+    /// Behind the gates: the screen of the chosen company, one for each company.
+    template<class CompanyScreen>
+    void openScreen(QHash<int, QPointer<CompanyScreen>> &screens);
 
     // Companies (CompanyFrames.cpp).
     void connectCompanies();
@@ -137,6 +139,7 @@ private:
     /// By company, for all home screens of the program: one closed and opened again finds the screens of the former.
     static inline QHash<int, QPointer<frmBillGST>> s_billScreens;
     static inline QHash<int, QPointer<frmRecpGST>> s_receiptScreens;
+    static inline QHash<int, QPointer<frmReportsGST>> s_reportScreens;
 };
 
 } // namespace ledgora

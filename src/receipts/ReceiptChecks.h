@@ -1,5 +1,6 @@
 #pragma once
 
+#include "bills/EntryRules.h"
 #include <QString>
 #include <array>
 #include <optional>
@@ -38,20 +39,12 @@ using ReceiptRows = std::array<ReceiptRow, receiptRowCount>;
 
 /// A receipt as it travels from the screen to the database. Fields that the mode does not have keep what was typed and
 /// are left out where the receipt is stored.
-struct ReceiptDraft
+struct ReceiptDraft : DocumentDraft
 {
-    int id = 0; ///< 0 for a new receipt
-    int firmId = 0;
-    int year = 0;     ///< starting year of the financial year
-    QString code;     ///< of the party
-    int seriesId = 0; ///< 0 for none
-    QString number;
-    QString date; ///< DD/MM/YYYY
     double cash = 0;
     PayMode mode = PayMode::None;
     double otherAmount = 0;
     QString bankName, bankBranch, paperNumber, paperDate, description;
-    QString narration;
     ReceiptRows rows;
 
     /// Cash, and the other amount where there is another mode.

@@ -30,7 +30,7 @@ void frmRecpGST::FORM_LOAD()
     setUpDocument({ui->cbofyr,        ui->cbosr,       ui->txtrecpno, ui->txtrecpdt, ui->txtpartynm,    ui->txtpartyPAN,
                    ui->txtpartygstin, ui->txtpartyadd, ui->txtNarr,   ui->famedit,   ui->chkClientWise, ui->lblKeys,
                    ui->lblStatus,     ui->cmdnext,     ui->cmdprev,   ui->cmdshlist, ui->cmdAdd,        ui->cmdmodify,
-                   ui->cmddelete,     ui->cmdupdate,   ui->cmdCancel, ui->cmdback},
+                   ui->cmddelete,     ui->cmdupdate,   ui->cmdCancel, ui->cmdback,   ui->cmdPreview},
                   {.noun = QStringLiteral("Receipt"),
                    .seriesKind = QStringLiteral("R"),
                    .list = receiptListKind,

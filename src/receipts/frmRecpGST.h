@@ -4,12 +4,17 @@
 #include "receipts/ReceiptChecks.h"
 #include <array>
 #include <memory>
+#include <vector>
 
 namespace ledgora {
 
 namespace Ui {
 class frmRecpGST;
 }
+
+struct ReceiptDocument;
+struct ReceivedMoney;
+struct SettledBill;
 
 /// The boxes of a row. The row of totals has no bill, and nothing is typed into it.
 struct ReceiptRowBoxes
@@ -87,6 +92,12 @@ private:
     bool TXTBILLSN_LOSTFOCUS(int row);
     int receiptId() const; ///< of the receipt on show, 0 for a new one
 
+    // The document of what stands on the screen (frmRecpGSTPreview.cpp).
+    void CMDPREVIEW_CLICK();
+    ReceiptDocument documentFromScreen() const;
+    std::vector<SettledBill> settledBills() const;
+    ReceivedMoney moneyFromScreen() const;
+
     void loadList(int id) override { LOADRECPGRID(id); }
     void clearPanel() override;
     void showPanel(int listRow) override;
@@ -98,6 +109,7 @@ private:
     void dateLeft() override { billsChanged(); }
     QStringList narrationsUsed() override;
     void updatePressed() override { CMDUPDATE_CLICK(); }
+    void previewPressed() override { CMDPREVIEW_CLICK(); }
     std::optional<StoredDocument> asStored(int id) override;
     void placeList() override;
     bool closeOwnPopup() override;

@@ -275,12 +275,14 @@ bool frmRecpGST::TXTTDS_VALIDATE(int row)
 {
     const ReceiptRowBoxes &boxes = m_rows[size_t(row)];
     const QString typed = boxes.tds->text();
-    if (!settleAmount(boxes.tds))
-        return false;
-    if (const QString fault = tdsFault(Val(boxes.amount->text()), Val(typed)); !fault.isEmpty()) {
+    const auto settled = normalisedAmount(typed);
+    const QString fault =
+        settled ? tdsFault(Val(boxes.amount->text()), Val(typed)) : QLatin1String(invalidAmountMessage);
+    if (!fault.isEmpty()) { // what was typed stays in the box, not yet rounded
         refuse(boxes.tds, fault);
         return false;
     }
+    boxes.tds->setText(*settled);
     GETTOTSR();
     return true;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QHash>
 #include <QString>
 
 namespace ledgora {
@@ -12,5 +13,20 @@ QString COMBNOSERIESGST(Connection &db, int seriesId, const QString &No);
 
 /// The same from a series already read: `position` "S" is suffix.
 QString joinSeries(const QString &series, const QString &position, const QString &number);
+
+/// The series of many documents, read once: `printed` is what COMBNOSERIESGST gives, and `number` alone for series 0.
+class SeriesNumbers
+{
+public:
+    explicit SeriesNumbers(Connection &db);
+    QString printed(int seriesId, const QString &number) const;
+
+private:
+    struct Series
+    {
+        QString text, position;
+    };
+    QHash<int, Series> m_series;
+};
 
 } // namespace ledgora

@@ -25,6 +25,8 @@ public:
 
     /// Position of a column, -1 when there is none: for loops over many rows, which then read by position.
     int column(const QString &name) const { return indexOf(name); }
+    /// Whether the query has the column: for one that need not be there, whose absence is nothing to log.
+    bool hasColumn(const QString &name) const { return m_columns.value(name.toLower(), -1) >= 0; }
 
     bool isNull(const QString &column) const;
     QString text(const QString &column) const;   ///< NULL is ""

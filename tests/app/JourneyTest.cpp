@@ -108,6 +108,27 @@ TEST_F(Journey, BalanceIsTheSumOfTheBillsLessWhatCameIn)
     }
 }
 
+TEST_F(Journey, CommandsWriteWhatThePreviewsShowed)
+{
+    const QStringList office{"--data", out("office"), "--firm", "1", "--number"};
+    EXPECT_EQ(ledgora(QStringList{"bills"} + office + QStringList{"1-2", "--out", out("papers")}).status, 0);
+    EXPECT_EQ(ledgora(QStringList{"receipts"} + office + QStringList{"4", "--one", "--out", out("all.pdf")}).status, 0);
+    const std::pair<const char *, const char *> files[] = {
+        {"papers/Bill-1-15062024-Gupta Trading Company.pdf", "Bill_1_Intra-State.pdf"},
+        {"papers/Bill-2-15062024-Kulkarni Foods Pvt. Ltd.pdf", "Bill_2_Inter-State.pdf"},
+        {"all.pdf", "Receipt_4.pdf"}};
+    for (const auto &[written, previewed] : files)
+        EXPECT_EQ(textOf(out(written)).toStdString(), textOf(out(previewed)).toStdString());
+    EXPECT_EQ(QDir(out("papers")).entryList(QDir::Files).size(), 2);
+    EXPECT_TRUE(textOf(out("all.pdf")).contains("Bill No. 3 Dated 15/06/2024 Amounting Rs. 1800 : Rs. 1000"));
+    EXPECT_EQ(ledgora(QStringList{"bills"} + office + QStringList{"77", "--out", out("none")}).status, 1);
+    EXPECT_EQ(ledgora({"template", "check", out("office/GST_Templates/GST_Inter_Bill_2Copy.doc")}).status, 0);
+    const Finished wrongKind =
+        ledgora({"template", "check", out("office/GST_Templates/GST_Receipt.doc"), "--kind", "notax"});
+    EXPECT_EQ(wrongKind.status, 1);
+    EXPECT_TRUE(wrongKind.output.contains("\"#RCPT_NO#\" is not filled")) << wrongKind.output.toStdString();
+}
+
 TEST_F(Journey, OfficeIsTheUsersAlone)
 {
     for (const char *folder : {"office/server", "office/server/data"}) {

@@ -6,6 +6,7 @@
 #include "masters/frmLogin1.h"
 #include "masters/frmMainGST.h"
 #include "receipts/frmRecpGST.h"
+#include "reports/frmReportsGST.h"
 #include "support/Screens.h"
 #include <QAccessible>
 #include <QDialog>
@@ -59,10 +60,13 @@ protected:
 TEST_F(Keyboard, EveryControlHasANameToBeHeard)
 {
     gFirmId = 1;
-    const std::unique_ptr<QWidget> windows[] = {
-        std::make_unique<frmMainGST>(), std::make_unique<frmBillGST>(),
-        std::make_unique<frmRecpGST>(), std::make_unique<app::ClientEditor>(),
-        std::make_unique<frmLogin1>(),  std::make_unique<reporter::Viewer>(reporter::PageList(), "Bill 1")};
+    const std::unique_ptr<QWidget> windows[] = {std::make_unique<frmMainGST>(),
+                                                std::make_unique<frmBillGST>(),
+                                                std::make_unique<frmRecpGST>(),
+                                                std::make_unique<frmReportsGST>(),
+                                                std::make_unique<app::ClientEditor>(),
+                                                std::make_unique<frmLogin1>(),
+                                                std::make_unique<reporter::Viewer>(reporter::PageList(), "Bill 1")};
     for (const auto &window : windows)
         EXPECT_EQ(namelessControls(*window), QStringList()) << window->objectName().toStdString();
 }

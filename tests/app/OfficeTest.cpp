@@ -255,12 +255,7 @@ protected:
         addCompany(1, "SHARMA & ASSOCIATES");
         addClient(1, "ASHOK TRADERS", "DELHI");
         addBill(1, 1, QDate(2024, 6, 1), 1, 100);
-        CompanyState company;
-        company.firmId = 1;
-        company.firmName = "SHARMA & ASSOCIATES";
-        company.firmStateCode = "07";
-        company.billCopy = company.recpCopy = 0;
-        company.apply();
+        test::chooseCompany();
         show(new frmBillGST);
     }
     void TearDown() override

@@ -183,7 +183,25 @@ TEST_F(PrivateServerTest, ServerWhoseProgramWasKilledEndsUnlessItIsUsedAgain)
         EXPECT_EQ(ask(server, "Select 7"), "7") << "this program still uses it";
     }
     ASSERT_TRUE(killedProgram());
-    const ledgora::app::ServerFolder folder(data());
+    ledgora::app::ServerFolder folder(data());
+    ASSERT_EQ(folder.open(), "");
+    EXPECT_TRUE(ledgora::app::waitUntil([&] { return !folder.serverLives(); }, std::chrono::seconds(20)));
+}
+
+TEST_F(PrivateServerTest, ServerWhoseProgramIsKilledWhileItComesUpEnds)
+{
+    ASSERT_TRUE(PrivateServer(settings()).start()); // the folder has its data
+    PrivateServer::Settings slow = settings();
+    slow.serverProgram = m_folder.path() + "/slow";
+    write(slow.serverProgram, "#!/bin/sh\nsleep 1\nkill -KILL $PPID\nexec sleep 600\n", QFile::ExeOwner);
+    const pid_t program = ::fork();
+    if (program == 0)
+        PrivateServer(slow).start();
+    int status = 0;
+    ASSERT_EQ(::waitpid(program, &status, 0), program);
+    ASSERT_EQ(WTERMSIG(status), SIGKILL);
+    ledgora::app::ServerFolder folder(data());
+    ASSERT_EQ(folder.open(), "");
     EXPECT_TRUE(ledgora::app::waitUntil([&] { return !folder.serverLives(); }, std::chrono::seconds(20)));
 }
 

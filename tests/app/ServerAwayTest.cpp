@@ -35,12 +35,7 @@ protected:
         run("Insert Into GST_OthCl (OthClSrNo,OthClCode,Nm,StateNm) "
             "Values (1,'BILL~OTHCL-000001','ASHOK TRADERS','DELHI')");
         m_window = std::make_unique<app::MainWindow>(m_office);
-        CompanyState company;
-        company.firmId = 1;
-        company.firmName = "SHARMA & ASSOCIATES";
-        company.firmStateCode = "07";
-        company.billCopy = company.recpCopy = 0;
-        company.apply();
+        chooseCompany();
         m_screen = new frmBillGST; // the window's
         m_window->showScreen(*m_screen);
         m_window->show();

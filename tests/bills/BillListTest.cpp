@@ -1,11 +1,9 @@
 #include "bills/BillList.h"
 
 #include "store/Connection.h"
-#include "tests/support/Database.h"
-#include "tests/support/Log.h"
 #include "tests/support/Print.h"
+#include "tests/support/StoreTest.h"
 #include <gtest/gtest.h>
-#include <memory>
 
 namespace ledgora {
 namespace {
@@ -28,15 +26,12 @@ QStringList rowOf(const Cells &bills, int id)
     return texts;
 }
 
-class BillList : public testing::Test
+class BillList : public test::StoreTest
 {
 protected:
-    static void SetUpTestSuite() { database = std::make_unique<test::Database>(); }
-    static void TearDownTestSuite() { database.reset(); }
-
     void SetUp() override
     {
-        database->empty();
+        StoreTest::SetUp();
         parties = Cells(PartyColumnCount, 1);
         for (const auto &[code, name] :
              {std::pair("c1", "Zeta small"), {"C1", "Asha"}, {"D9", "Mohan"}, {"B7", "asha"}})
@@ -71,8 +66,6 @@ protected:
         loadBillList(database->db(), bills, parties, 1, 2024, id, clientWise);
     }
 
-    static inline std::unique_ptr<test::Database> database;
-    test::Log log;
     Cells parties;
     Cells bills = emptyBillList();
 };

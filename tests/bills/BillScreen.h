@@ -23,12 +23,7 @@ protected:
         addClient(Ashok, "ASHOK TRADERS", "DELHI");
         addClient(Bharat, "BHARAT MILLS", "MAHARASHTRA");
         addClient(Chetak, "CHETAK STORES", "DELHI");
-        CompanyState company;
-        company.firmId = 1;
-        company.firmName = "SHARMA & ASSOCIATES";
-        company.firmStateCode = "07";
-        company.billCopy = company.recpCopy = 0;
-        company.apply();
+        chooseCompany();
     }
 
     void open() { show(new frmBillGST); }
@@ -50,6 +45,13 @@ protected:
         type(particulars);
         press(Qt::Key_Tab, Qt::NoModifier, 4);
         type(amount);
+    }
+    /// A new bill as far as the amount of its first line, where the cursor stays.
+    void enterBill(const QString &party, const QString &particulars, const QString &amount)
+    {
+        open();
+        keyHead(party);
+        keyLine(particulars, amount);
     }
     static QStringList storedBills()
     {

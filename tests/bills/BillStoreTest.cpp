@@ -3,26 +3,18 @@
 #include "Draft.h"
 #include "store/Connection.h"
 #include "store/ErrorLog.h"
-#include "tests/support/Database.h"
-#include "tests/support/Log.h"
 #include "tests/support/Print.h"
+#include "tests/support/StoreTest.h"
 #include <gtest/gtest.h>
-#include <memory>
 
 namespace ledgora {
 namespace {
 
 using test::draftOf;
 
-class BillStore : public testing::Test
+class BillStore : public test::StoreTest
 {
 protected:
-    static void SetUpTestSuite() { database = std::make_unique<test::Database>(); }
-    static void TearDownTestSuite() { database.reset(); }
-    void SetUp() override { database->empty(); }
-
-    static Connection &db() { return database->db(); }
-    static QStringList rows(const QString &sql) { return database->rows(sql); }
     static QStringList storedLines(int id)
     {
         return rows("Select * From GST_BillD Where BillId=" + QString::number(id) + " Order By SrNo");
@@ -41,9 +33,6 @@ protected:
         database->run(
             QStringLiteral("Insert Into GST_BillD Values (%1,1,'Put','','',0,100,0,100,'N',9,9,9,9,0,0,118)").arg(id));
     }
-
-    static inline std::unique_ptr<test::Database> database;
-    test::Log log;
 };
 
 /// Three lines with a blank row among them: plain, blank, tax by hand, a period.

@@ -11,15 +11,14 @@ using TypedLine = std::vector<std::pair<int, QString>>;
 inline BillDraft draftOf(const std::vector<TypedLine> &lines = {{{ParticularsColumn, "Audit"}, {AmountColumn, "1000"}}},
                          std::optional<TaxType> type = TaxType::Intra)
 {
-    BillDraft bill{.firmId = 1,
-                   .year = 2024,
-                   .code = "C1",
-                   .seriesId = 0,
-                   .number = "1",
-                   .date = "01/05/2024",
-                   .state = "GUJARAT",
-                   .taxType = type,
-                   .narration = {}};
+    BillDraft bill;
+    bill.firmId = 1;
+    bill.year = 2024;
+    bill.code = "C1";
+    bill.number = "1";
+    bill.date = "01/05/2024";
+    bill.state = "GUJARAT";
+    bill.taxType = type;
     ADDDEFROWSB(bill.lines);
     for (size_t i = 0; i < lines.size(); ++i) {
         for (const auto &[column, text] : lines[i])

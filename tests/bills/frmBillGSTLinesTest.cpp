@@ -42,9 +42,7 @@ TEST_F(BillScreen, EnterWalksTheLineAndAnEmptyAmountEndsTheLines)
 
 TEST_F(BillScreen, TypedAmountsAndRatesAreNormalised)
 {
-    open();
-    keyHead("ASHOK");
-    keyLine("Audit", "99.5");
+    enterBill("ASHOK", "Audit", "99.5");
     press(Qt::Key_Return);
     EXPECT_EQ(cell(firstLine, AmountColumn), "100");
     clickCell("vsB", firstLine, CgstRateColumn);
@@ -67,9 +65,7 @@ TEST_F(BillScreen, TypedAmountsAndRatesAreNormalised)
 
 TEST_F(BillScreen, HandMadeTaxStaysAndTheTotalFollows)
 {
-    open();
-    keyHead("ASHOK");
-    keyLine("Audit", "1000");
+    enterBill("ASHOK", "Audit", "1000");
     press(Qt::Key_Return);
     clickCell("vsB", firstLine, CgstColumn);
     EXPECT_FALSE(find<Grid>("vsB")->isEditing()) << "computed tax takes no keys";
@@ -89,9 +85,7 @@ TEST_F(BillScreen, HandMadeTaxStaysAndTheTotalFollows)
 
 TEST_F(BillScreen, SwitchingTheTaxTypeLosesNothing)
 {
-    open();
-    keyHead("ASHOK");
-    keyLine("Audit", "1000");
+    enterBill("ASHOK", "Audit", "1000");
     press(Qt::Key_Return);
     clickCell("vsB", firstLine, CgstRateColumn);
     type("6");
@@ -144,9 +138,7 @@ TEST_F(BillScreen, BlankPeriodTakesNoYear)
 
 TEST_F(BillScreen, EscapeInAChangedCellGivesItsFormerTextBackFirst)
 {
-    open();
-    keyHead("ASHOK");
-    keyLine("Audit", "1000");
+    enterBill("ASHOK", "Audit", "1000");
     press(Qt::Key_Return);
     clickCell("vsB", firstLine, ParticularsColumn);
     type("Other");
@@ -173,9 +165,7 @@ TEST_F(BillScreen, TenthLineIsTheLast)
 
 TEST_F(BillScreen, UpdateTakesTheEntryThatAnOpenListStandsOn)
 {
-    open();
-    keyHead("ASHOK");
-    keyLine("Audit", "1000");
+    enterBill("ASHOK", "Audit", "1000");
     press(Qt::Key_Return);
     clickCell("vsB", firstLine, SacColumn);
     press(Qt::Key_Return); // opens the list
@@ -189,9 +179,7 @@ TEST_F(BillScreen, UpdateTakesTheEntryThatAnOpenListStandsOn)
 
 TEST_F(BillScreen, PickListIsSearchedFromTheFirstKeyOn)
 {
-    open();
-    keyHead("ASHOK");
-    keyLine("Audit", "1000");
+    enterBill("ASHOK", "Audit", "1000");
     press(Qt::Key_Return);
     clickCell("vsB", firstLine, SacColumn);
     type("998231");

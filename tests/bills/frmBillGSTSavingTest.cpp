@@ -12,9 +12,7 @@ namespace {
 
 TEST_F(BillScreen, AddedBillIsStoredAndShownAsTheDatabaseHasIt)
 {
-    open();
-    keyHead("ASHOK");
-    keyLine("Statutory audit", "25000");
+    enterBill("ASHOK", "Statutory audit", "25000");
     press(Qt::Key_Return);
     type("500");
     clickCell("vsB", firstLine + 2, ParticularsColumn); // a row between stays empty
@@ -41,9 +39,7 @@ TEST_F(BillScreen, AddedBillIsStoredAndShownAsTheDatabaseHasIt)
 
 TEST_F(BillScreen, InterStateBillStoresNoTaxOfTheOtherKind)
 {
-    open();
-    keyHead("BHARAT");
-    keyLine("Returns", "12345");
+    enterBill("BHARAT", "Returns", "12345");
     alt('U');
     EXPECT_EQ(data().rows("Select RtCGST,CGST,RtSGST,SGST,RtIGST,IGST,TotalAmt From GST_BillD"),
               QStringList{"0|0|0|0|18|2222|14567"});
@@ -99,9 +95,7 @@ public:
 
 TEST_P(UpdateWhileTyping, SavesWhatWasTyped)
 {
-    open();
-    keyHead("ASHOK");
-    keyLine("Audit", "1000");
+    enterBill("ASHOK", "Audit", "1000");
     typeInto(GetParam());
     alt('U');
     ASSERT_FALSE(isEditing());
@@ -115,9 +109,7 @@ INSTANTIATE_TEST_SUITE_P(Places, UpdateWhileTyping, testing::Range(0, 4));
 
 TEST_F(BillScreen, UpdateWhileAPickListCellIsEditedSavesTheChoice)
 {
-    open();
-    keyHead("ASHOK");
-    keyLine("Audit", "1000");
+    enterBill("ASHOK", "Audit", "1000");
     press(Qt::Key_Return);
     clickCell("vsB", firstLine, SacColumn);
     press(Qt::Key_Return); // opens the list
@@ -285,9 +277,7 @@ TEST_F(BillScreen, NumberIsTakenOnceASeries)
 {
     data().run("Insert Into GST_Series Values (4,'B',2024,'AB/','P')");
     addBill(1, 1, QDate(2024, 6, 15), Ashok, 1000);
-    open();
-    keyHead("ASHOK");
-    keyLine("Audit", "1000");
+    enterBill("ASHOK", "Audit", "1000");
     retype("txtbillno", "1");
     boxes.expect("Duplicate Bill No.").icon(QMessageBox::Information);
     alt('U');
@@ -307,9 +297,7 @@ TEST_F(BillScreen, NumbersOutOfTheOrderOfDatesAreAskedFor)
 {
     addBill(1, 4, QDate(2024, 6, 10), Ashok, 100);
     addBill(2, 6, QDate(2024, 6, 1), Ashok, 100);
-    open();
-    keyHead("ASHOK");
-    keyLine("Audit", "1000");
+    enterBill("ASHOK", "Audit", "1000");
     retype("txtbillno", "5");
     retype("txtbilldt", "05062024");
     const QString lower =
@@ -335,9 +323,7 @@ TEST_F(BillScreen, NumbersOutOfTheOrderOfDatesAreAskedFor)
 TEST_F(BillScreen, TableHeldByAnotherUserRefusesTheSaveAndKeepsTheEntry)
 {
     failuresAreExpected();
-    open();
-    keyHead("ASHOK");
-    keyLine("Audit", "1000");
+    enterBill("ASHOK", "Audit", "1000");
     retype("txtNarr", "Kept");
     ASSERT_TRUE(data().other().Execute("LOCK TABLE GST_BillM WRITE"));
     boxes.expect("Invalid ID generated for the new Record. Can't Save !").icon(QMessageBox::Critical);
@@ -359,9 +345,7 @@ TEST_F(BillScreen, TableHeldByAnotherUserRefusesTheSaveAndKeepsTheEntry)
 TEST_F(BillScreen, BillWhoseLinesFailedIsCompletedByTheNextUpdate)
 {
     failuresAreExpected();
-    open();
-    keyHead("ASHOK");
-    keyLine("Audit", "1000");
+    enterBill("ASHOK", "Audit", "1000");
     retype("txtNarr", "Kept");
     data().run("Rename Table GST_BillD To GST_BillD_Away");
     boxes

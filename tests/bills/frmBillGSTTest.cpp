@@ -202,9 +202,7 @@ TEST_F(BillScreen, PreviewHandsTheEngineWhatStandsOnTheScreen)
 
 TEST_F(BillScreen, UpdateByTheMouseLeavesTheFieldFirst)
 {
-    open();
-    keyHead("ASHOK");
-    keyLine("Audit", "1000");
+    enterBill("ASHOK", "Audit", "1000");
     retype("txtbilldt", "31032024");
     boxes.expect("Please Specify a Valid 'Bill Date' between 01/04/2024 and 31/03/2025.");
     click("cmdupdate");

@@ -59,14 +59,19 @@ inline Values billValues(const QString &kind, int lines)
     return values;
 }
 
-/// The words of a PDF file as an independent reader sees them.
-inline QStringList pdfWords(const QString &path)
+enum class Breaks { Dropped, Kept };
+
+/// The words of a PDF file as an independent reader sees them; the end of a page is the word "\f" where it is kept.
+inline QStringList pdfWords(const QString &path, Breaks breaks = Breaks::Dropped)
 {
     QProcess reader;
     reader.start(QStringLiteral("pdftotext"), {QStringLiteral("-raw"), path, QStringLiteral("-")});
     EXPECT_TRUE(reader.waitForFinished()) << "pdftotext is needed";
     EXPECT_EQ(reader.exitCode(), 0) << reader.readAllStandardError().toStdString();
-    const QString text = QString::fromUtf8(reader.readAllStandardOutput());
+    QString text = QString::fromUtf8(reader.readAllStandardOutput());
+    if (breaks == Breaks::Kept)
+        return text.replace(u'\f', QStringLiteral(" \f "))
+            .split(QRegularExpression(QStringLiteral("[ \\n\\r\\t]+")), Qt::SkipEmptyParts);
     return text.split(QRegularExpression(QStringLiteral("\\s+")), Qt::SkipEmptyParts);
 }
 

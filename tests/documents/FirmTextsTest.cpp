@@ -1,7 +1,8 @@
-#include "documents/BillDocument.h"
+#include "documents/FirmTexts.h"
 
 #include "masters/CompanyStore.h"
 #include "store/Connection.h"
+#include "store/ErrorLog.h"
 #include "tests/support/Database.h"
 #include "tests/support/Log.h"
 #include "tests/support/Print.h"
@@ -19,7 +20,7 @@ TEST(StoredFirmTexts, ComeFromTheColumnsOfTheirMeaning)
         company.insert(field.column, field.column);
     ASSERT_TRUE(insertCompany(database.db(), company).inserted);
     Recordset row = companyRow(database.db(), 1);
-    const FirmTexts firm = firmTexts(row);
+    const FirmTexts firm = firmTexts(row, DocumentKind::Bill);
     const struct
     {
         const char *column;
@@ -59,17 +60,23 @@ TEST(StoredFirmTexts, ComeFromTheColumnsOfTheirMeaning)
 TEST(StoredFirmTexts, AreEmptyForNullFieldsAndWithoutARow)
 {
     test::Database database;
-    const test::Log log;
     database.run("Insert Into GST_FirmMas (FirmSrNo,Nm,PhNoO2) Values (1,'Asha',NULL)");
-    for (const int id : {1, 2}) {
-        Recordset row = companyRow(database.db(), id);
-        const FirmTexts firm = firmTexts(row);
-        EXPECT_EQ(firm.name, id == 1 ? "Asha" : "");
-        EXPECT_EQ(firmAddressText(firm), "");
-        EXPECT_EQ(firmContactText(firm), "");
-        EXPECT_EQ(firmWebText(firm), "");
+    const struct
+    {
+        int id;
+        DocumentKind kind;
+        int noted; ///< payment terms and signature are expected to be there
+    } cases[] = {{1, DocumentKind::Bill, 8}, {1, DocumentKind::Receipt, 2}, {2, DocumentKind::Bill, 0}};
+    for (const auto &c : cases) {
+        const test::Log log;
+        const ErrorSite site("frmBillGST", "CMDPREVIEW_CLICK");
+        Recordset row = companyRow(database.db(), c.id);
+        const FirmTexts firm = firmTexts(row, c.kind);
+        EXPECT_EQ(firm.name, c.id == 1 ? "Asha" : "");
+        EXPECT_EQ(firmAddressText(firm) + firmContactText(firm) + firmWebText(firm) + firm.bankName, "");
+        EXPECT_EQ(log.sites().count("frmBillGST CMDPREVIEW_CLICK"), c.noted);
+        EXPECT_EQ(log.lines().size(), size_t(c.noted));
     }
-    EXPECT_TRUE(log.isEmpty());
 }
 
 } // namespace

@@ -1,24 +1,16 @@
 #include "masters/CompanyStore.h"
 
 #include "store/Connection.h"
-#include "tests/support/Database.h"
-#include "tests/support/Log.h"
 #include "tests/support/Print.h"
+#include "tests/support/StoreTest.h"
 #include <gtest/gtest.h>
-#include <memory>
 
 namespace ledgora {
 namespace {
 
-class CompanyStore : public testing::Test
+class CompanyStore : public test::StoreTest
 {
 protected:
-    static void SetUpTestSuite() { database = std::make_unique<test::Database>(); }
-    static void TearDownTestSuite() { database.reset(); }
-    void SetUp() override { database->empty(); }
-
-    static Connection &db() { return database->db(); }
-    static QStringList rows(const QString &sql) { return database->rows(sql); }
     /// Names from the top of the list.
     static QStringList names(const Cells &companies)
     {
@@ -27,9 +19,6 @@ protected:
             names << companies.text(row, CompanyName);
         return names;
     }
-
-    static inline std::unique_ptr<test::Database> database;
-    test::Log log;
 };
 
 MasterRow named(const QString &name)

@@ -32,12 +32,20 @@ protected:
         for (QWidget *window : QApplication::topLevelWidgets())
             windows << window;
         for (const QPointer<QWidget> &window : windows) {
-            if (window && (window->objectName() == "frmBillGST" || window->objectName() == "frmRecpGST"))
+            if (window && QStringList{"frmBillGST", "frmRecpGST", "frmReportsGST"}.contains(window->objectName()))
                 delete window;
         }
         ScreenTest::TearDown();
     }
 
+    /// A command whose access key another has too: the key goes from one to the other, Enter gives the command.
+    void command(const char *button, char letter)
+    {
+        for (int times = 0; times < 2 && focus() != button; ++times)
+            alt(letter);
+        EXPECT_EQ(focus(), button);
+        press(Qt::Key_Return);
+    }
     /// The frame that stands in front; the test fails when it is not one alone.
     QString frame() const
     {

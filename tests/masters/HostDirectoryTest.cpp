@@ -8,6 +8,7 @@
 #include "tests/support/Database.h"
 #include "tests/support/Log.h"
 #include "tests/support/Print.h"
+#include "tests/support/StoreTest.h"
 #include <gtest/gtest.h>
 #include <memory>
 
@@ -39,14 +40,7 @@ protected:
         if (historyOfYear > 0)
             CEF_UPDATEADDRESS(of(host).db(), historyOfYear, parties);
         EXPECT_EQ(parties.columns(), PartyColumnCount);
-        QStringList lines;
-        for (int row = 1; row < parties.rows(); ++row) {
-            QStringList cells;
-            for (int column = 0; column < PartyColumnCount; ++column)
-                cells << parties.text(row, column);
-            lines << cells.join('|');
-        }
-        return lines;
+        return test::linesOf(parties);
     }
 
     static inline std::map<QChar, std::unique_ptr<test::Database>> databases;

@@ -1,28 +1,14 @@
 #include "masters/OtherClientStore.h"
 
 #include "store/Connection.h"
-#include "tests/support/Database.h"
-#include "tests/support/Log.h"
 #include "tests/support/Print.h"
+#include "tests/support/StoreTest.h"
 #include <gtest/gtest.h>
-#include <memory>
 
 namespace ledgora {
 namespace {
 
-class OtherClientStore : public testing::Test
-{
-protected:
-    static void SetUpTestSuite() { database = std::make_unique<test::Database>(); }
-    static void TearDownTestSuite() { database.reset(); }
-    void SetUp() override { database->empty(); }
-
-    static Connection &db() { return database->db(); }
-    static QStringList rows(const QString &sql) { return database->rows(sql); }
-
-    static inline std::unique_ptr<test::Database> database;
-    test::Log log;
-};
+using OtherClientStore = test::StoreTest;
 
 TEST_F(OtherClientStore, EveryFieldGoesIntoItsColumnAndTheCodeStays)
 {

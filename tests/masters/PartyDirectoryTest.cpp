@@ -4,11 +4,9 @@
 #include "masters/SeriesStore.h"
 #include "store/Connection.h"
 #include "store/DocumentNumber.h"
-#include "tests/support/Database.h"
-#include "tests/support/Log.h"
 #include "tests/support/Print.h"
+#include "tests/support/StoreTest.h"
 #include <gtest/gtest.h>
-#include <memory>
 
 namespace ledgora {
 namespace {
@@ -33,14 +31,12 @@ TEST(OneLineAddress, JoinsFilledPartsAndThePostalCode)
         EXPECT_EQ(oneLineAddress(c.parts), c.address);
 }
 
-class PartyDirectory : public testing::Test
+class PartyDirectory : public test::StoreTest
 {
 protected:
-    static void SetUpTestSuite() { database = std::make_unique<test::Database>(); }
-    static void TearDownTestSuite() { database.reset(); }
     void SetUp() override
     {
-        database->empty();
+        StoreTest::SetUp();
         database->run("Insert Into Comp_Master (CompSrNo,Code,Nm,PAN,Flat,Building,street,area,city,State,PIN) Values "
                       "(1,'7','Zeta Ltd','AAACZ1234B','1','Rose','MG Road','Fort','Surat','GUJARAT','395001'),"
                       "(2,'C''2','mohan Ltd',NULL,NULL,NULL,NULL,NULL,NULL,NULL,'0')");
@@ -54,18 +50,9 @@ protected:
     QStringList load(const QString &hostCode = "C")
     {
         LOADCLLIST(database->db(), hostCode, parties);
-        QStringList lines;
-        for (int row = 1; row < parties.rows(); ++row) {
-            QStringList cells;
-            for (int column = 0; column < PartyColumnCount; ++column)
-                cells << parties.text(row, column);
-            lines << cells.join('|');
-        }
-        return lines;
+        return test::linesOf(parties);
     }
 
-    static inline std::unique_ptr<test::Database> database;
-    test::Log log;
     Cells parties = emptyPartyDirectory();
 };
 

@@ -26,12 +26,7 @@ protected:
         data().run("Update GST_BillD Set TaxServAmt=1000,CGST=90,SGST=90 Where BillId=1");
         addBill(2, 2, QDate(2024, 5, 2), Ashok, 500);
         addBill(3, 3, QDate(2024, 6, 1), Ashok, 300);
-        CompanyState company;
-        company.firmId = 1;
-        company.firmName = "SHARMA & ASSOCIATES";
-        company.firmStateCode = "07";
-        company.billCopy = company.recpCopy = 0;
-        company.apply();
+        chooseCompany();
     }
 
     void open() { show(new frmRecpGST); }

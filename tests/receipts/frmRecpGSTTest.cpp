@@ -99,6 +99,7 @@ TEST_F(ReceiptScreen, AmountsThatArePastedAreRoundedOrRefused)
                           {"txtDISC_0", "'; Drop", "'; Drop", invalidAmount},
                           {"txtDISC_0", "0.5", "", ""},
                           {"txtTDS_0", "1181", "1181", "TDS Amount cannot be greater than Rs.1180"},
+                          {"txtTDS_0", "1180.5", "1180.5", "TDS Amount cannot be greater than Rs.1180"},
                           {"txtTDS_0", "118.5", "118", ""},
                           {"txtCash", "12e3", "12e3", invalidAmount},
                           {"txtCash", "1500.5", "1500", ""}};

@@ -1,10 +1,13 @@
 // Pictures of all screens: the demonstration, photographed where a screen is worth a look. A picture shows the window
 // with whatever list or box stands over it.
 
+#include "Papers.h"
 #include "app/Clerk.h"
 #include "app/Demo.h"
 #include "app/MainWindow.h"
 #include "app/Office.h"
+#include "app/ServerDialog.h"
+#include "controls/WorkBar.h"
 #include "host/WorkingState.h"
 #include "store/Connection.h"
 #include "store/Dates.h"
@@ -12,8 +15,10 @@
 #include <QApplication>
 #include <QDir>
 #include <QFile>
+#include <QLineEdit>
 #include <QPainter>
 #include <QPixmap>
+#include <QRadioButton>
 #include <QWidget>
 #include <cstdio>
 
@@ -158,6 +163,41 @@ void visitMenu(Clerk &clerk, Office &office, QWidget &window, const Look &look)
     }
 }
 
+/// What stands before the window while it waits: the server's bar, the bar of long work, the question for a password.
+void visitWaiting(Clerk &clerk, Office &office, QWidget &window, const Look &look)
+{
+    clerk.expect([&look, &window](QWidget &dialog) {
+        dialog.findChild<QRadioButton *>(QStringLiteral("optServerShared"))->click();
+        const std::pair<const char *, const char *> texts[] = {{"txtServerHost", "accounts.office.example"},
+                                                               {"txtServerUser", "ledgora"},
+                                                               {"txtServerDatabase", "ledgora"}};
+        for (const auto &[name, text] : texts) {
+            if (auto *field = dialog.findChild<QLineEdit *>(QLatin1String(name)))
+                field->setText(QLatin1String(text));
+        }
+        look(QStringLiteral("database-server-shared"), window);
+        dialog.close();
+    });
+    window.findChild<QAction *>(QStringLiteral("actServer"))->trigger();
+    Clerk::settle();
+    clerk.expect([&look, &window](QWidget &dialog) {
+        look(QStringLiteral("server-password"), window);
+        dialog.close();
+    });
+    ServerAddress address;
+    address.host = QStringLiteral("accounts.office.example");
+    address.user = address.database = QStringLiteral("ledgora");
+    askInWindow(address, true);
+    clerk.expect([&look, &window](QWidget &) { look(QStringLiteral("waiting-for-the-server"), window); });
+    office.connection().Open(QStringLiteral("Select Sleep(1)"));
+    clerk.expect([](QWidget &) {});
+    ledgora::WorkBar bar(&window, QStringLiteral("Backup"));
+    bar.show();
+    bar.progress()(41, 100, QStringLiteral("GST_BillD"));
+    Clerk::settle();
+    look(QStringLiteral("long-work"), window);
+}
+
 /// Host "G" on the same office: its clients and groups.
 QString visitHostG(const QString &folder, const Look &look)
 {
@@ -234,6 +274,7 @@ QString visitTheRest(const QString &folder, const Look &look)
     clerk.alt('C');
     visitClients(clerk, window, look);
     visitMenu(clerk, office, window, look);
+    visitWaiting(clerk, office, window, look);
     return clerk.fault();
 }
 
@@ -259,6 +300,8 @@ int main(int argc, char *argv[])
             out.filePath(QStringLiteral("%1-%2.png").arg(++count, 2, 10, QLatin1Char('0')).arg(name)));
     };
     QString fault = runDemo(out.path(), look);
+    if (fault.isEmpty())
+        fault = picturePapers(out.filePath(QStringLiteral("office")), out.path());
     if (fault.isEmpty())
         fault = visitTheRest(out.filePath(QStringLiteral("office")), look);
     if (fault.isEmpty())

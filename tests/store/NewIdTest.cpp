@@ -1,23 +1,17 @@
 #include "store/NewId.h"
 
 #include "store/ErrorLog.h"
-#include "tests/support/Database.h"
-#include "tests/support/Log.h"
 #include "tests/support/Print.h"
+#include "tests/support/StoreTest.h"
 #include <gtest/gtest.h>
-#include <memory>
 #include <mysqld_error.h>
 
 namespace ledgora {
 namespace {
 
-class NewId : public testing::Test
+class NewId : public test::StoreTest
 {
 protected:
-    static void SetUpTestSuite() { database = std::make_unique<test::Database>(); }
-    static void TearDownTestSuite() { database.reset(); }
-    void SetUp() override { database->empty(); }
-
     static InsertResult insertSeries(const QString &values = "'B',2024,'A/','P'")
     {
         return insertUnderNewId(database->db(), "GST_Series", "SeriesSrNo", [&](int id) -> QString {
@@ -31,9 +25,6 @@ protected:
         return database->other().Execute("Update GST_Series Set FY=2024")
                && database->db().Execute("Update GST_OthCl Set Nm=''");
     }
-
-    static inline std::unique_ptr<test::Database> database;
-    test::Log log;
 };
 
 TEST_F(NewId, IsOneInAnEmptyTable)

@@ -152,13 +152,8 @@ bool openPeriod(ClsGST &gst, Connection &connection, const QString &folder)
     gst.CnnObj(&connection);
     gst.GetRegYr(2024);
     gst.ObjMdi(nullptr);
-    CompanyState company;
-    company.firmId = 1;
-    company.firmName = "SHARMA & ASSOCIATES";
-    company.firmStateCode = "07";
-    company.billCopy = company.recpCopy = 0;
     const bool open = gst.CallBilling("ZoRbItWaLkErX", "C", 2);
-    company.apply();
+    chooseCompany();
     return open;
 }
 

@@ -51,6 +51,16 @@ ReportRows &NotingReporter::rows()
     return report;
 }
 
+void chooseCompany()
+{
+    CompanyState company;
+    company.firmId = 1;
+    company.firmName = "SHARMA & ASSOCIATES";
+    company.firmStateCode = "07";
+    company.billCopy = company.recpCopy = 0;
+    company.apply();
+}
+
 namespace {
 
 QString replacement(const QString &placeholder, const PlaceholderValue &value)
@@ -141,17 +151,22 @@ void NotingReporter::AbortReport()
 void NotingReporter::BeginPdfRun()
 {
     asked() << "BeginPdfRun";
+    m_pdfFiles.clear();
 }
 
 void NotingReporter::AddMasterToPdf(const QString &path)
 {
     asked() << "AddMasterToPdf " + QFileInfo(path).fileName();
+    m_pdfFiles << path;
 }
 
 std::vector<PdfFault> NotingReporter::EndPdfRun()
 {
     asked() << "EndPdfRun";
-    return {};
+    std::vector<PdfFault> faults;
+    for (const QString &path : m_pdfFiles)
+        faults.push_back({path, lastError()});
+    return lastError().isEmpty() ? std::vector<PdfFault>() : faults;
 }
 
 void NotingReporter::ShowReport(bool)
@@ -199,7 +214,9 @@ QString ScreenTest::errorLog()
 
 void ScreenTest::addCompany(int id, const QString &name, const QString &state, const QString &password)
 {
-    data().run(QStringLiteral("Insert Into GST_FirmMas (FirmSrNo,Nm,StateNm,Pass) Values (%1,%2,%3,%4)")
+    data().run(QStringLiteral("Insert Into GST_FirmMas (FirmSrNo,Nm,StateNm,Pass,BankAcName,BankName,BankBrAdd,"
+                              "BankAcNo,BankIFSC,PayComments,SignName,SignDesig) Values (%1,%2,%3,%4,'','','','','','',"
+                              "'','')")
                    .arg(id)
                    .arg(quoted(name), quoted(state), quoted(password)));
 }

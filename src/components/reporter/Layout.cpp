@@ -3,6 +3,7 @@
 #include "components/reporter/Pager.h"
 #include <algorithm>
 #include <optional>
+#include <utility>
 
 namespace ledgora::reporter {
 
@@ -28,6 +29,7 @@ void drawColumn(Drawing &drawing, const std::vector<Slice> &slices, QPointF at)
     }
 }
 
+/// The header comes before the text and the footer behind it, as they are read, searched and copied.
 void drawMargins(Page &page, const PageOwner &owner, const PageNumbers &numbers)
 {
     const Section &section = *owner.section;
@@ -37,7 +39,11 @@ void drawMargins(Page &page, const PageOwner &owner, const PageNumbers &numbers)
     const auto laid = [&](bool header) {
         return layoutColumn(marginText(section, owner.first, header), width, numbers, setup.height);
     };
-    drawColumn(page.drawing, laid(true), QPointF(left, setup.headerDistance));
+    if (const std::vector<Slice> header = laid(true); !header.empty()) {
+        Drawing body = std::exchange(page.drawing, {});
+        drawColumn(page.drawing, header, QPointF(left, setup.headerDistance));
+        page.drawing.add(body, {});
+    }
     const std::vector<Slice> footer = laid(false);
     drawColumn(page.drawing, footer, QPointF(left, setup.height - setup.footerDistance - heightOf(footer)));
 }

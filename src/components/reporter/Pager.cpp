@@ -235,6 +235,8 @@ void Pager::addRows(const TableLayout &table, std::size_t first, std::size_t end
     const qreal height = table.height(first, end);
     const bool isHeading = first < table.headingRows();
     const qreal headingAbove = isHeading ? 0 : table.headingHeight();
+    if (end - first == 1 && !isHeading && height > rest() && table.beginsWithin(first, rest()))
+        return addSplit(table, first);
     if (height > rest() && height <= m_room.height() - headingAbove) {
         if (isHeading)
             nextColumn();
@@ -249,7 +251,7 @@ void Pager::addRows(const TableLayout &table, std::size_t first, std::size_t end
         addSplit(table, row);
 }
 
-/// A row taller than any page: as many lines of it on each page as fit.
+/// A row that no page holds, or that may break: as many lines of it on each page as fit.
 void Pager::addSplit(const TableLayout &table, std::size_t row)
 {
     LaidRow left = table.rows()[row];

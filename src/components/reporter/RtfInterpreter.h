@@ -26,7 +26,16 @@ public:
     CellFormat &cell() { return definition().cell; }
     Picture &picture() { return m_picture; }
     /// The border that the words of style, width and colour speak of; a scratch value when it is one we do not draw.
-    BorderLine &border();
+    /// Changes the border that the words before have named; all four of a box.
+    template<class Change>
+    void changeBorder(Change change)
+    {
+        if (m_borderOwner != BorderOwner::Box)
+            return change(border());
+        for (BorderLine &side : m_state.paragraph.borders)
+            change(side);
+    }
+    void beginAlternative();
     Colour colour(int index) const;
     /// The name of a font of the document's table, else that of the default one.
     QString fontName(int number) const;
@@ -73,8 +82,9 @@ public:
     void skipGroup() { m_state.destination = Destination::Skipped; }
 
 private:
-    enum class Destination { Body, Fonts, Colours, Instruction, Picture, Skipped };
-    enum class BorderOwner { None, Paragraph, Cell, Page };
+    /// Alternative: text for readers that know no Unicode, with the real one in a group inside it.
+    enum class Destination { Body, Fonts, Colours, Instruction, Picture, Alternative, Skipped };
+    enum class BorderOwner { None, Paragraph, Box, Cell, Page };
     struct State
     {
         CharFormat chars;
@@ -86,6 +96,7 @@ private:
         Destination destination = Destination::Body;
         int unicodeSkip = 1;
     };
+    BorderLine &border();
     /// What `\trowd` and the words behind it have said.
     struct RowDefinition
     {
@@ -111,6 +122,7 @@ private:
 
     bool take(const RtfToken &token);
     bool keep(const RtfToken &token);
+    bool withinDepth(int deeper);
     void insertAnchor();
     bool beginGroup();
     bool endGroup();
@@ -173,9 +185,10 @@ private:
     QString m_instruction;
     CharFormat m_instructionFormat;
     Picture m_picture;
-    std::optional<AnchorRecorder> m_kept; ///< the group that is kept while it is skipped, or the picture that is read
-    QByteArray m_word;                    ///< the one that is carried out
-    int m_highDigit = -1;                 ///< first half of a byte of the picture, or -1
+    std::optional<AnchorRecorder> m_kept;        ///< the group that is kept and else passed over
+    std::optional<AnchorRecorder> m_pictureText; ///< the picture that is read
+    QByteArray m_word;                           ///< the one that is carried out
+    int m_highDigit = -1;                        ///< first half of a byte of the picture, or -1
     qint64 m_pixels = 0;
     qsizetype m_characters = 0;
     int m_paragraphs = 0;

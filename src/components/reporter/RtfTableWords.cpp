@@ -1,4 +1,4 @@
-#include "components/reporter/RtfInterpreter.h"
+#include "components/reporter/RtfWord.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -8,24 +8,6 @@
 namespace ledgora::reporter {
 
 namespace {
-
-using Interpreter = RtfInterpreter;
-
-struct Word
-{
-    void (*apply)(Interpreter &, int);
-    int withoutNumber = 0; ///< the parameter that a word without one means
-};
-
-int length(int value)
-{
-    return std::clamp(value, -largestLength, largestLength);
-}
-
-int positiveLength(int value)
-{
-    return std::clamp(value, 0, largestLength);
-}
 
 template<Alignment alignment>
 void alignTable(Interpreter &i, int)

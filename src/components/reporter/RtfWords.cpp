@@ -1,4 +1,4 @@
-#include "components/reporter/RtfInterpreter.h"
+#include "components/reporter/RtfWord.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -8,24 +8,6 @@
 namespace ledgora::reporter {
 
 namespace {
-
-using Interpreter = RtfInterpreter;
-
-struct Word
-{
-    void (*apply)(Interpreter &, int);
-    int withoutNumber = 0; ///< the parameter that a word without one means
-};
-
-int length(int value)
-{
-    return std::clamp(value, -largestLength, largestLength);
-}
-
-int positiveLength(int value)
-{
-    return std::clamp(value, 0, largestLength);
-}
 
 constexpr int mostColumns = 8;
 
@@ -114,7 +96,7 @@ void paragraphBorder(Interpreter &i, int)
 template<LineStyle style>
 void borderStyle(Interpreter &i, int)
 {
-    i.border().style = style;
+    i.changeBorder([](BorderLine &border) { border.style = style; });
 }
 
 template<char16_t code>
@@ -173,6 +155,7 @@ const Words documentWords = {
     {"titlepg", {[](Interpreter &i, int) { i.page().titlePage = true; }}},
     {"cols", {[](Interpreter &i, int v) { i.page().columns = std::clamp(v, 1, mostColumns); }, 1}},
     {"colsx", {[](Interpreter &i, int v) { i.page().columnGap = positiveLength(v); }, 720}},
+    {"upr", {[](Interpreter &i, int) { i.beginAlternative(); }}},
     {"pgbrdrt", {pageBorder<Top>}},
     {"pgbrdrl", {pageBorder<Left>}},
     {"pgbrdrb", {pageBorder<Bottom>}},
@@ -280,9 +263,10 @@ const Words borderWords = {
     {"brdrdash", {borderStyle<LineStyle::Dashed>}},
     {"brdrnone", {borderStyle<LineStyle::None>}},
     {"brdrnil", {borderStyle<LineStyle::None>}},
-    {"brdrw", {[](Interpreter &i, int v) { i.border().width = std::clamp(v, 1, 240); }, 15}},
-    {"brdrcf", {[](Interpreter &i, int v) { i.border().colour = i.colour(v); }}},
-    {"brsp", {[](Interpreter &i, int v) { i.border().space = positiveLength(v); }}},
+    {"brdrw",
+     {[](Interpreter &i, int v) { i.changeBorder([v](BorderLine &b) { b.width = std::clamp(v, 1, 240); }); }, 15}},
+    {"brdrcf", {[](Interpreter &i, int v) { i.changeBorder([c = i.colour(v)](BorderLine &b) { b.colour = c; }); }}},
+    {"brsp", {[](Interpreter &i, int v) { i.changeBorder([v](BorderLine &b) { b.space = positiveLength(v); }); }}},
 };
 
 } // namespace

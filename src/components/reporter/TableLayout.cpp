@@ -204,6 +204,17 @@ qreal TableLayout::height(std::size_t first, std::size_t end) const
     return sum;
 }
 
+bool TableLayout::beginsWithin(std::size_t row, qreal height) const
+{
+    const LaidRow &laid = m_rows[row];
+    const bool mayBreak = !laid.format->keepTogether && !isExact(laid) && laid.format->height.value <= height;
+    return mayBreak && std::all_of(laid.cells.begin(), laid.cells.end(), [&](const LaidCell &cell) {
+               const qreal firstLine =
+                   cell.content.empty() ? 0 : cell.content.front().gap + cell.content.front().height;
+               return firstLine + cell.padding[Top] + cell.padding[Bottom] + topBorderWidth(laid) <= height;
+           });
+}
+
 Drawing TableLayout::draw(std::size_t first, std::size_t end) const
 {
     Drawing drawing;

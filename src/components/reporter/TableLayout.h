@@ -44,6 +44,9 @@ public:
     /// End of the groups from there that keep with one another: no page ends between them, unless they fill one alone.
     std::size_t chainEnd(std::size_t first) const;
     qreal height(std::size_t first, std::size_t end) const;
+    /// Whether a page may end inside the row: it may break, and a line of each of its filled cells fits into the
+    /// height.
+    bool beginsWithin(std::size_t row, qreal height) const;
     /// The rows below one another, from y = 0.
     Drawing draw(std::size_t first, std::size_t end) const;
 

@@ -1,0 +1,269 @@
+#include "ReportCommand.h"
+
+#include "Billing.h"
+#include "CommandLine.h"
+#include "Office.h"
+#include "host/WorkingState.h"
+#include "masters/ClientGroups.h"
+#include "masters/CompanyStore.h"
+#include "platform/Reporter.h"
+#include "reports/ReportCsv.h"
+#include "reports/ReportParties.h"
+#include "reports/ReportRows.h"
+#include "reports/ReportText.h"
+#include "reports/Reports.h"
+#include "store/Connection.h"
+#include "store/Dates.h"
+#include "store/NumberFormat.h"
+#include "store/Settings.h"
+#include "store/SqlText.h"
+#include <QCommandLineParser>
+#include <QFileInfo>
+#include <algorithm>
+#include <cstdio>
+#include <iterator>
+
+namespace ledgora::app {
+
+namespace {
+
+constexpr const char *kinds[] = {"bills", "receipts", "pending", "outstanding", "discount", "tds", "sac", "account"};
+
+struct DetailWord
+{
+    const char *word;
+    bool PartyDetails::*detail;
+};
+constexpr DetailWord detailWords[] = {
+    {"address", &PartyDetails::address}, {"phone", &PartyDetails::phone}, {"email", &PartyDetails::email},
+    {"mobile", &PartyDetails::mobile},   {"fax", &PartyDetails::fax},     {"gstin", &PartyDetails::gstin},
+    {"pan", &PartyDetails::pan},
+};
+
+int failed(QString why)
+{
+    std::fprintf(stderr, "ledgora: %s\n", qPrintable(why.replace(u'\n', u' ')));
+    return 1;
+}
+
+QString shownDate(QDate day)
+{
+    return formatDate(day, QStringLiteral("DD/MM/YYYY"));
+}
+
+/// The option's date; one left out is "", and a fault where it must be told.
+QString readDate(const QCommandLineParser &parser, const char *option, bool mustBeTold, QString &date)
+{
+    const QString name = QLatin1String(option);
+    if (!parser.isSet(name))
+        return mustBeTold ? QString("report needs --" + name) : QString();
+    const auto day = dateArgument(parser.value(name));
+    date = day ? shownDate(*day) : QString();
+    return day ? QString() : QString("--" + name + " takes a date, DD/MM/YYYY or YYYY-MM-DD");
+}
+
+QString readDates(const QCommandLineParser &parser, ReportRequest &asked)
+{
+    const bool hasPeriod = asked.kind != ReportKind::Outstanding;
+    for (const QString &fault :
+         {readDate(parser, "from", hasPeriod, asked.from), readDate(parser, "to", hasPeriod, asked.to),
+          readDate(parser, "as-on", false, asked.asOn), readDate(parser, "upto", false, asked.billsUpTo)}) {
+        if (!fault.isEmpty())
+            return fault;
+    }
+    if (hasPeriod && DateFromText(asked.from) > DateFromText(asked.to))
+        return QStringLiteral("--from must not be later than --to");
+    return {};
+}
+
+QString readDetails(const QString &list, PartyDetails &details)
+{
+    for (const QString &word : list.split(u',', Qt::SkipEmptyParts)) {
+        const auto known = std::find_if(std::begin(detailWords), std::end(detailWords), [&word](const DetailWord &d) {
+            return word.trimmed() == QLatin1String(d.word);
+        });
+        if (known == std::end(detailWords))
+            return QStringLiteral("--print takes address, phone, email, mobile, fax, gstin and pan, with commas");
+        details.*known->detail = true;
+    }
+    return {};
+}
+
+/// "all", "blank" or a code, as an entry of the list of services.
+QString readSac(const QString &text, int &entry)
+{
+    if (text.isEmpty() || text == QLatin1String("all"))
+        return {};
+    for (entry = 1; entry < int(std::size(sacEntries)); ++entry) {
+        const QString known = QLatin1String(sacEntries[entry]);
+        if (known.startsWith(text + " - ") || (entry == 1 && text == QLatin1String("blank")))
+            return {};
+    }
+    return QStringLiteral("--sac takes all, blank or one of the codes 998221 to 998240");
+}
+
+QString readAmounts(const QStringList &tests, std::array<AmountTest, 2> &amounts)
+{
+    if (tests.size() > qsizetype(amounts.size()))
+        return QStringLiteral("--amount is taken at most twice");
+    for (qsizetype i = 0; i < tests.size(); ++i) {
+        if (!readAmountTest(tests.at(i), amounts.at(size_t(i))))
+            return QStringLiteral("--amount takes a comparison and a number, as \">1000\"");
+    }
+    return {};
+}
+
+QString readFile(const QString &out)
+{
+    const QString ending = QFileInfo(out).suffix().toLower();
+    const bool known =
+        QStringList{QStringLiteral("pdf"), QStringLiteral("txt"), QStringLiteral("csv")}.contains(ending);
+    return known ? QString() : QStringLiteral("report needs --out: a file that ends with .pdf, .txt or .csv");
+}
+
+/// Ticks the parties that are asked for: all, those of the codes, those of the group. "" or which one is not there.
+QString tickParties(Connection &db, const ReportOptions &options, ReportRequest &asked)
+{
+    Cells &parties = asked.parties;
+    if (!options.group.isEmpty()) {
+        Recordset group = db.Open("Select * from grp_m Where Code_No=" + quoted(options.group)
+                                  + " or Nm=" + quoted(options.group) + " order by nm");
+        const QString codes = group.next() ? GETGROUPCLS(db, group.text(QStringLiteral("Code_No"))) : QString();
+        if (codes.isEmpty())
+            return "No Client in Group '" + options.group + "' !";
+        asked.groupName = group.text(QStringLiteral("Nm"));
+        showGroup(parties, codes);
+    }
+    for (int row = parties.fixedRows(); row < parties.rows() && options.parties.isEmpty(); ++row)
+        parties.setText(row, ListedTick, QStringLiteral("Y"));
+    for (const QString &code : options.parties) {
+        const int row = parties.find(code, ListedCode, parties.fixedRows());
+        if (row < 0)
+            return "there is no client with the code " + code;
+        parties.setText(row, ListedTick, QStringLiteral("Y"));
+    }
+    asked.rows = tickedRows(parties);
+    return asked.rows.empty() ? QStringLiteral("No Client Selection !") : QString();
+}
+
+QString writeReport(Connection &db, const ReportRequest &asked, const QString &out)
+{
+    const QString ending = QFileInfo(out).suffix().toLower();
+    if (ending == QLatin1String("pdf")) {
+        const QString fault = makeReport(db, asked, *gReporter, unwatched());
+        if (!fault.isEmpty())
+            return fault;
+        gReporter->SaveToPDF(out, 0);
+        return gReporter->LastError();
+    }
+    ReportRows rows;
+    const QString fault = makeReport(db, asked, rows, unwatched());
+    if (!fault.isEmpty())
+        return fault;
+    return ending == QLatin1String("csv") ? saveReportCsv(rows, out) : saveReportText(rows, out);
+}
+
+} // namespace
+
+void addReportOptions(QCommandLineParser &parser)
+{
+    parser.addPositionalArgument(
+        QStringLiteral("KIND"),
+        QStringLiteral("bills, receipts, pending, outstanding, discount, tds, sac or account."));
+    parser.addOptions(
+        {{QStringLiteral("firm"), QStringLiteral("Number of the company."), QStringLiteral("ID")},
+         {QStringLiteral("from"), QStringLiteral("First day of the period (DD/MM/YYYY or YYYY-MM-DD)."),
+          QStringLiteral("DATE")},
+         {QStringLiteral("to"), QStringLiteral("Last day of the period."), QStringLiteral("DATE")},
+         {QStringLiteral("as-on"), QStringLiteral("outstanding: what is due on this day (default today)."),
+          QStringLiteral("DATE")},
+         {QStringLiteral("upto"), QStringLiteral("outstanding: only for bills issued up to this day."),
+          QStringLiteral("DATE")},
+         {QStringLiteral("amount"),
+          QStringLiteral("outstanding: only totals that pass, as \">1000\" or \"<=500\"; may be given twice."),
+          QStringLiteral("TEST")},
+         {QStringLiteral("either"), QStringLiteral("outstanding: of two tests one is enough.")},
+         {QStringLiteral("party"), QStringLiteral("Code of a client; may be given again (default all clients)."),
+          QStringLiteral("CODE")},
+         {QStringLiteral("group"), QStringLiteral("Name or code of a group of clients (host G)."),
+          QStringLiteral("GROUP")},
+         {QStringLiteral("sac"), QStringLiteral("sac: one code, blank for lines without one, or all (default)."),
+          QStringLiteral("CODE")},
+         {QStringLiteral("print"),
+          QStringLiteral("What to print with the names: address,phone,email,mobile,fax,gstin,pan."),
+          QStringLiteral("LIST")},
+         {QStringLiteral("bill-numbers"), QStringLiteral("account: a receipt's bills beside its number.")},
+         {QStringLiteral("out"), QStringLiteral("The file: .pdf, .txt or .csv."), QStringLiteral("FILE")}});
+}
+
+QString readReportOptions(const QCommandLineParser &parser, ReportOptions &options)
+{
+    const QStringList words = parser.positionalArguments();
+    const auto kind = std::find(std::begin(kinds), std::end(kinds), words.value(0));
+    if (words.size() != 1 || kind == std::end(kinds))
+        return QStringLiteral(
+            "report needs a kind: bills, receipts, pending, outstanding, discount, tds, sac or account");
+    const auto value = [&parser](const char *name) { return parser.value(QLatin1String(name)); };
+    ReportRequest &asked = options.asked;
+    asked.kind = ReportKind(kind - std::begin(kinds));
+    asked.firmId = value("firm").toInt();
+    if (asked.firmId < 1)
+        return QStringLiteral("--firm takes a company's number");
+    options.parties = parser.values(QStringLiteral("party"));
+    options.group = value("group");
+    options.out = value("out");
+    asked.bothAmounts = !parser.isSet(QStringLiteral("either"));
+    asked.billNumbers = parser.isSet(QStringLiteral("bill-numbers"));
+    for (const QString &fault :
+         {readDates(parser, asked), readDetails(value("print"), asked.details), readSac(value("sac"), asked.sac),
+          readAmounts(parser.values(QStringLiteral("amount")), asked.amounts), readFile(options.out)}) {
+        if (!fault.isEmpty())
+            return fault;
+    }
+    return {};
+}
+
+bool readAmountTest(const QString &text, AmountTest &test)
+{
+    constexpr std::pair<const char *, int> comparisons[] = {{">=", 3}, {"<=", 4}, {"!=", 6}, {"<>", 6},
+                                                            {">", 1},  {"<", 2},  {"=", 5}};
+    for (const auto &[sign, comparison] : comparisons) {
+        if (!text.startsWith(QLatin1String(sign)))
+            continue;
+        const QString number = text.mid(QLatin1String(sign).size()).trimmed();
+        test = {comparison, Val(number)};
+        return isNumeric(number);
+    }
+    return false;
+}
+
+int runReportCommand(const CommandLine &line)
+{
+    QString fault;
+    const auto office = openOffice(line.dataFolder, line.host, line.server, Folder::MustBeThere, askOnTerminal, fault);
+    if (!office)
+        return failed(fault);
+    const Billing billing(*office, nullptr);
+    if (!billing.isOpen())
+        return failed(QStringLiteral("the billing library could not be opened"));
+    Connection &db = office->connection();
+    ReportRequest asked = line.report.asked;
+    if (asked.asOn.isEmpty())
+        asked.asOn = shownDate(today());
+    if (!asked.billsUpTo.isEmpty() && DateFromText(asked.billsUpTo) > DateFromText(asked.asOn))
+        return failed(QStringLiteral("--upto must not be later than --as-on"));
+    Recordset company = companyRow(db, asked.firmId);
+    if (!company.next())
+        return failed(QStringLiteral("there is no company with the number %1").arg(asked.firmId));
+    asked.firmName = company.text(QStringLiteral("Nm"));
+    asked.properCase =
+        Val(GETSETTININI(QStringLiteral("Settings"), QStringLiteral("NameAdd_BR"), QStringLiteral("0"))) == 0;
+    asked.parties = emptyReportParties();
+    loadReportParties(db, gHostCode, asked.parties);
+    fault = tickParties(db, line.report, asked);
+    if (fault.isEmpty())
+        fault = writeReport(db, asked, line.report.out);
+    return fault.isEmpty() ? 0 : failed(fault);
+}
+
+} // namespace ledgora::app

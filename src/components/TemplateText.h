@@ -1,0 +1,11 @@
+#pragma once
+
+#include <QString>
+
+namespace ledgora {
+
+/// All that stands in a template file, headers and footers included: one line a paragraph or cell, the runs of a
+/// paragraph joined. Nothing and a `fault`, in English, when the file can not be read or is no template.
+QString templateText(const QString &path, QString &fault);
+
+} // namespace ledgora

@@ -1,0 +1,138 @@
+#include "reports/ReportStore.h"
+
+#include "reports/ReportParties.h"
+#include "reports/ReportRun.h"
+#include "store/Dates.h"
+#include "store/DocumentNumber.h"
+#include "store/SqlText.h"
+#include <QStringList>
+
+namespace ledgora {
+
+namespace {
+
+QString companyAndParties(const ReportRequest &request)
+{
+    const QString codes = codeList(request);
+    return "FirmId=" + number(request.firmId) + (codes.isEmpty() ? QString() : " and Code_No in (" + codes + ')');
+}
+
+QString between(const char *column, const QString &from, const QString &to)
+{
+    const QString name = QLatin1String(column);
+    return (from.isEmpty() ? QString() : " and " + name + ">=" + quoted(CONVERTTOSAVE(from))) + " and " + name
+           + "<=" + quoted(CONVERTTOSAVE(to));
+}
+
+struct DocumentColumns
+{
+    const char *id, *date, *series, *number;
+};
+constexpr DocumentColumns billColumns{"BillSrNo", "BillDt", "BillSerId", "BillNo"};
+constexpr DocumentColumns receiptColumns{"RecpSrNo", "RecpDt", "RecpSerId", "RecpNo"};
+
+std::vector<ReportDocument> documentsOf(Recordset rows, const DocumentColumns &columns)
+{
+    const auto column = [&rows](const char *name) { return rows.column(QLatin1String(name)); };
+    const auto optional = [&rows](const char *name) {
+        return rows.hasColumn(QLatin1String(name)) ? rows.column(QLatin1String(name)) : -1;
+    };
+    const int id = column(columns.id), date = column(columns.date), series = column(columns.series);
+    const int number = column(columns.number), code = column("Code_No");
+    const int place = optional("PlaceOfServ"), taxType = optional("AppTaxType");
+    std::vector<ReportDocument> documents;
+    documents.reserve(size_t(rows.recordCount()));
+    while (rows.next())
+        documents.push_back({.id = int(rows.integer(id)),
+                             .date = dateFromStore(rows.text(date)),
+                             .seriesId = int(rows.integer(series)),
+                             .number = rows.integer(number),
+                             .code = rows.text(code),
+                             .placeOfSupply = rows.text(place),
+                             .taxType = rows.text(taxType)});
+    return documents;
+}
+
+} // namespace
+
+QString billsOfPeriod(const ReportRequest &request)
+{
+    return companyAndParties(request) + between("BillDt", request.from, request.to);
+}
+
+QString receiptsOfPeriod(const ReportRequest &request)
+{
+    return companyAndParties(request) + between("RecpDt", request.from, request.to);
+}
+
+QString billsUpTo(const ReportRequest &request, const QString &day)
+{
+    return companyAndParties(request) + between("BillDt", {}, day);
+}
+
+QString receiptsUpTo(const ReportRequest &request, const QString &day)
+{
+    return companyAndParties(request) + between("RecpDt", {}, day);
+}
+
+std::vector<ReportDocument> readBills(Connection &db, const QString &where)
+{
+    return documentsOf(readForReport(db, "Select * from GST_BillM Where " + where + " Order by BillDt,BillNo,BillSrNo"),
+                       billColumns);
+}
+
+std::vector<ReportDocument> readReceipts(Connection &db, const QString &where)
+{
+    return documentsOf(readForReport(db, "Select * from GST_RecpM Where " + where + " Order by RecpDt,RecpNo,RecpSrNo"),
+                       receiptColumns);
+}
+
+QHash<int, ReportDocument> readBillsById(Connection &db, const QList<int> &ids)
+{
+    QHash<int, ReportDocument> bills;
+    if (ids.isEmpty())
+        return bills;
+    QStringList texts;
+    texts.reserve(ids.size());
+    for (const int id : ids)
+        texts << number(id);
+    for (ReportDocument &bill : documentsOf(
+             readForReport(db, "Select * from GST_BillM Where BillSrNo in (" + texts.join(u',') + ')'), billColumns))
+        bills.insert(bill.id, std::move(bill));
+    return bills;
+}
+
+QString sumsQuery(const LineSums &of, const char *sums, const QString &where, const QString &onLine)
+{
+    const auto text = [](const char *name) { return QLatin1String(name); };
+    return "Select " + text(of.key) + ',' + text(sums) + " from " + text(of.header) + " INNER Join " + text(of.lines)
+           + " ON " + text(of.join) + (onLine.isEmpty() ? QString() : " and " + onLine) + " Where " + where
+           + " Group by " + text(of.key);
+}
+
+void readSums(Connection &db, const QString &query, const std::function<std::span<double>(int id)> &place)
+{
+    Recordset rows = readForReport(db, query);
+    while (rows.next()) {
+        const std::span<double> sums = place(int(rows.integer(0)));
+        for (size_t i = 0; i < sums.size(); ++i)
+            sums[i] = rows.number(int(i) + 1);
+    }
+}
+
+DocumentNumbers::DocumentNumbers(Connection &db)
+{
+    Recordset rows = readForReport(db, QStringLiteral("Select * from GST_Series"));
+    while (rows.next())
+        m_series.insert(int(rows.integer(QStringLiteral("SeriesSrNo"))),
+                        {rows.text(QStringLiteral("Series")), rows.text(QStringLiteral("SP"))});
+}
+
+QString DocumentNumbers::of(int seriesId, qint64 number) const
+{
+    const auto series = m_series.constFind(seriesId);
+    const QString digits = QString::number(number);
+    return seriesId == 0 || series == m_series.cend() ? digits : joinSeries(series->text, series->position, digits);
+}
+
+} // namespace ledgora
