@@ -265,7 +265,7 @@ TEST(RtfReader, WhatIsNotShownIsKeptForASave)
 {
     const QByteArray rtf =
         R"({\rtf1\ansicpg1250{\fonttbl{\f0 Arial;}{\f7 Courier;}}{\colortbl;\red255;\blue9;}{\stylesheet x}{\headerl left}a)"
-        R"({\shp{\*\shpinst s\cf2 {\f7 \'b3 {n}}\{}{\shprslt t}}b{\pict\wmetafile8 00ff}{\*\shppict{\pict\emfblip 0}})"
+        R"({\shp{\*\shpinst s\cf2 {\f7 \'b3 {n}}\{}{\shprslt t}}b{\pict{\*\new {n}}\wmetafile8 00ff}{\*\shppict{\pict\emfblip 0}})"
         R"({\nonshppict{\pict\wmetafile8 00}}{\b c{\uc2{\*\footnote f\u322 xx\bin3 }}{}}d}\par}{\footer{\do e}\par})";
     RtfRead before = readRtf(rtf);
     EXPECT_EQ(before.unseen.join(u',').toStdString(), "drawing,picture of a kind that is not drawn,footnote");

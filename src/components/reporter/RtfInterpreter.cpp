@@ -82,10 +82,10 @@ void RtfInterpreter::finish(const RtfTokens &tokens, bool closed)
 
 bool RtfInterpreter::take(const RtfToken &token)
 {
-    if (m_kept && !keep(token))
-        return false;
-    if (m_kept && m_keepsWhole)
-        return true;
+    if (m_kept && keep(token))
+        return withinDepth(m_kept->depth());
+    if (m_pictureText)
+        m_pictureText->take(token, *this);
     if (m_skip > 0
         && (token.kind == RtfToken::Byte || token.kind == RtfToken::Word || token.kind == RtfToken::Symbol
             || token.kind == RtfToken::Binary)) {
@@ -127,26 +127,29 @@ bool RtfInterpreter::take(const RtfToken &token)
     return true;
 }
 
-/// The token also goes to the group that is kept. Its last brace ends it, and is carried out as any other.
+/// Gives the token to the group that is kept; False for its last brace, which is then carried out as any other.
 bool RtfInterpreter::keep(const RtfToken &token)
 {
-    if (m_saved.size() + static_cast<std::size_t>(m_kept->depth()) >= deepestGroup) {
-        fail(QStringLiteral("groups are nested too deeply"));
-        return false;
-    }
-    if (!m_kept->take(token, *this) && m_keepsWhole)
-        insertAnchor();
-    return true;
+    if (m_kept->take(token, *this))
+        return true;
+    insertAnchor();
+    return false;
+}
+
+bool RtfInterpreter::withinDepth(int deeper)
+{
+    if (m_saved.size() + static_cast<std::size_t>(deeper) < deepestGroup)
+        return true;
+    fail(QStringLiteral("groups are nested too deeply"));
+    return false;
 }
 
 bool RtfInterpreter::beginGroup()
 {
     m_skip = 0;
     m_starred = false;
-    if (m_saved.size() >= deepestGroup) {
-        fail(QStringLiteral("groups are nested too deeply"));
+    if (!withinDepth(0))
         return false;
-    }
     m_saved.push_back(m_state);
     return true;
 }

@@ -122,6 +122,7 @@ private:
 
     bool take(const RtfToken &token);
     bool keep(const RtfToken &token);
+    bool withinDepth(int deeper);
     void insertAnchor();
     bool beginGroup();
     bool endGroup();
@@ -184,10 +185,10 @@ private:
     QString m_instruction;
     CharFormat m_instructionFormat;
     Picture m_picture;
-    bool m_keepsWhole = false;            ///< what is kept is skipped, not read as a picture
-    std::optional<AnchorRecorder> m_kept; ///< the group that is kept while it is skipped, or the picture that is read
-    QByteArray m_word;                    ///< the one that is carried out
-    int m_highDigit = -1;                 ///< first half of a byte of the picture, or -1
+    std::optional<AnchorRecorder> m_kept;        ///< the group that is kept and else passed over
+    std::optional<AnchorRecorder> m_pictureText; ///< the picture that is read
+    QByteArray m_word;                           ///< the one that is carried out
+    int m_highDigit = -1;                        ///< first half of a byte of the picture, or -1
     qint64 m_pixels = 0;
     qsizetype m_characters = 0;
     int m_paragraphs = 0;

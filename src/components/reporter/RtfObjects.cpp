@@ -158,10 +158,8 @@ void RtfInterpreter::omitGroup(const char *what)
 /// Passes the group over, and puts it into the text as an anchor when it ends.
 void RtfInterpreter::keepGroup(const char *what)
 {
-    if (inBody() && !m_kept) {
+    if (inBody() && !m_kept)
         m_kept.emplace(QString::fromLatin1(what), m_starred, m_word, m_state.unicodeSkip, m_codePage);
-        m_keepsWhole = true;
-    }
     skipGroup();
 }
 
@@ -188,9 +186,8 @@ void RtfInterpreter::readPicture()
     m_state.destination = Destination::Picture;
     m_picture = Picture();
     m_highDigit = -1;
-    m_keepsWhole = false;
-    m_kept.emplace(QStringLiteral("picture of a kind that is not drawn"), m_starred, m_word, m_state.unicodeSkip,
-                   m_codePage);
+    m_pictureText.emplace(QStringLiteral("picture of a kind that is not drawn"), m_starred, m_word, m_state.unicodeSkip,
+                          m_codePage);
 }
 
 void RtfInterpreter::pictureText(QByteArrayView hex)
@@ -213,8 +210,8 @@ void RtfInterpreter::endPicture()
 {
     Picture picture = std::move(m_picture);
     m_picture = Picture();
-    auto anchor = std::make_shared<const Anchor>(m_kept->finish());
-    m_kept.reset();
+    auto anchor = std::make_shared<const Anchor>(m_pictureText->finish());
+    m_pictureText.reset();
     if (!inBody())
         return;
     if (picture.kind == Picture::Unknown) {
