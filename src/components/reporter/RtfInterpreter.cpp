@@ -188,6 +188,14 @@ void RtfInterpreter::word(const RtfToken &token)
         return;
     }
     m_word = token.text.toByteArray();
+    // Only a picture's own words: any other would speak of the text around it, again each time that a kept one is read.
+    const bool foreign =
+        m_state.destination == Destination::Picture && !token.text.startsWith("pic") && !token.text.endsWith("blip");
+    if (foreign) {
+        if (m_starred)
+            skipGroup();
+        return;
+    }
     if (!applyWord(*this, token.text, token.parameter) && m_starred)
         skipGroup();
 }

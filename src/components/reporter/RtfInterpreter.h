@@ -5,6 +5,7 @@
 #include "components/reporter/RtfReader.h"
 #include "components/reporter/RtfTokens.h"
 #include <QHash>
+#include <memory>
 
 namespace ledgora::reporter {
 
@@ -185,10 +186,10 @@ private:
     QString m_instruction;
     CharFormat m_instructionFormat;
     Picture m_picture;
-    std::optional<AnchorRecorder> m_kept;        ///< the group that is kept and else passed over
-    std::optional<AnchorRecorder> m_pictureText; ///< the picture that is read
-    QByteArray m_word;                           ///< the one that is carried out
-    int m_highDigit = -1;                        ///< first half of a byte of the picture, or -1
+    std::unique_ptr<AnchorRecorder> m_kept;        ///< the group that is kept and else passed over
+    std::unique_ptr<AnchorRecorder> m_pictureText; ///< the picture that is read
+    QByteArray m_word;                             ///< the one that is carried out
+    int m_highDigit = -1;                          ///< first half of a byte of the picture, or -1
     qint64 m_pixels = 0;
     qsizetype m_characters = 0;
     int m_paragraphs = 0;

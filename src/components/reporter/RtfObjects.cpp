@@ -159,7 +159,8 @@ void RtfInterpreter::omitGroup(const char *what)
 void RtfInterpreter::keepGroup(const char *what)
 {
     if (inBody() && !m_kept)
-        m_kept.emplace(QString::fromLatin1(what), m_starred, m_word, m_state.unicodeSkip, m_codePage);
+        m_kept = std::make_unique<AnchorRecorder>(QString::fromLatin1(what), m_starred, m_word, m_state.unicodeSkip,
+                                                  m_codePage);
     skipGroup();
 }
 
@@ -186,8 +187,8 @@ void RtfInterpreter::readPicture()
     m_state.destination = Destination::Picture;
     m_picture = Picture();
     m_highDigit = -1;
-    m_pictureText.emplace(QStringLiteral("picture of a kind that is not drawn"), m_starred, m_word, m_state.unicodeSkip,
-                          m_codePage);
+    m_pictureText = std::make_unique<AnchorRecorder>(QStringLiteral("picture of a kind that is not drawn"), m_starred,
+                                                     m_word, m_state.unicodeSkip, m_codePage);
 }
 
 void RtfInterpreter::pictureText(QByteArrayView hex)
