@@ -62,10 +62,13 @@ void REPBILLS(Connection &db, const ReportRequest &request, ReportWriter &writer
     table.writeHeading();
     tellReading(progress);
     const QString where = billsOfPeriod(request);
-    const std::vector<ReportDocument> bills = readBills(db, where);
-    const auto sumsOfBills = sumsOf<BillSumCount>(db, billLines, sums, where);
     const DocumentNumbers numbers(db);
+    Recordset stored = openBills(db, where);
+    PendingQuery answer = db.send(sumsQuery(billLines, sums, where)); // the server adds up meanwhile
+    const std::vector<ReportDocument> bills = takeBills(std::move(stored));
     PartyCells parties(request);
+    const auto sumsOfBills = takeSums<BillSumCount>(answer.answer());
+    checkWaitedFor(db);
     Amounts totals{};
     RowProgress rows(progress, bills.size());
     for (const ReportDocument &bill : bills) {

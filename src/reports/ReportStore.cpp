@@ -1,7 +1,6 @@
 #include "reports/ReportStore.h"
 
 #include "reports/ReportParties.h"
-#include "reports/ReportRun.h"
 #include "store/Dates.h"
 #include "store/DocumentNumber.h"
 #include "store/SqlText.h"
@@ -75,10 +74,19 @@ QString receiptsUpTo(const ReportRequest &request, const QString &day)
     return companyAndParties(request) + between("RecpDt", {}, day);
 }
 
+Recordset openBills(Connection &db, const QString &where)
+{
+    return readForReport(db, "Select * from GST_BillM Where " + where + " Order by BillDt,BillNo,BillSrNo");
+}
+
+std::vector<ReportDocument> takeBills(Recordset stored)
+{
+    return documentsOf(std::move(stored), billColumns);
+}
+
 std::vector<ReportDocument> readBills(Connection &db, const QString &where)
 {
-    return documentsOf(readForReport(db, "Select * from GST_BillM Where " + where + " Order by BillDt,BillNo,BillSrNo"),
-                       billColumns);
+    return takeBills(openBills(db, where));
 }
 
 std::vector<ReportDocument> readReceipts(Connection &db, const QString &where)
@@ -108,16 +116,6 @@ QString sumsQuery(const LineSums &of, const char *sums, const QString &where, co
     return "Select " + text(of.key) + ',' + text(sums) + " from " + text(of.header) + " INNER Join " + text(of.lines)
            + " ON " + text(of.join) + (onLine.isEmpty() ? QString() : " and " + onLine) + " Where " + where
            + " Group by " + text(of.key);
-}
-
-void readSums(Connection &db, const QString &query, const std::function<std::span<double>(int id)> &place)
-{
-    Recordset rows = readForReport(db, query);
-    while (rows.next()) {
-        const std::span<double> sums = place(int(rows.integer(0)));
-        for (size_t i = 0; i < sums.size(); ++i)
-            sums[i] = rows.number(int(i) + 1);
-    }
 }
 
 DocumentNumbers::DocumentNumbers(Connection &db)
