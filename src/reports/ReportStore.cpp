@@ -36,9 +36,13 @@ std::vector<ReportDocument> documentsOf(Recordset rows, const DocumentColumns &c
     const auto optional = [&rows](const char *name) {
         return rows.hasColumn(QLatin1String(name)) ? rows.column(QLatin1String(name)) : -1;
     };
-    const int id = column(columns.id), date = column(columns.date), series = column(columns.series);
-    const int number = column(columns.number), code = column("Code_No");
-    const int place = optional("PlaceOfServ"), taxType = optional("AppTaxType");
+    const int id = column(columns.id);
+    const int date = column(columns.date);
+    const int series = column(columns.series);
+    const int number = column(columns.number);
+    const int code = column("Code_No");
+    const int place = optional("PlaceOfServ");
+    const int taxType = optional("AppTaxType");
     std::vector<ReportDocument> documents;
     documents.reserve(size_t(rows.recordCount()));
     while (rows.next())
@@ -104,9 +108,9 @@ QHash<int, ReportDocument> readBillsById(Connection &db, const QList<int> &ids)
     texts.reserve(ids.size());
     for (const int id : ids)
         texts << number(id);
-    for (ReportDocument &bill : documentsOf(
+    for (const ReportDocument &bill : documentsOf(
              readForReport(db, "Select * from GST_BillM Where BillSrNo in (" + texts.join(u',') + ')'), billColumns))
-        bills.insert(bill.id, std::move(bill));
+        bills.insert(bill.id, bill);
     return bills;
 }
 
