@@ -113,12 +113,19 @@ QString readChoice(const QCommandLineParser &parser, DocumentChoice &choice)
 Progress toldOnTerminal(bool quiet)
 {
     const bool told = !quiet && isatty(STDERR_FILENO);
-    return [told](qint64 done, qint64 total, const QString &) {
+    return [told](qint64 done, qint64 total, const QString &what) {
+        constexpr auto overTheLine = "\r\x1B[K";
         if (told)
-            std::fprintf(stderr, "\r%lld/%lld%s", static_cast<long long>(done), static_cast<long long>(total),
-                         done == total || interrupted ? "\n" : "");
+            std::fprintf(stderr, "%s%lld/%lld %s", overTheLine, static_cast<long long>(done),
+                         static_cast<long long>(total), qPrintable(what));
         return interrupted == 0;
     };
+}
+
+void endProgress(bool quiet)
+{
+    if (!quiet && isatty(STDERR_FILENO))
+        std::fputc('\n', stderr);
 }
 
 /// What came of the run, one line for each document that could not be made.
@@ -148,10 +155,11 @@ int writeChosen(const PaperOptions &options, Connection &db)
         return failed(QStringLiteral("No Record Found."));
     const InterruptGuard guard;
     const Progress progress = toldOnTerminal(options.quiet);
-    if (options.one)
-        return report(options, writeOneDocument(db, *gReporter, options.kind, ids, options.out, progress));
     const DocumentFiles files{.folder = options.out, .format = options.format, .partyInName = true};
-    return report(options, writeEachDocument(db, *gReporter, options.kind, ids, files, progress));
+    const RunResult result = options.one ? writeOneDocument(db, *gReporter, options.kind, ids, options.out, progress)
+                                         : writeEachDocument(db, *gReporter, options.kind, ids, files, progress);
+    endProgress(options.quiet);
+    return report(options, result);
 }
 
 } // namespace

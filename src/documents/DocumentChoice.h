@@ -18,11 +18,11 @@ struct DocumentChoice
         int from = 0, to = 0;
     };
     int firmId = 0;
-    std::vector<Numbers> numbers = {}; ///< any of them
-    QStringList parties = {};          ///< any of these codes
+    std::vector<Numbers> numbers; ///< any of them
+    QStringList parties;          ///< any of these codes
     int seriesId = 0;
     int year = 0; ///< starting year of the financial year
-    QDate from = {}, to = {};
+    QDate from, to;
 };
 
 /// Their ids, by date, number and id. False in `read` when the database did not answer.

@@ -5,6 +5,7 @@
 #include "documents/RunFolder.h"
 #include "store/Settings.h"
 #include <QDir>
+#include <QHash>
 #include <QSet>
 #include <functional>
 
@@ -95,16 +96,23 @@ QString writeRtfFile(Reporter &reporter, const ReadyDocument &document, const QS
     return reporter.LastError();
 }
 
-/// A single report is taken whole or not at all: as a master a template with a fault in it is refused.
-QString writePdfFile(Reporter &reporter, const ReadyDocument &document, const QString &path)
+QString addToPdfRun(Reporter &reporter, const ReadyDocument &document, const QString &path)
 {
     if (const QString fault = CHECKANDOPENMASTERFILE(reporter, document.templatePath); !fault.isEmpty())
         return fault;
-    reporter.newreportnew(document.templatePath);
-    for (const Placeholder &placeholder : document.placeholders)
-        reporter.SetText(placeholder.name, placeholder.value);
-    reporter.SaveToPDF(path, pdfOption);
-    return reporter.LastError();
+    fillMaster(reporter, document);
+    reporter.AddMasterToPdf(path); // what fails is told at the end: files are made many at once
+    return {};
+}
+
+/// Makes the files that are still due, and takes out what could not be made. `names` are the documents by their files.
+void endPdfRun(Reporter &reporter, RunResult &result, const QHash<QString, QString> &names)
+{
+    for (const PdfFault &fault : reporter.EndPdfRun()) {
+        if (result.files.removeOne(fault.path))
+            --result.documents;
+        result.failures << names.value(fault.path) + ": " + fault.reason;
+    }
 }
 
 /// One more document of the report; `path` is a file of the run for it.
@@ -139,16 +147,23 @@ RunResult writeEachDocument(Connection &db, Reporter &reporter, DocumentKind kin
         result.fault = folderFault(files.folder);
         return result;
     }
-    FileNames names(files);
-    const auto write = files.format == DocumentFormat::Pdf ? writePdfFile : writeRtfFile;
+    const bool pdf = files.format == DocumentFormat::Pdf;
+    const auto write = pdf ? addToPdfRun : writeRtfFile;
+    FileNames fileNames(files);
+    QHash<QString, QString> names;
+    if (pdf)
+        reporter.BeginPdfRun();
     Walk(db, kind, ids, progress)
         .each(result, files.onFailure == DocumentFiles::OnFailure::GoOn, [&](const ReadyDocument &document) {
-            const QString path = names.of(document);
+            const QString path = fileNames.of(document);
             const QString fault = write(reporter, document, path);
             if (fault.isEmpty())
                 result.files << path;
+            names.insert(path, document.name);
             return fault;
         });
+    if (pdf)
+        endPdfRun(reporter, result, names);
     return result;
 }
 
@@ -177,8 +192,10 @@ RunResult writeOneDocument(Connection &db, Reporter &reporter, DocumentKind kind
     RunResult result = combineDocuments(db, reporter, kind, ids, progress);
     if (!result.whole() || result.documents == 0)
         return result;
+    reporter.SetProgress(progress);
     reporter.SaveToPDF(file, pdfOption);
     result.fault = reporter.LastError();
+    reporter.SetProgress(unwatched());
     if (result.fault.isEmpty())
         result.files << file;
     reporter.AbortReport();

@@ -10,8 +10,8 @@ namespace ledgora {
 class Connection;
 
 // Many stored bills or receipts of the company of the working state, written through the engine in one run. Progress
-// is told after each document. The engine writes a file beside its place and renames it, so that nothing half-written
-// ever bears a document's name.
+// is told after each document, and of the one file of all also while its pages are written. The engine writes a file
+// beside its place and renames it, so that nothing half-written ever bears a document's name.
 
 /// What came of a run.
 struct RunResult

@@ -39,7 +39,10 @@ public:
     Stored *find(int id)
     {
         const auto place = m_places.constFind(id);
-        return place != m_places.cend() && m_documents.at(*place) ? &*m_documents.at(*place) : nullptr;
+        if (place == m_places.cend())
+            return nullptr;
+        std::optional<Stored> &document = m_documents.at(*place);
+        return document ? &*document : nullptr;
     }
     /// Those that came.
     std::vector<Stored> take()

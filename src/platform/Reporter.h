@@ -67,8 +67,8 @@ public:
     /// so too, when what it has made is to stay.
     virtual std::vector<PdfFault> EndPdfRun() = 0;
 
-    /// Told of the pages while SaveToPDF writes; returning False leaves no file, and LastError says so. It holds until
-    /// another is set.
+    /// Told of the pages while ShowReport and SaveToPDF lay out and write; returning False shows nothing and leaves no
+    /// file, and LastError is `cancelledText`. It holds until another is set.
     virtual void SetProgress(Progress progress) = 0;
 
     /// What went wrong in the operation before, in English, or "": a run over many documents stops and tells it.

@@ -24,7 +24,8 @@ qsizetype takeCode(QStringView cell, qsizetype at, PrintState &state)
 {
     const char16_t first = cell[at].unicode();
     const bool escaped = first == escape;
-    const char16_t c = !escaped ? first : at + 1 < cell.size() ? cell[at + 1].unicode() : u'\0';
+    const char16_t behind = at + 1 < cell.size() ? cell[at + 1].unicode() : u'\0';
+    const char16_t c = escaped ? behind : first;
     if (c == condensedPitch || c == normalPitch)
         state.condensed = c == condensedPitch;
     else if (escaped && (c == u'E' || c == u'F'))

@@ -6,7 +6,7 @@ namespace ledgora {
 
 namespace {
 
-constexpr qsizetype pieceSize = 64 * 1024;
+constexpr qsizetype pieceSize = 64LL * 1024;
 constexpr int rowsBetweenWords = 256;
 
 } // namespace

@@ -73,16 +73,20 @@ int outerWidth(const RowGrid &grid)
 
 double leftOf(const RowGrid &grid, double pageWidth)
 {
-    const double rest = std::max(0.0, pageWidth - outerWidth(grid));
-    if (grid.inTable || grid.cells.size() != 1 || grid.cells.front().align == ReportAlign::Centre)
-        return rest / 2;
-    return grid.cells.front().align == ReportAlign::Right ? rest : 0;
+    const bool alone = !grid.inTable && grid.cells.size() == 1;
+    return indentOf(alone ? grid.cells.front().align : ReportAlign::Centre, pageWidth - outerWidth(grid));
 }
 
-int indentOf(ReportAlign align, int room, int textWidth)
+double indentOf(ReportAlign align, double rest)
 {
-    const int rest = std::max(0, room - textWidth);
-    return align == ReportAlign::Right ? rest : align == ReportAlign::Centre ? rest / 2 : 0;
+    switch (align) {
+    case ReportAlign::Right:
+        return std::max(0.0, rest);
+    case ReportAlign::Centre:
+        return std::max(0.0, rest / 2);
+    default:
+        return 0;
+    }
 }
 
 } // namespace ledgora

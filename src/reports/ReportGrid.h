@@ -41,7 +41,7 @@ int outerWidth(const RowGrid &grid);
 /// free line of one cell at the side to which it is aligned.
 double leftOf(const RowGrid &grid, double pageWidth);
 
-/// How many cells stay free at the left of text in a line.
-int indentOf(ReportAlign align, int room, int textWidth);
+/// What stays free at the left when so much is free in all; nothing when that is less than none.
+double indentOf(ReportAlign align, double rest);
 
 } // namespace ledgora

@@ -46,7 +46,9 @@ public:
     /// How many cells the entry has; a text has one, a table none.
     int cells(int entry) const
     {
-        return kind(entry) == Kind::Row ? int(format(entry).widths.size()) : kind(entry) == Kind::Text ? 1 : 0;
+        if (kind(entry) == Kind::Row)
+            return int(format(entry).widths.size());
+        return kind(entry) == Kind::Text ? 1 : 0;
     }
     /// The cell's text with its codes and line breaks; cells count from 0. A number is in the plain general form.
     QStringView cell(int row, int cell) const;

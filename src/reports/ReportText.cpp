@@ -127,7 +127,7 @@ void TextWriter::lines(int entry, const RowGrid &grid, int left)
                 for (const CellPiece &piece : cells[i][line])
                     text += piece.text;
                 const int width = widthOf(cells[i][line]);
-                fill(from + (grid.inTable ? 1 : 0) + indentOf(cell.align, cell.room, width), text, width);
+                fill(from + (grid.inTable ? 1 : 0) + int(indentOf(cell.align, cell.room - width)), text, width);
             }
             if (cell.right)
                 fill(left + cell.to, boxSign(Up | Down), 1);

@@ -306,6 +306,13 @@ TEST(Paging, ParagraphsThatKeepTogetherMoveTogether)
               "a next that fits", two + "\\pard\\sl-500\\keepn k\\par\\pard\\sl-400 n\\par", {"p1", "p2", "k", "n"}},
           KeepCase{"with a table", two + "\\pard\\sl-500\\keepn k\\par" + row, {"p1", "p2"}},
           KeepCase{"more than a page", repeated("\\pard\\sl-1000\\keepn p%\\par", 4), {"p1", "p2", "p3"}},
+          KeepCase{"rows", two + "\\trowd\\trrh-400\\cellx5000\\intbl\\keepn r\\cell\\row" + row, {"p1", "p2"}},
+          KeepCase{"a last line alone",
+                   two + "\\pard\\sl-300\\widctlpar k\\line l\\line m\\line n\\par",
+                   {"p1", "p2", "k", "l"}},
+          KeepCase{"a first line alone", two + "\\pard\\sl-900\\widctlpar k\\line l\\line m\\par", {"p1", "p2"}},
+          KeepCase{"a line of three", "\\widowctrl" + two + "\\pard\\sl-400 k\\line l\\line m\\par", {"p1", "p2"}},
+          KeepCase{"no control", "\\widowctrl" + two + "\\pard\\nowidctlpar\\sl-900 k\\line l\\par", {"p1", "p2", "k"}},
           KeepCase{"lines", two + "\\pard\\sl-400\\keep k\\line l\\line m\\par", {"p1", "p2"}},
           KeepCase{"lines that need not", two + "\\pard\\sl-400 k\\line l\\line m\\par", {"p1", "p2", "k", "l"}}})
         EXPECT_EQ(words(layout(c.body).at(0)), c.first) << c.name;

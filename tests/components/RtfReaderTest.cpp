@@ -1,6 +1,8 @@
 #include "components/reporter/RtfReader.h"
 #include "components/reporter/RtfWriter.h"
 
+#include "components/reporter/Layout.h"
+
 #include <QFile>
 #include <gtest/gtest.h>
 
@@ -80,7 +82,8 @@ INSTANTIATE_TEST_SUITE_P(
         TextCase{"formats_end_with_their_group", "a{\\b b}c\\par", "(<a><b><c>)"},
         TextCase{"same_format_is_one_run", "a{b}c\\par", "(<abc>)"},
         TextCase{"unknown_words_are_passed_over", "a\\frobnicate7 b\\par", "(<ab>)"},
-        TextCase{"unknown_destinations_are_skipped", "a{\\*\\secret hidden{deep}}b{\\pict 00ff}\\par", "(<ab>)"},
+        TextCase{"unknown_destinations_are_skipped", "a{\\*\\secret hidden{deep}}b{\\pict 00ff}\\par",
+                 "(<ab><\uFFFC>)"},
         TextCase{"field_shows_its_result", "{\\field{\\*\\fldinst DATE}{\\fldrslt 3}}\\par", "(<3>)"},
         TextCase{"page_numbers_are_fields",
                  "{\\field{\\*\\fldinst { NUMPAGES \\\\* Arabic}}{\\fldrslt 12}}x\\chpgn\\par",
@@ -94,9 +97,10 @@ INSTANTIATE_TEST_SUITE_P(
         TextCase{"nested_row_never_ended", "\\trowd\\cellx900\\intbl\\itap2 b\\nestcell\\itap1 d\\cell\\row",
                  "{[{[(<b>)]}(<d>)]}"},
         TextCase{"a_picture_is_read_once",
-                 "{\\*\\shppict{\\pict\\pngblip " PNG_OF_ONE_DOT "}}{\\nonshppict{\\pict\\wmetafile8 0102}}\\par",
+                 "{\\*\\shppict{\\pict{\\*\\picprop{\\sp{\\sn n}}}\\pngblip " PNG_OF_ONE_DOT
+                 "}}{\\nonshppict{\\pict\\wmetafile8 0102}}\\par",
                  "(<\uFFFC>)"},
-        TextCase{"binary_is_skipped_whatever_it_holds", "a{\\pict\\bin4 }{\\x}b\\par", "(<ab>)"},
+        TextCase{"binary_is_skipped_whatever_it_holds", "a{\\pict\\bin4 }{\\x}b\\par", "(<a><\uFFFC><b>)"},
         TextCase{"table", "\\trowd\\cellx100\\cellx200\\intbl a\\cell b\\par c\\cell\\row\\pard d\\par",
                  "{[(<a>)][(<b>)(<c>)]}(<d>)"},
         TextCase{"rows_that_follow_are_one_table",
@@ -231,7 +235,8 @@ TEST(RtfWriter, WhatIsWrittenIsReadAsTheSame)
           "\\'80\\u8377?\\u-10179?\\u-8704?\\u2325?\\{\\\\\\}\\~\\-\\_\\tab x\\line y;\\par",
           "\\qj\\li100\\ri200\\fi-50\\sb10\\sa20\\sl-"
           "300\\tqr\\tx900\\tx300\\tqc\\tx99\\cbpat1\\brdrb\\brdrdb\\brdrw30\\brsp40 x\\par"
-          "\\pard\\keep\\keepn\\sl360\\slmult1\\brdrt\\brdrdash\\brdrcf2 y\\page\\pard\\qc\\sl300 z\\par\\par",
+          "\\pard\\keep\\keepn\\widctlpar\\sl360\\slmult1\\brdrt\\brdrdash\\brdrcf2 y\\page\\pard\\qc\\sl300 "
+          "z\\par\\par",
           "\\trowd\\trgaph70\\trleft-70\\trqc\\trrh-"
           "400\\trhdr\\trkeep\\trpaddt30\\clvmgf\\clvertalc\\clcbpat1\\clbrdrt\\brdrdot\\brdrw5"
           "\\brdrcf2\\cellx1000\\clmgf\\clpadl20\\clvertalb\\cellx2000\\clmrg\\cellx3000\\intbl a\\cell b\\par "
@@ -256,16 +261,29 @@ TEST(RtfWriter, WhatIsWrittenIsReadAsTheSame)
     }
 }
 
-TEST(RtfReader, WhatASaveWouldLoseIsNamed)
+TEST(RtfReader, WhatIsNotShownIsKeptForASave)
 {
-    const RtfRead read = readRtf(
-        R"({\rtf1{\stylesheet x}{\shp{\*\shpinst s}{\shprslt t}}a{\pict\wmetafile8 00}{\*\shppict{\pict\emfblip 0}})"
-        R"({\nonshppict{\pict\wmetafile8 00}}{\*\footnote f}\par})");
-    EXPECT_EQ(read.omitted,
-              (QStringList{QStringLiteral("drawing"), QStringLiteral("picture of a kind that is not drawn"),
-                           QStringLiteral("footnote")}));
-    EXPECT_EQ(outline(read.document.sections.front().blocks).toStdString(), "(<a>)");
-    EXPECT_EQ(readRtf("{\\rtf1{\\info i}{\\*\\new n}a\\par}").omitted, QStringList());
+    const QByteArray rtf =
+        R"({\rtf1\ansicpg1250{\fonttbl{\f0 Arial;}{\f7 Courier;}}{\colortbl;\red255;\blue9;}{\stylesheet x}{\headerl left}a)"
+        R"({\shp{\*\shpinst s\cf2 {\f7 \'b3 {n}}\{}{\shprslt t}}b{\pict{\*\new {n}}\wmetafile8 00ff}{\*\shppict{\pict\emfblip 0}})"
+        R"({\nonshppict{\pict\wmetafile8 00}}{\b c{\uc2{\*\footnote f\u322 xx\bin3 }}{}}d}\par}{\footer{\do e}\par})";
+    RtfRead before = readRtf(rtf);
+    EXPECT_EQ(before.unseen.join(u',').toStdString(), "drawing,picture of a kind that is not drawn,footnote");
+    EXPECT_EQ(before.omitted.join(u',').toStdString(), "header of left pages");
+    EXPECT_EQ(outline(before.document.sections.front().blocks).toStdString(),
+              "(<a><\uFFFC><b><\uFFFC><\uFFFC><c><\uFFFC><d>)");
+    const QByteArray saved = writeRtf(before.document);
+    EXPECT_TRUE(saved.contains("\\u322 ?") && saved.contains("00ff") && saved.contains("\\uc2{\\*\\footnote f"))
+        << saved.toStdString();
+    const RtfRead again = readRtf(saved);
+    EXPECT_EQ(again.error.toStdString(), "");
+    EXPECT_EQ(again.unseen, before.unseen);
+    EXPECT_EQ(outline(again.document.sections.front().blocks), outline(before.document.sections.front().blocks));
+    EXPECT_EQ(writeRtf(again.document).toStdString(), saved.toStdString()) << "nothing is lost by saving again";
+    for (const char *word : {"Courier", "\\blue9"})
+        EXPECT_TRUE(saved.contains(word)) << word;
+    EXPECT_EQ(layoutDocument(before.document).front().drawing.texts.size(), 4U);
+    EXPECT_EQ(readRtf("{\\rtf1{\\info i}{\\*\\new n}a\\par}").unseen, QStringList());
 }
 
 TEST(RtfReader, PageBreakFallsOnTheNextParagraph)

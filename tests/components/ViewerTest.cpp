@@ -271,6 +271,10 @@ TEST_F(StockReporterTest, FillsAndShowsInTheHostsWindow)
     reporter->SetText(QStringLiteral("#X#"), 1180.5);
     EXPECT_EQ(shownText().toStdString(), "No. 7 of 1180.5\n");
     EXPECT_EQ(host.shown.back()->windowTitle().toStdString(), "Preview - Bill 7");
+    reporter->newreportnew(path);
+    reporter->SetText(QStringLiteral("#RCPT_NO#"), QStringLiteral("8"));
+    reporter->ShowReport(false);
+    EXPECT_EQ(host.shown.back()->windowTitle().toStdString(), "Preview - Receipt 8");
 }
 
 TEST_F(StockReporterTest, EachReportBeginsWithTheCleanTemplate)

@@ -69,6 +69,8 @@ TEST(ReceiptDocument, PlaceholdersComeInTheOrderThatTemplatesRelyOn)
     receipt.bills = {{"A/1", "01/05/2024", 1180, 590}, {"2", "02/05/2024", 500.5, 0}};
     receipt.sums.tds = 5;
     receipt.narration = "thanks";
+    const QString references = "#BILL_REFERENCES#=Bill No. A/1 Dated 01/05/2024 Amounting Rs. 1180 : Rs. 590\r\n"
+                               "Bill No. 2 Dated 02/05/2024 Amounting Rs. 500.5 : Rs. 0";
     QStringList list;
     for (const Placeholder &placeholder : receiptPlaceholders(receipt))
         list += placeholder.name + '=' + std::get<QString>(placeholder.value);
@@ -83,8 +85,7 @@ TEST(ReceiptDocument, PlaceholdersComeInTheOrderThatTemplatesRelyOn)
                                  "#RCPT_DT#=01/06/2024",
                                  "#RCPT_NO#=R/7",
                                  "#PAYMENT_DETAILS#=Received in Cash Rs. 1500",
-                                 "#BILL_REFERENCES#=Bill No. A/1 Dated 01/05/2024 Amounting Rs. 1180 : Rs. 590\r\n"
-                                 "Bill No. 2 Dated 02/05/2024 Amounting Rs. 500.5 : Rs. 0",
+                                 references,
                                  "#TOTAMT_ADJ_DETAILS#=; TDS included \x1B\x45Rs. 5\x1B\x46",
                                  "#AMOUNT_WORDS#=Rupees One Thousand Five Hundred Only",
                                  "#AMOUNT#=1500",

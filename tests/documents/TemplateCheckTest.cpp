@@ -15,11 +15,10 @@ TEST(TemplateCheck, DefaultTemplatesAreInOrder)
     const QStringList files = QDir(templates).entryList({"*.doc"});
     EXPECT_EQ(files.size(), 8);
     for (const QString &file : files) {
-        const auto use = templateUseOf(file);
-        ASSERT_TRUE(use.has_value()) << file.toStdString();
-        EXPECT_EQ(use->copies, file.contains("2Copy") ? 2 : 1);
+        const TemplateUse use = templateUseOf(file).value_or(TemplateUse{TemplateKind::Intra, 0});
+        EXPECT_EQ(use.copies, file.contains("2Copy") ? 2 : 1);
         QString fault;
-        EXPECT_EQ(templateFindings(*use, templateText(templates + '/' + file, fault)), QStringList())
+        EXPECT_EQ(templateFindings(use, templateText(templates + '/' + file, fault)), QStringList())
             << file.toStdString();
         EXPECT_EQ(fault, "");
     }

@@ -21,7 +21,7 @@ inline ReportRow tableRow(const QStringList &cells, std::vector<qint16> widths, 
         row.cells.emplace_back(cell);
     row.widths = std::move(widths);
     for (const QChar c : aligns)
-        row.aligns.push_back(c == u'R' ? ReportAlign::Right : c == u'C' ? ReportAlign::Centre : ReportAlign::Left);
+        row.aligns.push_back(ReportAlign(QStringLiteral("LCR").indexOf(c)));
     row.left = QString(cells.size(), u'1');
     row.right = QString(cells.size() - 1, u'0') + u'1';
     row.top = top;

@@ -21,9 +21,11 @@ constexpr int firstWorst = 900;
 
 QString worstLine(const QString &kind, int bill, int line)
 {
-    const QString tax = kind == "INTRA"   ? "9,8100000,9,8100000,0,0"
-                        : kind == "INTER" ? "0,0,0,0,18,16200000"
-                                          : "0,0,0,0,0,0";
+    QString tax = "0,0,0,0,0,0";
+    if (kind == "INTRA")
+        tax = "9,8100000,9,8100000,0,0";
+    else if (kind == "INTER")
+        tax = "0,0,0,0,18,16200000";
     return QString(
                "(%1,%2,'Representation before the Commissioner of Income Tax (Appeals) and the Income Tax Appellate "
                "Tribunal, including drafting of grounds, paper books and written submissions','998221','%3',%4,"
@@ -77,8 +79,8 @@ QString picture(Connection &db, const QString &out, const QString &name, const Q
                 const QList<int> &receipts)
 {
     const QTemporaryDir folder;
-    for (const qint16 copies : {0, 1}) {
-        gBillCopy = gRecpCopy = copies;
+    for (const bool isDouble : {false, true}) {
+        gBillCopy = gRecpCopy = isDouble ? 1 : 0;
         for (const DocumentKind kind : {DocumentKind::Bill, DocumentKind::Receipt}) {
             const RunResult result =
                 writeEachDocument(db, *gReporter, kind, kind == DocumentKind::Bill ? bills : receipts,
@@ -86,7 +88,7 @@ QString picture(Connection &db, const QString &out, const QString &name, const Q
             if (!result.whole())
                 return result.failures.join(' ') + ' ' + result.fault;
             for (const QString &file : result.files) {
-                const QString stem = "paper-" + name + (copies ? "-double-" : "-single-")
+                const QString stem = "paper-" + name + (isDouble ? "-double-" : "-single-")
                                      + QFileInfo(file).completeBaseName().section('-', 0, 1).toLower();
                 if (QProcess::execute("pdftoppm", {"-r", "100", "-png", file, QDir(out).filePath(stem)}) != 0)
                     return QStringLiteral("a document could not be pictured");

@@ -151,17 +151,22 @@ void NotingReporter::AbortReport()
 void NotingReporter::BeginPdfRun()
 {
     asked() << "BeginPdfRun";
+    m_pdfFiles.clear();
 }
 
 void NotingReporter::AddMasterToPdf(const QString &path)
 {
     asked() << "AddMasterToPdf " + QFileInfo(path).fileName();
+    m_pdfFiles << path;
 }
 
 std::vector<PdfFault> NotingReporter::EndPdfRun()
 {
     asked() << "EndPdfRun";
-    return {};
+    std::vector<PdfFault> faults;
+    for (const QString &path : m_pdfFiles)
+        faults.push_back({path, lastError()});
+    return lastError().isEmpty() ? std::vector<PdfFault>() : faults;
 }
 
 void NotingReporter::ShowReport(bool)

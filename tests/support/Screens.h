@@ -53,6 +53,9 @@ public:
     static QString &lastError();
     /// The text report of the running test.
     static ReportRows &rows();
+
+private:
+    QStringList m_pdfFiles; ///< of the run of PDF files; all of them fail when LastError is set
 };
 
 /// Company 1 of Delhi, SHARMA & ASSOCIATES, as the home screen chooses it.

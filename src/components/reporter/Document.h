@@ -88,25 +88,50 @@ struct Picture
     }
 };
 
+/// A stretch of RTF text, and behind it a word whose number is that of a font, or of a colour where `font` is "".
+struct AnchorPart
+{
+    QByteArray rtf;
+    QByteArray word; ///< "" in the last part
+    QString font;
+    Colour colour;
+
+    bool operator==(const AnchorPart &) const = default;
+};
+
+/// What the model does not know, such as a drawing or a footnote: it is not shown, but a save writes it again where it
+/// stood.
+struct Anchor
+{
+    QString what; ///< its kind, in English
+    int skip = 1; ///< characters that stand behind each `\u` for old readers
+    std::vector<AnchorPart> parts;
+
+    bool operator==(const Anchor &) const = default;
+};
+
 enum class Field { None, Page, PageCount };
 
 /// In a run's text a TAB moves to the next tab stop and `lineBreak` begins a new line of the same paragraph; it holds
 /// no other control characters.
 constexpr QChar lineBreak(0x2028);
 
-/// A stretch of text in one format, or one field or picture; these have a single U+FFFC as text.
+/// A stretch of text in one format, or one field, picture or anchor; these have a single U+FFFC as
+/// text.
 struct Run
 {
     QString text;
     CharFormat format;
     Field field = Field::None;
     std::shared_ptr<const Picture> picture = nullptr;
+    std::shared_ptr<const Anchor> anchor = nullptr;
 
-    bool isText() const { return field == Field::None && !picture; }
+    bool isText() const { return field == Field::None && !picture && !anchor; }
     bool operator==(const Run &other) const
     {
         const bool samePicture = picture == other.picture || (picture && other.picture && *picture == *other.picture);
-        return samePicture && field == other.field && text == other.text && format == other.format;
+        const bool sameAnchor = anchor == other.anchor || (anchor && other.anchor && *anchor == *other.anchor);
+        return samePicture && sameAnchor && field == other.field && text == other.text && format == other.format;
     }
 };
 
@@ -145,7 +170,8 @@ struct ParagraphFormat
     Colour shading;
     bool pageBreakBefore = false;
     bool keepTogether = false; ///< its lines stay on one page
-    bool keepWithNext = false; ///< no page ends between it and what follows
+    bool keepWithNext = false; ///< no page ends between it and what follows; in the first cell of a row, the next row
+    bool widowControl = false; ///< no page ends behind its first line or ahead of its last one
 
     bool operator==(const ParagraphFormat &) const = default;
 };

@@ -86,6 +86,18 @@ void replaceSpan(std::vector<Run> &runs, qsizetype at, qsizetype length, const Q
     }
 }
 
+/// Most paragraphs hold one or two placeholders, and most placeholders stand in one or two paragraphs: it pays to look
+/// only where a "#" is.
+bool holds(QStringView text, QStringView placeholder)
+{
+    if (!placeholder.startsWith(u'#'))
+        return text.contains(placeholder);
+    for (qsizetype at = text.indexOf(u'#'); at >= 0; at = text.indexOf(u'#', at + 1))
+        if (text.sliced(at).startsWith(placeholder))
+            return true;
+    return false;
+}
+
 } // namespace
 
 QString valueText(const PlaceholderValue &value)
@@ -118,7 +130,7 @@ Filling::Filling(Document document) : m_document(std::move(document))
     everyParagraph(m_document, [this](Paragraph &paragraph) {
         const auto &runs = paragraph.runs;
         if (std::any_of(runs.begin(), runs.end(), [](const Run &run) { return run.text.contains(u'#'); }))
-            m_open.push_back(&paragraph);
+            m_open.push_back({&paragraph, paragraph.text()});
     });
 }
 
@@ -126,10 +138,14 @@ int Filling::setText(const QString &placeholder, const PlaceholderValue &value)
 {
     const QString text = valueText(value);
     int count = 0;
-    for (Paragraph *paragraph : m_open)
-        count += replaceInParagraph(*paragraph, placeholder, text);
+    for (Open &open : m_open) {
+        if (!holds(open.text, placeholder))
+            continue;
+        count += replaceInParagraph(*open.paragraph, placeholder, text);
+        open.text = open.paragraph->text();
+    }
     if (count > 0)
-        std::erase_if(m_open, [](const Paragraph *paragraph) { return !paragraph->text().contains(u'#'); });
+        std::erase_if(m_open, [](const Open &open) { return !open.text.contains(u'#'); });
     return count;
 }
 

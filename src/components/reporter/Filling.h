@@ -26,8 +26,15 @@ public:
     const Document &document() const { return m_document; }
 
 private:
+    /// A paragraph that holds a "#", and its text, which its runs would have to be joined for.
+    struct Open
+    {
+        Paragraph *paragraph;
+        QString text;
+    };
+
     Document m_document;
-    std::vector<Paragraph *> m_open; ///< paragraphs that hold a "#", in reading order
+    std::vector<Open> m_open; ///< in reading order
 };
 
 /// A value as the text that goes into a run, marks of bold text included.

@@ -2,6 +2,7 @@
 
 #include "components/reporter/Pager.h"
 #include <algorithm>
+#include <optional>
 #include <utility>
 
 namespace ledgora::reporter {
@@ -65,11 +66,25 @@ void drawPageBorders(Page &page, const Section &section)
     addBorder(page.drawing, borders[Right], box.topRight(), box.bottomRight());
 }
 
-Pager paged(const Document &document, int pageCount)
+constexpr std::size_t blocksBetweenWords = 64;
+
+/// Lays the sections out; nothing when `progress` ends it.
+std::optional<Pager> paged(const Document &document, int pageCount, const Progress &progress)
 {
-    Pager pager(pageCount);
+    qint64 done = 0;
+    qint64 total = 0;
     for (const Section &section : document.sections)
-        pager.add(section);
+        total += static_cast<qint64>(section.blocks.size());
+    const auto goesOn = [&](std::size_t block) {
+        return block % blocksBetweenWords != 0
+               || progress(done + static_cast<qint64>(block), total, QStringLiteral("Laying out pages"));
+    };
+    Pager pager(pageCount);
+    for (const Section &section : document.sections) {
+        if (!pager.add(section, goesOn))
+            return std::nullopt;
+        done += static_cast<qint64>(section.blocks.size());
+    }
     return pager;
 }
 
@@ -107,18 +122,20 @@ std::vector<Slice> layoutColumn(const std::vector<Block> &blocks, qreal width, c
     return column;
 }
 
-PageList layoutDocument(const Document &document)
+PageList layoutDocument(const Document &document, const Progress &progress)
 {
-    Pager pager = paged(document, 1);
+    std::optional<Pager> pager = paged(document, 1, progress);
     const bool tellsCount = std::any_of(document.sections.begin(), document.sections.end(), [](const Section &section) {
         return hasField(section.blocks, Field::PageCount);
     });
-    if (tellsCount)
-        pager = paged(document, static_cast<int>(pager.owners().size()));
-    PageList pages = pager.takePages();
+    if (pager && tellsCount)
+        pager = paged(document, static_cast<int>(pager->owners().size()), progress);
+    if (!pager)
+        return {};
+    PageList pages = pager->takePages();
     const int count = static_cast<int>(pages.size());
     for (int i = 0; i < count; ++i) {
-        const PageOwner &owner = pager.owners()[i];
+        const PageOwner &owner = pager->owners()[i];
         drawMargins(pages[i], owner, {i + 1, count});
         drawPageBorders(pages[i], *owner.section);
     }

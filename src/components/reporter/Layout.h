@@ -1,6 +1,7 @@
 #pragma once
 
 #include "components/reporter/PageList.h"
+#include "platform/Progress.h"
 
 namespace ledgora::reporter {
 
@@ -9,7 +10,7 @@ namespace ledgora::reporter {
 /// table row that does not fit on the rest of a page moves to the next one as a whole, behind the table's heading rows;
 /// only a row taller than a page is split. Headers and footers push the text away when they are taller than the margin.
 /// A page number in the body is that of the page on which its paragraph or table begins. Needs a QGuiApplication for
-/// its fonts.
-PageList layoutDocument(const Document &document);
+/// its fonts. `progress` is told of the paragraphs and tables; when it ends the work there are no pages.
+PageList layoutDocument(const Document &document, const Progress &progress = unwatched());
 
 } // namespace ledgora::reporter

@@ -74,17 +74,20 @@ QRectF roomOf(const Section &section, bool first)
     return room.height() < smallestRoom ? withinMargins(page) : room;
 }
 
-void Pager::add(const Section &section)
+bool Pager::add(const Section &section, const std::function<bool(std::size_t block)> &goesOn)
 {
     begin(section);
     const std::vector<Block> &blocks = section.blocks;
     for (std::size_t first = 0; first < blocks.size();) {
+        if (!goesOn(first))
+            return false;
         std::size_t end = first + 1;
         while (end < blocks.size() && keepsWithNext(blocks[end - 1]))
             ++end;
         addChain(blocks, first, end);
         first = end;
     }
+    return true;
 }
 
 /// A section that goes on below the former one keeps that one's paper; only its columns count at once.
@@ -169,13 +172,35 @@ void Pager::addParagraph(const Paragraph &paragraph, const std::vector<Slice> &s
     const qreal whole = heightOf(slices);
     if (paragraph.format.keepTogether && whole > rest() && whole <= m_room.height() && !isFresh())
         nextColumn();
-    for (const Slice &slice : slices) {
-        if (slice.height > 0 && slice.gap + slice.height > rest() && !isFresh())
+    std::size_t end = linesThatFit(paragraph, slices, 0);
+    for (std::size_t line = 0; line < slices.size(); ++line) {
+        const Slice &slice = slices[line];
+        if (slice.height > 0 && (line == end || slice.gap + slice.height > rest()) && !isFresh()) {
             nextColumn();
+            end = linesThatFit(paragraph, slices, line);
+        }
         if (!isFresh() || isFirstOfAll())
             m_y += slice.gap;
         put(slice.drawing, slice.height);
     }
+}
+
+/// End of the lines from `first` on that go into this column: as many as fit, but with widow control neither the first
+/// line alone nor all but the last one.
+std::size_t Pager::linesThatFit(const Paragraph &paragraph, const std::vector<Slice> &slices, std::size_t first) const
+{
+    std::size_t count = slices.size();
+    while (count > 0 && slices[count - 1].height <= 0)
+        --count; // the room below the paragraph
+    qreal room = rest();
+    std::size_t end = first;
+    for (; end < count && (end == first || slices[end].gap + slices[end].height <= room); ++end)
+        room -= slices[end].gap + slices[end].height;
+    if (!paragraph.format.widowControl || end == count)
+        return end;
+    if (count - end == 1 && end > first)
+        --end;
+    return end == 1 && !isFresh() ? 0 : end;
 }
 
 void Pager::newTablePage(const TableLayout &table)
@@ -191,8 +216,15 @@ void Pager::newTablePage(const TableLayout &table)
 void Pager::addTable(const TableLayout &table)
 {
     m_bodyTop = m_room.top();
+    std::size_t chained = 0; // end of the rows that are known to stand on one page
     for (std::size_t row = 0; row < table.rows().size();) {
         const std::size_t end = table.groupEnd(row);
+        if (row >= chained && row >= table.headingRows()) {
+            chained = table.chainEnd(row);
+            const qreal height = table.height(row, chained);
+            if (chained > end && height > rest() && height <= m_room.height() - table.headingHeight())
+                newTablePage(table);
+        }
         addRows(table, row, end);
         row = end;
     }

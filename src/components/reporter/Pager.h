@@ -2,6 +2,7 @@
 
 #include "components/reporter/Slices.h"
 #include "components/reporter/TableLayout.h"
+#include <functional>
 #include <variant>
 
 namespace ledgora::reporter {
@@ -20,7 +21,8 @@ class Pager
 public:
     explicit Pager(int pageCount) : m_pageCount(pageCount) {}
 
-    void add(const Section &section);
+    /// Asks `goesOn` ahead of each block with its number; False when that ended it.
+    bool add(const Section &section, const std::function<bool(std::size_t block)> &goesOn);
 
     PageList takePages() { return std::move(m_pages); }
     const std::vector<PageOwner> &owners() const { return m_owners; }
@@ -36,6 +38,7 @@ private:
     Laid lay(const Block &block) const;
     void addChain(const std::vector<Block> &blocks, std::size_t first, std::size_t end);
     void addParagraph(const Paragraph &paragraph, const std::vector<Slice> &slices);
+    std::size_t linesThatFit(const Paragraph &paragraph, const std::vector<Slice> &slices, std::size_t first) const;
     void addTable(const TableLayout &table);
     void addRows(const TableLayout &table, std::size_t first, std::size_t end);
     void addSplit(const TableLayout &table, std::size_t row);

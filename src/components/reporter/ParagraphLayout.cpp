@@ -86,6 +86,8 @@ QString shownText(const Run &run, const PageNumbers &numbers)
 {
     if (run.picture)
         return QStringLiteral("M");
+    if (run.anchor)
+        return {};
     switch (run.field) {
     case Field::Page:
         return QString::number(numbers.page);

@@ -55,7 +55,7 @@ QByteArray withBrackets(const QByteArray &content, const std::vector<QString> &t
 
 void bracketPage(const PdfFile &file, int number, const std::vector<QString> &texts)
 {
-    const qpdf_data handle = file.handle();
+    qpdf_data handle = file.handle();
     const qpdf_oh page = qpdf_get_page_n(handle, static_cast<std::size_t>(number));
     unsigned char *data = nullptr;
     std::size_t size = 0;
@@ -65,10 +65,13 @@ void bracketPage(const PdfFile &file, int number, const std::vector<QString> &te
     const QByteArray content = withBrackets(
         QByteArray::fromRawData(reinterpret_cast<const char *>(data), static_cast<qsizetype>(size)), texts);
     const qpdf_oh stream = qpdf_oh_new_stream(handle);
-    qpdf_oh_replace_stream_data(handle, stream, reinterpret_cast<const unsigned char *>(content.constData()),
-                                static_cast<std::size_t>(content.size()), qpdf_oh_new_null(handle),
+    constexpr qsizetype lengthAhead = 4;                              // which the format does not know
+    const QByteArray packed = qCompress(content).sliced(lengthAhead); // thousands of pages lie in memory until the end
+    qpdf_oh_replace_stream_data(handle, stream, reinterpret_cast<const unsigned char *>(packed.constData()),
+                                static_cast<std::size_t>(packed.size()), qpdf_oh_new_name(handle, "/FlateDecode"),
                                 qpdf_oh_new_null(handle));
     qpdf_oh_replace_key(handle, page, "/Contents", stream);
+    qpdf_oh_release_all(handle);
 }
 
 } // namespace

@@ -122,8 +122,7 @@ void ReportCanvas::texts(const CellLine &line, const RowFace &face, qreal left, 
         measured.push_back(measure(piece, face, room * piece.width / std::max(1, widthOf(line))));
         width += measured.back().width;
     }
-    const qreal rest = std::max(0.0, room - width);
-    qreal x = left + (align == ReportAlign::Right ? rest : align == ReportAlign::Centre ? rest / 2 : 0);
+    qreal x = left + indentOf(align, room - width);
     for (std::size_t i = 0; i < line.size(); ++i) {
         m_page.drawing.texts.push_back({QPointF(x, baseline), measured[i].width, line[i].text, measured[i].font});
         x += measured[i].width;

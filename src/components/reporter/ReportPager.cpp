@@ -49,7 +49,8 @@ ReportPager::Height ReportPager::heightOf(int entry, PrintState &print)
     if (grid.inTable) {
         const bool belowRule = m_last && m_last->hasBottom();
         height.above = grid.hasTop() || belowRule ? face.rulePadding : face.padding;
-        height.below = grid.hasBottom() ? face.rulePadding : face.padding;
+        const bool aboveRule = entry + 1 < m_rows.size() && isRow(entry + 1) && gridOf(entry + 1).hasTop();
+        height.below = grid.hasBottom() || aboveRule ? face.rulePadding : face.padding;
     }
     return height;
 }
@@ -132,7 +133,8 @@ qreal ReportPager::leadHeight(const ReportPlace &place)
         }
         const bool row = isRow(entry);
         const bool endsLine = row || !m_rows.text(entry).endsWith(u';');
-        if (i > 0 && endsLine && !(row && gridOf(entry).inTable) && isBlank(entry))
+        const bool inTable = row && gridOf(entry).inTable;
+        if (i > 0 && endsLine && !inTable && isBlank(entry))
             return 0;
         const bool wasHeading = ahead.inHeading;
         if (!row) {
@@ -140,11 +142,11 @@ qreal ReportPager::leadHeight(const ReportPlace &place)
             height += endsLine ? m_faces.plain(ahead.print.condensed).line : 0;
             continue;
         }
-        if (gridOf(entry).inTable != std::exchange(ahead.inTable, gridOf(entry).inTable))
+        if (inTable != std::exchange(ahead.inTable, inTable))
             height += faceOf(entry, ahead.print).line * tableGap;
         height += heightOf(entry, ahead.print).whole();
         noteHeading(ahead, entry);
-        if (gridOf(entry).inTable && !(wasHeading && ahead.headingTo > entry))
+        if (inTable && (!wasHeading || ahead.headingTo <= entry))
             return height;
     }
     return 0; // no table
@@ -165,7 +167,7 @@ bool ReportPager::takeRow(ReportPlace &place)
     switch (roomFor(place, gap + height.whole())) {
     case Room::Here:
         m_y += gap;
-        if (!(blank && isFresh() && m_bodyTop > m_paper.top))
+        if (!blank || !isFresh() || m_bodyTop <= m_paper.top)
             putRow(entry, place.print, height, 0, height.count);
         break;
     case Room::NextPage:
@@ -300,7 +302,8 @@ bool ReportPager::takeText(ReportPlace &place)
     const bool last = place.entry + 1 == m_rows.size();
     const bool feeds = feed >= 0 && place.line == 0 && !isFresh() && !(last && text.isEmpty());
     const bool moves = place.inTable && !goesOn && !isFresh() && leadHeight(place) > bottom() - m_y + tolerance;
-    if (feeds || moves || m_y + m_faces.plain(place.print.condensed).line > bottom()) {
+    const bool full = !isFresh() && m_y + m_faces.plain(place.print.condensed).line > bottom() + tolerance;
+    if (feeds || moves || (full && !shownText(text).isEmpty())) {
         place.line = feeds ? 1 : place.line;
         closeTable();
         return false;
@@ -311,7 +314,7 @@ bool ReportPager::takeText(ReportPlace &place)
     const bool onlyCodes = shownText(place.pending).isEmpty();
     if (onlyCodes)
         wrappedLines(std::exchange(place.pending, {}), 1, place.print);
-    if (!goesOn && !(feed >= 0 && onlyCodes))
+    if (!goesOn && (feed < 0 || !onlyCodes))
         endLine(place);
     return true;
 }

@@ -27,9 +27,17 @@ void RtfInterpreter::resetChars()
 void RtfInterpreter::resetParagraph()
 {
     m_state.paragraph = ParagraphFormat();
+    m_state.paragraph.widowControl = m_widowControl;
     m_state.inTable = false;
     m_state.level = 1;
     m_tabAlignment = Alignment::Left;
+}
+
+/// What paragraphs begin with from now on; the word stands in the document's head.
+void RtfInterpreter::setWidowControl()
+{
+    m_widowControl = true;
+    m_state.paragraph.widowControl = true;
 }
 
 /// The definition of a nested row stands behind its cells, so the row it speaks of is the one that is open.

@@ -82,6 +82,10 @@ void RtfInterpreter::finish(const RtfTokens &tokens, bool closed)
 
 bool RtfInterpreter::take(const RtfToken &token)
 {
+    if (m_kept && keep(token))
+        return withinDepth(m_kept->depth());
+    if (m_pictureText)
+        m_pictureText->take(token, *this);
     if (m_skip > 0
         && (token.kind == RtfToken::Byte || token.kind == RtfToken::Word || token.kind == RtfToken::Symbol
             || token.kind == RtfToken::Binary)) {
@@ -123,14 +127,29 @@ bool RtfInterpreter::take(const RtfToken &token)
     return true;
 }
 
+/// Gives the token to the group that is kept; False for its last brace, which is then carried out as any other.
+bool RtfInterpreter::keep(const RtfToken &token)
+{
+    if (m_kept->take(token, *this))
+        return true;
+    insertAnchor();
+    return false;
+}
+
+bool RtfInterpreter::withinDepth(int deeper)
+{
+    if (m_saved.size() + static_cast<std::size_t>(deeper) < deepestGroup)
+        return true;
+    fail(QStringLiteral("groups are nested too deeply"));
+    return false;
+}
+
 bool RtfInterpreter::beginGroup()
 {
     m_skip = 0;
     m_starred = false;
-    if (m_saved.size() >= deepestGroup) {
-        fail(QStringLiteral("groups are nested too deeply"));
+    if (!withinDepth(0))
         return false;
-    }
     m_saved.push_back(m_state);
     return true;
 }
@@ -168,6 +187,7 @@ void RtfInterpreter::word(const RtfToken &token)
             m_state.destination = Destination::Body;
         return;
     }
+    m_word = token.text.toByteArray();
     if (!applyWord(*this, token.text, token.parameter) && m_starred)
         skipGroup();
 }
@@ -301,9 +321,15 @@ void RtfInterpreter::setFont(int number)
         m_fontName.clear();
         return;
     }
-    const auto found = m_fonts.constFind(number);
-    if (found != m_fonts.cend() && !found->isEmpty())
-        m_state.chars.font = *found;
+    const QString name = m_fonts.value(number);
+    if (!name.isEmpty())
+        m_state.chars.font = name;
+}
+
+QString RtfInterpreter::fontName(int number) const
+{
+    const QString name = m_fonts.value(number);
+    return name.isEmpty() ? m_fonts.value(m_defaultFont, CharFormat().font) : name;
 }
 
 void RtfInterpreter::addTab(int position)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "components/reporter/Document.h"
+#include "components/reporter/RtfAnchor.h"
 #include "components/reporter/RtfReader.h"
 #include "components/reporter/RtfTokens.h"
 #include <QHash>
@@ -36,6 +37,8 @@ public:
     }
     void beginAlternative();
     Colour colour(int index) const;
+    /// The name of a font of the document's table, else that of the default one.
+    QString fontName(int number) const;
 
     void setCodePage(int codePage) { m_codePage = codePage; }
     void setUnicodeSkip(int count) { m_state.unicodeSkip = count; }
@@ -53,6 +56,7 @@ public:
     void noBorder() { m_borderOwner = BorderOwner::None; }
     void resetChars();
     void resetParagraph();
+    void setWidowControl();
     void resetRow();
     void resetSection();
     void endCellFormat(int rightEdge);
@@ -74,6 +78,7 @@ public:
     void readFieldResult();
     void readPicture();
     void omitGroup(const char *what);
+    void keepGroup(const char *what);
     void skipGroup() { m_state.destination = Destination::Skipped; }
 
 private:
@@ -116,6 +121,9 @@ private:
     };
 
     bool take(const RtfToken &token);
+    bool keep(const RtfToken &token);
+    bool withinDepth(int deeper);
+    void insertAnchor();
     bool beginGroup();
     bool endGroup();
     void leaveDestination(Destination left);
@@ -131,7 +139,7 @@ private:
     void endPicture();
     void endMargin();
     void insertObject(Run run);
-    void noteOmission(const QString &what);
+    static void note(QStringList &kinds, const QString &what);
 
     bool inBody() const { return m_state.destination == Destination::Body; }
     int tableLevel() const { return m_state.inTable ? std::max(1, m_state.level) : 0; }
@@ -165,6 +173,7 @@ private:
     bool m_colourGiven = false;
     std::vector<Colour> m_colours;
     Alignment m_tabAlignment = Alignment::Left;
+    bool m_widowControl = false;
     BorderOwner m_borderOwner = BorderOwner::None;
     Side m_borderSide = Top;
     BorderLine m_scratchBorder;
@@ -176,7 +185,10 @@ private:
     QString m_instruction;
     CharFormat m_instructionFormat;
     Picture m_picture;
-    int m_highDigit = -1; ///< first half of a byte of the picture, or -1
+    std::optional<AnchorRecorder> m_kept;        ///< the group that is kept and else passed over
+    std::optional<AnchorRecorder> m_pictureText; ///< the picture that is read
+    QByteArray m_word;                           ///< the one that is carried out
+    int m_highDigit = -1;                        ///< first half of a byte of the picture, or -1
     qint64 m_pixels = 0;
     qsizetype m_characters = 0;
     int m_paragraphs = 0;

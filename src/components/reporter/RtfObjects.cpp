@@ -151,14 +151,32 @@ void RtfInterpreter::readFieldResult()
 void RtfInterpreter::omitGroup(const char *what)
 {
     if (inBody())
-        noteOmission(QString::fromLatin1(what));
+        note(m_read.omitted, QString::fromLatin1(what));
     skipGroup();
 }
 
-void RtfInterpreter::noteOmission(const QString &what)
+/// Passes the group over, and puts it into the text as an anchor when it ends.
+void RtfInterpreter::keepGroup(const char *what)
 {
-    if (!m_read.omitted.contains(what))
-        m_read.omitted += what;
+    if (inBody() && !m_kept)
+        m_kept.emplace(QString::fromLatin1(what), m_starred, m_word, m_state.unicodeSkip, m_codePage);
+    skipGroup();
+}
+
+void RtfInterpreter::insertAnchor()
+{
+    auto anchor = std::make_shared<const Anchor>(m_kept->finish());
+    m_kept.reset();
+    note(m_read.unseen, anchor->what);
+    const State skipped = std::exchange(m_state, m_saved.back());
+    insertObject({{}, m_state.chars, Field::None, nullptr, std::move(anchor)});
+    m_state = skipped;
+}
+
+void RtfInterpreter::note(QStringList &kinds, const QString &what)
+{
+    if (!kinds.contains(what))
+        kinds += what;
 }
 
 void RtfInterpreter::readPicture()
@@ -168,6 +186,8 @@ void RtfInterpreter::readPicture()
     m_state.destination = Destination::Picture;
     m_picture = Picture();
     m_highDigit = -1;
+    m_pictureText.emplace(QStringLiteral("picture of a kind that is not drawn"), m_starred, m_word, m_state.unicodeSkip,
+                          m_codePage);
 }
 
 void RtfInterpreter::pictureText(QByteArrayView hex)
@@ -185,16 +205,18 @@ void RtfInterpreter::pictureText(QByteArrayView hex)
     }
 }
 
-/// Kinds that we do not draw (metafiles) leave nothing behind.
+/// Kinds that we do not draw (metafiles) are kept as they stand.
 void RtfInterpreter::endPicture()
 {
     Picture picture = std::move(m_picture);
     m_picture = Picture();
+    auto anchor = std::make_shared<const Anchor>(m_pictureText->finish());
+    m_pictureText.reset();
     if (!inBody())
         return;
     if (picture.kind == Picture::Unknown) {
-        noteOmission(QStringLiteral("picture of a kind that is not drawn"));
-        return;
+        note(m_read.unseen, anchor->what);
+        return insertObject({{}, m_state.chars, Field::None, nullptr, std::move(anchor)});
     }
     picture.image = decoded(picture, m_pixels);
     if (picture.image.isNull()) {

@@ -33,6 +33,7 @@ private:
     void border(const QByteArray &word, const BorderLine &border);
     void run(const Run &run);
     void field(const Run &run);
+    void anchor(const Anchor &anchor);
     void picture(const Picture &picture);
     void table(const Table &table, int level);
     void definition(const Row &row);
@@ -184,6 +185,7 @@ void Writer::format(const ParagraphFormat &format)
     flag(format.pageBreakBefore, "\\pagebb");
     flag(format.keepTogether, "\\keep");
     flag(format.keepWithNext, "\\keepn");
+    flag(format.widowControl, "\\widctlpar");
     words({{"\\li", format.leftIndent},
            {"\\ri", format.rightIndent},
            {"\\fi", format.firstIndent},
@@ -236,6 +238,8 @@ void Writer::run(const Run &run)
     m_text += " ";
     if (run.picture)
         picture(*run.picture);
+    else if (run.anchor)
+        anchor(*run.anchor);
     else
         m_text += rtfText(run.text);
     m_text += "}";
@@ -248,6 +252,19 @@ void Writer::field(const Run &run)
     m_text += run.field == Field::Page ? " PAGE }}{\\fldrslt{\\plain" : " NUMPAGES }}{\\fldrslt{\\plain";
     format(run.format);
     m_text += " 1}}}";
+}
+
+void Writer::anchor(const Anchor &anchor)
+{
+    if (anchor.skip != 1)
+        m_text += rtfWord("\\uc", anchor.skip);
+    for (const AnchorPart &part : anchor.parts) {
+        m_text += part.rtf;
+        if (part.word.isEmpty())
+            continue;
+        const int number = part.font.isEmpty() ? m_tables.colour(part.colour) : m_tables.font(part.font);
+        m_text += rtfWord('\\' + part.word, number) + ' ';
+    }
 }
 
 void Writer::picture(const Picture &picture)

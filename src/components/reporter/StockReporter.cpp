@@ -24,14 +24,15 @@ constexpr qint64 faultyTemplate = 321;
 constexpr qint64 unwritableFile = 75;
 constexpr qint64 noReport = 91;
 
-/// A bill is best known by its number.
+/// A document is best known by its number.
 void noteName(QString &name, const QString &placeholder, const PlaceholderValue &value)
 {
-    if (placeholder != QStringLiteral("#BILL_NO#"))
+    const bool isReceipt = placeholder == QStringLiteral("#RCPT_NO#");
+    if (!isReceipt && placeholder != QStringLiteral("#BILL_NO#"))
         return;
     const QString number = valueText(value).trimmed();
     if (!number.isEmpty())
-        name = QStringLiteral("Bill ") + number;
+        name = (isReceipt ? QStringLiteral("Receipt ") : QStringLiteral("Bill ")) + number;
 }
 
 /// The viewer keeps the document, whatever becomes of the report.
@@ -121,7 +122,7 @@ Pages StockReporter::pages() const
 {
     if (m_rows)
         return Pages(std::make_shared<ReportPages>(m_rows));
-    return report() ? layoutDocument(*report()) : PageList();
+    return report() ? layoutDocument(*report(), m_progress) : PageList();
 }
 
 std::vector<Viewer::SaveAs> StockReporter::saveKinds() const
@@ -131,15 +132,22 @@ std::vector<Viewer::SaveAs> StockReporter::saveKinds() const
     return {rtfOf(*report())};
 }
 
+/// A report has at least one page: without any there is none, or its layout was ended. That is no failure to log.
+void StockReporter::failWithoutPages()
+{
+    if (report())
+        m_error = QString::fromLatin1(cancelledText);
+    else
+        fail(noReport, QStringLiteral("there is no report"));
+}
+
 void StockReporter::ShowReport(bool)
 {
     const ErrorSite site("REPORTER", "SHOWREPORT");
     m_error.clear();
     const Pages shown = pages();
-    if (shown.empty()) {
-        fail(noReport, QStringLiteral("there is no report to show"));
-        return;
-    }
+    if (shown.empty())
+        return failWithoutPages();
     auto *viewer = new Viewer(shown, reportName(), saveKinds());
     if (gMdi)
         gMdi->showScreen(*viewer);
@@ -152,12 +160,12 @@ void StockReporter::SaveToPDF(const QString &path, int)
     const ErrorSite site("REPORTER", "SAVETOPDF");
     m_error.clear();
     const Pages saved = pages();
-    if (saved.empty()) {
-        fail(noReport, QStringLiteral("there is no report to save"));
-        return;
-    }
+    if (saved.empty())
+        return failWithoutPages();
     const QString fault = writePdf(saved, path, reportName(), m_progress);
-    if (!fault.isEmpty())
+    if (fault == QLatin1String(cancelledText))
+        m_error = fault;
+    else if (!fault.isEmpty())
         fail(unwritableFile, path + QStringLiteral(": ") + fault);
 }
 
@@ -285,8 +293,8 @@ void StockReporter::AddMasterToPdf(const QString &path)
         fail(noReport, QStringLiteral("there is no master document to save"));
         return;
     }
-    if (m_pdfRun->add(layoutDocument(m_master->document()), path, m_name))
-        tellPdfFaults();
+    m_pdfRun->add(layoutDocument(m_master->document()), path, m_name);
+    tellPdfFaults();
 }
 
 std::vector<PdfFault> StockReporter::EndPdfRun()

@@ -46,6 +46,7 @@ public:
 private:
     std::shared_ptr<const TemplateCache::Template> load(const QString &path, bool whole);
     void fail(qint64 number, const QString &description);
+    void failWithoutPages();
     void tellPdfFaults();
     const Document *report() const;
     QString reportName() const;

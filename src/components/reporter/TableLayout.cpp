@@ -46,6 +46,15 @@ bool isExact(const LaidRow &row)
     return row.format->height.rule == RowHeight::Exact;
 }
 
+/// Writers tell it of the paragraphs in a row.
+bool keepsWithNext(const Row &row)
+{
+    if (row.cells.empty() || row.cells.front().blocks.empty())
+        return false;
+    const auto *paragraph = std::get_if<Paragraph>(&row.cells.front().blocks.front().content);
+    return paragraph && paragraph->format.keepWithNext;
+}
+
 } // namespace
 
 TableLayout::TableLayout(const Table &table, qreal columnWidth, const PageNumbers &numbers) : m_numbers(numbers)
@@ -94,7 +103,7 @@ void TableLayout::joinEdges(const Table &table)
 
 void TableLayout::placeCells(const Row &row)
 {
-    LaidRow laid{&row.format, {}, 0};
+    LaidRow laid{&row.format, {}, 0, keepsWithNext(row)};
     qreal left = m_edges.at(row.format.leftEdge);
     for (std::size_t i = 0; i < row.cells.size(); ++i) {
         const Cell &cell = row.cells[i];
@@ -176,6 +185,14 @@ std::size_t TableLayout::groupEnd(std::size_t first) const
     for (std::size_t row = first; row < end; ++row)
         for (const LaidCell &cell : m_rows[row].cells)
             end = std::max(end, row + cell.rowSpan);
+    return end;
+}
+
+std::size_t TableLayout::chainEnd(std::size_t first) const
+{
+    std::size_t end = groupEnd(first);
+    while (end < m_rows.size() && m_rows[end - 1].keepsWithNext)
+        end = groupEnd(end);
     return end;
 }
 

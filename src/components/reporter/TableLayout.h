@@ -22,6 +22,7 @@ struct LaidRow
     const RowFormat *format = nullptr;
     std::vector<LaidCell> cells;
     qreal height = 0;
+    bool keepsWithNext = false;
 };
 
 /// Geometry of one table: where its cells stand and how tall its rows are. Column edges of different rows that lie
@@ -40,6 +41,8 @@ public:
     qreal headingHeight() const { return m_headingHeight; }
     /// End of the rows that merged cells bind to the row at `first`.
     std::size_t groupEnd(std::size_t first) const;
+    /// End of the groups from there that keep with one another: no page ends between them, unless they fill one alone.
+    std::size_t chainEnd(std::size_t first) const;
     qreal height(std::size_t first, std::size_t end) const;
     /// Whether a page may end inside the row: it may break, and a line of each of its filled cells fits into the
     /// height.

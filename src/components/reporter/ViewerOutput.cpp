@@ -9,6 +9,7 @@
 #include <QFileInfo>
 #include <QLabel>
 #include <QMessageBox>
+#include <QPageLayout>
 #include <QPainter>
 #include <QPrintDialog>
 #include <QPrinter>
@@ -39,6 +40,16 @@ std::vector<int> sheetsOf(const QPrinter &printer, int last)
         for (int page = from; page <= to; ++page)
             sheets.insert(sheets.end(), printer.collateCopies() ? 1 : copies, page);
     return sheets;
+}
+
+/// Printers know A4 that lies on its side, but no paper of that size.
+QPageLayout paperOf(const QSizeF &twips)
+{
+    constexpr qreal twipsPerPoint = 20;
+    const bool lies = twips.width() > twips.height();
+    const QPageSize upright((lies ? twips.transposed() : twips) / twipsPerPoint, QPageSize::Point, QString(),
+                            QPageSize::FuzzyMatch);
+    return {upright, lies ? QPageLayout::Landscape : QPageLayout::Portrait, QMarginsF()};
 }
 
 } // namespace
@@ -117,10 +128,7 @@ QString printPages(QPrinter &printer, const Pages &pages, const Progress &progre
         return QStringLiteral("there are no pages to print");
     printer.setFullPage(true); // the margins are in the pages
     const std::vector<int> sheets = sheetsOf(printer, pages.size());
-    const auto paper = [&](int page) {
-        return QPageSize(pages.paper(page - 1) / 20, QPageSize::Point, QString(), QPageSize::FuzzyMatch);
-    };
-    printer.setPageSize(paper(sheets.front()));
+    printer.setPageLayout(paperOf(pages.paper(sheets.front() - 1)));
     QPainter painter;
     if (!painter.begin(&printer))
         return QStringLiteral("the printer does not take the document");
@@ -130,7 +138,7 @@ QString printPages(QPrinter &printer, const Pages &pages, const Progress &progre
             return QString::fromLatin1(cancelledText);
         }
         if (i > 0) {
-            printer.setPageSize(paper(sheets[i]));
+            printer.setPageLayout(paperOf(pages.paper(sheets[i] - 1)));
             if (!printer.newPage())
                 return QStringLiteral("the printer does not take page ") + QString::number(sheets[i]);
         }
