@@ -150,14 +150,14 @@ QString writeReport(Connection &db, const ReportRequest &asked, const QString &o
 {
     const QString ending = QFileInfo(out).suffix().toLower();
     if (ending == QLatin1String("pdf")) {
-        const QString fault = makeReport(db, asked, *gReporter, unwatched());
+        QString fault = makeReport(db, asked, *gReporter, unwatched());
         if (!fault.isEmpty())
             return fault;
         gReporter->SaveToPDF(out, 0);
         return gReporter->LastError();
     }
     ReportRows rows;
-    const QString fault = makeReport(db, asked, rows, unwatched());
+    QString fault = makeReport(db, asked, rows, unwatched());
     if (!fault.isEmpty())
         return fault;
     return ending == QLatin1String("csv") ? saveReportCsv(rows, out) : saveReportText(rows, out);

@@ -105,11 +105,14 @@ void Grid::sizeColumns()
 
 void Grid::hideFixedRows()
 {
+    // While it is to be painted, the heading works out all positions anew for each row: seconds for long lists.
+    verticalHeader()->setUpdatesEnabled(false);
     for (int row = 0; row < m_model.cells.rows(); ++row) {
         const bool hidden = row < m_model.cells.fixedRows() || m_model.cells.isHidden(row);
         if (hidden != isRowHidden(row))
             setRowHidden(row, hidden);
     }
+    verticalHeader()->setUpdatesEnabled(true);
 }
 
 void Grid::setRow(int row)

@@ -12,19 +12,19 @@ namespace {
 using enum ReportAlign;
 
 const ReportColumn columns[] = {
-    {"Date", 14, Centre},
-    {"Bill No.", 20, Left},
-    {"Party Name", 50, Left},
-    {"Place of Supply", 20, Left},
-    {"Value of Service", 12, Right},
-    {"Discount", 12, Right},
-    {"Net Amount\r\n(Tax Applicability Wise)", 12, Right, "No Tax", 36},
-    {"", 12, Right, "Intra-State", 0},
-    {"", 12, Right, "Inter-State", 0},
-    {"Tax under Intra-State", 12, Right, "CGST", 24},
-    {"", 12, Right, "SGST", 0},
-    {"Tax under Inter-State", 12, Right, "IGST"},
-    {"Total Amount", 12, Right},
+    {"Date", Centre, 14},
+    {"Bill No.", Left, 20},
+    {"Party Name", Left, 50},
+    {"Place of Supply", Left, 20},
+    {"Value of Service", Right, 12},
+    {"Discount", Right, 12},
+    {"Net Amount\r\n(Tax Applicability Wise)", Right, 12, 36, "No Tax"},
+    {"", Right, 12, 0, "Intra-State"},
+    {"", Right, 12, 0, "Inter-State"},
+    {"Tax under Intra-State", Right, 12, 24, "CGST"},
+    {"", Right, 12, 0, "SGST"},
+    {"Tax under Inter-State", Right, 12, -1, "IGST"},
+    {"Total Amount", Right, 12},
 };
 constexpr size_t partyColumn = 2, firstAmount = 4, amountCount = 9;
 using Amounts = std::array<double, amountCount>; ///< of the cells from `firstAmount` on
@@ -62,10 +62,13 @@ void REPBILLS(Connection &db, const ReportRequest &request, ReportWriter &writer
     table.writeHeading();
     tellReading(progress);
     const QString where = billsOfPeriod(request);
-    const std::vector<ReportDocument> bills = readBills(db, where);
-    const auto sumsOfBills = sumsOf<BillSumCount>(db, billLines, sums, where);
     const DocumentNumbers numbers(db);
+    Recordset stored = openBills(db, where);
+    PendingQuery answer = db.send(sumsQuery(billLines, sums, where)); // the server adds up meanwhile
+    const std::vector<ReportDocument> bills = takeBills(std::move(stored));
     PartyCells parties(request);
+    const auto sumsOfBills = takeSums<BillSumCount>(answer.answer());
+    checkWaitedFor(db);
     Amounts totals{};
     RowProgress rows(progress, bills.size());
     for (const ReportDocument &bill : bills) {

@@ -15,12 +15,12 @@ namespace {
 using enum ReportAlign;
 
 const ReportColumn columns[] = {
-    {"Date", 12, Centre},      {"B/R", 8, Centre},
-    {"No.", 26, Left},         {"Amount", 12, Right, "Dr.", 24},
-    {"", 12, Right, "Cr.", 0}, {"Net Value of Service", 12, Right},
-    {"CGST", 12, Right},       {"SGST", 12, Right},
-    {"IGST", 12, Right},       {"Discount on Receipt", 12, Right},
-    {"TDS", 12, Right},
+    {"Date", Centre, 12},      {"B/R", Centre, 8},
+    {"No.", Left, 26},         {"Amount", Right, 12, 24, "Dr."},
+    {"", Right, 12, 0, "Cr."}, {"Net Value of Service", Right, 12},
+    {"CGST", Right, 12},       {"SGST", Right, 12},
+    {"IGST", Right, 12},       {"Discount on Receipt", Right, 12},
+    {"TDS", Right, 12},
 };
 
 enum AccountAmount { Dr, Cr, Net, Cgst, Sgst, Igst, Discount, Tds, AccountAmountCount };

@@ -14,8 +14,8 @@ namespace {
 using enum ReportAlign;
 
 const ReportColumn columns[] = {
-    {"Party Name", 28, Left}, {"Amount", 10, Right}, {"CGST", 10, Right},
-    {"SGST", 10, Right},      {"IGST", 10, Right},   {"Total", 10, Right},
+    {"Party Name", Left, 28}, {"Amount", Right, 10}, {"CGST", Right, 10},
+    {"SGST", Right, 10},      {"IGST", Right, 10},   {"Total", Right, 10},
 };
 
 using Due = std::array<double, 5>; ///< net, CGST, SGST, IGST, total

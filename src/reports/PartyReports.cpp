@@ -13,8 +13,8 @@ namespace {
 using enum ReportAlign;
 
 const ReportColumn discountColumns[] = {
-    {"Party Name", 50, Left}, {"Amount (Bill)", 14, Right}, {"Amount (Receipt)", 14, Right}};
-const ReportColumn tdsColumns[] = {{"Party Name", 64, Left}, {"Amount", 14, Right}};
+    {"Party Name", Left, 50}, {"Amount (Bill)", Right, 14}, {"Amount (Receipt)", Right, 14}};
+const ReportColumn tdsColumns[] = {{"Party Name", Left, 64}, {"Amount", Right, 14}};
 
 } // namespace
 

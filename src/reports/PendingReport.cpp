@@ -12,8 +12,8 @@ namespace {
 using enum ReportAlign;
 
 const ReportColumn columns[] = {
-    {"Date", 14, Centre},    {"Bill No.", 24, Left}, {"Party Name", 42, Left},      {"Bill Amount", 14, Right},
-    {"Discount", 14, Right}, {"TDS", 14, Right},     {"Receipt Amount", 14, Right}, {"Pending Amount", 14, Right},
+    {"Date", Centre, 14},    {"Bill No.", Left, 24}, {"Party Name", Left, 42},      {"Bill Amount", Right, 14},
+    {"Discount", Right, 14}, {"TDS", Right, 14},     {"Receipt Amount", Right, 14}, {"Pending Amount", Right, 14},
 };
 constexpr size_t partyColumn = 2, amountCount = 5;
 

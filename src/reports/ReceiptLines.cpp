@@ -10,7 +10,9 @@ namespace {
 
 TaxedSum taxedSum(const TaxShare &share)
 {
-    const double cgst = share.cgst.value_or(0), sgst = share.sgst.value_or(0), igst = share.igst.value_or(0);
+    const double cgst = share.cgst.value_or(0);
+    const double sgst = share.sgst.value_or(0);
+    const double igst = share.igst.value_or(0);
     return {share.applied.value_or(0) - cgst - sgst - igst, cgst, sgst, igst};
 }
 

@@ -15,9 +15,9 @@ namespace {
 using enum ReportAlign;
 
 const ReportColumn columns[] = {
-    {"Date", 12, Centre},  {"Receipt No.", 20, Left},   {"Party Name", 28, Left},
-    {"Amount", 10, Right}, {"CGST", 10, Right},         {"SGST", 10, Right},
-    {"IGST", 10, Right},   {"Total Amount", 10, Right}, {"Bill Nos.", 20, Left},
+    {"Date", Centre, 12},  {"Receipt No.", Left, 20},   {"Party Name", Left, 28},
+    {"Amount", Right, 10}, {"CGST", Right, 10},         {"SGST", Right, 10},
+    {"IGST", Right, 10},   {"Total Amount", Right, 10}, {"Bill Nos.", Left, 20},
 };
 constexpr size_t partyColumn = 2;
 

@@ -175,7 +175,7 @@ PlaceholderValue plainAmount(double amount, const char *zero)
 
 QString groupedAmount(double amount)
 {
-    return FORMETGEN(plainNumber(amount), QStringLiteral("#,##0"));
+    return groupedRupees(amount);
 }
 
 QString signedAmount(double amount, const char *zero)

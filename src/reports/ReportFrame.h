@@ -25,12 +25,12 @@ QString bold(const QString &text);
 struct ReportColumn
 {
     const char *heading;
-    qint16 width;
     ReportAlign align; ///< of data; headings are centred
-    /// Of a heading of two lines: the text in the second, and the width in the first where a heading spans several
-    /// columns (its first one has the whole width, the others 0).
-    const char *second = "";
+    qint16 width;
+    /// Of a heading of two lines: the width in the first where a heading spans several columns (its first one has the
+    /// whole width, the others 0), and the text in the second.
     qint16 headingWidth = -1;
+    const char *second = "";
 
     bool isSpanned() const { return headingWidth >= 0 && headingWidth != width; }
 };

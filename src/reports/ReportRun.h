@@ -38,8 +38,9 @@ public:
     void next()
     {
         constexpr qint64 rowsAStep = 256;
-        if (m_done++ % rowsAStep == 0 && !m_progress(m_done - 1, m_total, QStringLiteral("Writing the report")))
+        if (m_done % rowsAStep == 0 && !m_progress(m_done, m_total, QStringLiteral("Writing the report")))
             throw ReportCancelled();
+        ++m_done;
     }
 
 private:

@@ -1,7 +1,6 @@
 #include "reports/ReportStore.h"
 
 #include "reports/ReportParties.h"
-#include "reports/ReportRun.h"
 #include "store/Dates.h"
 #include "store/DocumentNumber.h"
 #include "store/SqlText.h"
@@ -37,9 +36,13 @@ std::vector<ReportDocument> documentsOf(Recordset rows, const DocumentColumns &c
     const auto optional = [&rows](const char *name) {
         return rows.hasColumn(QLatin1String(name)) ? rows.column(QLatin1String(name)) : -1;
     };
-    const int id = column(columns.id), date = column(columns.date), series = column(columns.series);
-    const int number = column(columns.number), code = column("Code_No");
-    const int place = optional("PlaceOfServ"), taxType = optional("AppTaxType");
+    const int id = column(columns.id);
+    const int date = column(columns.date);
+    const int series = column(columns.series);
+    const int number = column(columns.number);
+    const int code = column("Code_No");
+    const int place = optional("PlaceOfServ");
+    const int taxType = optional("AppTaxType");
     std::vector<ReportDocument> documents;
     documents.reserve(size_t(rows.recordCount()));
     while (rows.next())
@@ -75,10 +78,19 @@ QString receiptsUpTo(const ReportRequest &request, const QString &day)
     return companyAndParties(request) + between("RecpDt", {}, day);
 }
 
+Recordset openBills(Connection &db, const QString &where)
+{
+    return readForReport(db, "Select * from GST_BillM Where " + where + " Order by BillDt,BillNo,BillSrNo");
+}
+
+std::vector<ReportDocument> takeBills(Recordset stored)
+{
+    return documentsOf(std::move(stored), billColumns);
+}
+
 std::vector<ReportDocument> readBills(Connection &db, const QString &where)
 {
-    return documentsOf(readForReport(db, "Select * from GST_BillM Where " + where + " Order by BillDt,BillNo,BillSrNo"),
-                       billColumns);
+    return takeBills(openBills(db, where));
 }
 
 std::vector<ReportDocument> readReceipts(Connection &db, const QString &where)
@@ -96,9 +108,9 @@ QHash<int, ReportDocument> readBillsById(Connection &db, const QList<int> &ids)
     texts.reserve(ids.size());
     for (const int id : ids)
         texts << number(id);
-    for (ReportDocument &bill : documentsOf(
+    for (const ReportDocument &bill : documentsOf(
              readForReport(db, "Select * from GST_BillM Where BillSrNo in (" + texts.join(u',') + ')'), billColumns))
-        bills.insert(bill.id, std::move(bill));
+        bills.insert(bill.id, bill);
     return bills;
 }
 
@@ -108,16 +120,6 @@ QString sumsQuery(const LineSums &of, const char *sums, const QString &where, co
     return "Select " + text(of.key) + ',' + text(sums) + " from " + text(of.header) + " INNER Join " + text(of.lines)
            + " ON " + text(of.join) + (onLine.isEmpty() ? QString() : " and " + onLine) + " Where " + where
            + " Group by " + text(of.key);
-}
-
-void readSums(Connection &db, const QString &query, const std::function<std::span<double>(int id)> &place)
-{
-    Recordset rows = readForReport(db, query);
-    while (rows.next()) {
-        const std::span<double> sums = place(int(rows.integer(0)));
-        for (size_t i = 0; i < sums.size(); ++i)
-            sums[i] = rows.number(int(i) + 1);
-    }
 }
 
 DocumentNumbers::DocumentNumbers(Connection &db)

@@ -1,15 +1,12 @@
 #pragma once
 
 #include "reports/ReportRequest.h"
+#include "reports/ReportRun.h"
 #include <QDate>
 #include <QHash>
 #include <array>
-#include <functional>
-#include <span>
 
 namespace ledgora {
-
-class Connection;
 
 // What the reports read. Every list is one query, whatever its length; sums of many documents come grouped by document.
 
@@ -30,6 +27,10 @@ QString billsOfPeriod(const ReportRequest &request);
 QString receiptsOfPeriod(const ReportRequest &request);
 QString billsUpTo(const ReportRequest &request, const QString &day);
 QString receiptsUpTo(const ReportRequest &request, const QString &day);
+
+/// Bills as stored, for a report that lets the server go on while it takes them apart.
+Recordset openBills(Connection &db, const QString &where);
+std::vector<ReportDocument> takeBills(Recordset stored);
 
 /// By date, then number, then id.
 std::vector<ReportDocument> readBills(Connection &db, const QString &where);
@@ -57,16 +58,25 @@ inline constexpr LineSums settledOfBills{"GST_BillM", "GST_RecpD", "GST_BillM.Bi
                                          "GST_RecpD.BillId"};
 
 QString sumsQuery(const LineSums &of, const char *sums, const QString &where, const QString &onLine = {});
-/// Runs such a query, calling `take` with the id and where to put the sums.
-void readSums(Connection &db, const QString &query, const std::function<std::span<double>(int id)> &place);
+/// The answer to such a query.
+template<size_t Count>
+Sums<Count> takeSums(Recordset rows)
+{
+    Sums<Count> byId;
+    byId.reserve(rows.recordCount());
+    while (rows.next()) {
+        std::array<double, Count> &sums = byId[int(rows.integer(0))];
+        for (size_t i = 0; i < Count; ++i)
+            sums[i] = rows.number(int(i) + 1);
+    }
+    return byId;
+}
 
 template<size_t Count>
 Sums<Count> sumsOf(Connection &db, const LineSums &of, const char *sums, const QString &where,
                    const QString &onLine = {})
 {
-    Sums<Count> byId;
-    readSums(db, sumsQuery(of, sums, where, onLine), [&byId](int id) { return std::span<double>(byId[id]); });
-    return byId;
+    return takeSums<Count>(readForReport(db, sumsQuery(of, sums, where, onLine)));
 }
 
 /// Printed numbers of documents; the series are read once.

@@ -13,8 +13,8 @@ namespace {
 using enum ReportAlign;
 
 const ReportColumn columns[] = {
-    {"Date", 12, Centre}, {"Bill No.", 20, Left}, {"Party Name", 50, Left}, {"Amount", 12, Right},
-    {"CGST", 12, Right},  {"SGST", 12, Right},    {"IGST", 12, Right},      {"Total", 12, Right},
+    {"Date", Centre, 12}, {"Bill No.", Left, 20}, {"Party Name", Left, 50}, {"Amount", Right, 12},
+    {"CGST", Right, 12},  {"SGST", Right, 12},    {"IGST", Right, 12},      {"Total", Right, 12},
 };
 constexpr size_t partyColumn = 2, sumCount = 4;
 using SacSums = std::array<double, sumCount>;

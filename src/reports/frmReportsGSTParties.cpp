@@ -21,7 +21,8 @@ namespace {
 
 const QString &tickText(bool ticked)
 {
-    static const QString yes = QStringLiteral("Y"), no = QStringLiteral("N");
+    static const QString yes = QStringLiteral("Y");
+    static const QString no = QStringLiteral("N");
     return ticked ? yes : no;
 }
 

@@ -175,6 +175,20 @@ NumericPrefix numericPrefix(QStringView text)
     return prefix;
 }
 
+/// Commas before the last three digits of the whole part, and before every further two.
+void groupIndian(QString &text)
+{
+    const auto point = text.indexOf(u'.');
+    int digits = 0;
+    for (auto at = (point < 0 ? text.size() : point) - 1; at >= 0; --at) {
+        if (!isDigit(text.at(at)))
+            continue;
+        ++digits;
+        if (digits >= 4 && digits % 2 == 0)
+            text.insert(at + 1, u',');
+    }
+}
+
 } // namespace
 
 QString formatNumber(double value, const QString &pattern)
@@ -256,15 +270,19 @@ QString FORMETGEN(const QString &value, const QString &format)
     QString ungrouped = format;
     ungrouped.remove(u',');
     QString text = formatNumber(number, ungrouped);
-    const auto point = text.indexOf(u'.');
-    int digits = 0;
-    for (auto at = (point < 0 ? text.size() : point) - 1; at >= 0; --at) {
-        if (!isDigit(text.at(at)))
-            continue;
-        ++digits;
-        if (digits >= 4 && digits % 2 == 0)
-            text.insert(at + 1, u',');
-    }
+    groupIndian(text);
+    return text;
+}
+
+QString groupedRupees(double amount)
+{
+    constexpr double exactWhole = 1e15;
+    const bool isWhole = std::abs(amount) < exactWhole && amount == std::trunc(amount);
+    const double rupees = isWhole ? amount : wholeRupees(amount);
+    if (std::abs(rupees) >= exactWhole)
+        return FORMETGEN(plainNumber(amount), QStringLiteral("#,##0"));
+    QString text = QString::number(qint64(rupees));
+    groupIndian(text);
     return text;
 }
 

@@ -31,4 +31,7 @@ bool isNumeric(const QString &text);
 /// by the Indian system (12,34,567.00), commas standing only between digits.
 QString FORMETGEN(const QString &value, const QString &format);
 
+/// What `FORMETGEN` gives with "#,##0", for lists of very many amounts: neither text nor pattern is read.
+QString groupedRupees(double amount);
+
 } // namespace ledgora

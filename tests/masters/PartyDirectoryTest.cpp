@@ -56,6 +56,16 @@ protected:
     Cells parties = emptyPartyDirectory();
 };
 
+TEST_F(PartyDirectory, TellsHowPartiesAreReachedWhereItIsAsked)
+{
+    database->run("Update Comp_Master Set Phone='0261-1',Mob='98',Email='z@x.in' Where CompSrNo=1");
+    database->run("Update GST_OthCl Set PhNo1='1',PhNo2='2',FaxNo='3' Where OthClSrNo=1");
+    parties = emptyContactDirectory();
+    const QStringList lines = load();
+    EXPECT_TRUE(lines.filter("Zeta").value(0).endsWith("-395001|0261-1||98|z@x.in")) << lines.join('\n').toStdString();
+    EXPECT_TRUE(lines.filter("Asha").value(0).endsWith("|1, 2|3||")) << lines.join('\n').toStdString();
+}
+
 TEST_F(PartyDirectory, HoldsHostClientsAndOtherClientsByName)
 {
     const QStringList expected{

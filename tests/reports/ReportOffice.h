@@ -19,8 +19,7 @@ inline QStringList linesOf(const ReportRows &report)
         if (report.kind(entry) == ReportRows::Kind::Table) {
             lines << QString("table %1").arg(report.tableCells(entry));
         } else if (report.kind(entry) == ReportRows::Kind::Text) {
-            const QString code = report.text(entry).toString();
-            lines << (code == "\x1b\x0f\x1bP;" ? "condensed" : code == "\x1b\x12\x1bP" ? "normal" : shown(code));
+            lines << shown(report.text(entry).toString()).replace("^\x0f^P;", "condensed").replace("^\x12^P", "normal");
         } else {
             QStringList cells;
             for (int cell = 0; cell < int(report.format(entry).widths.size()); ++cell)

@@ -28,13 +28,17 @@ struct Expected
 
 TEST_F(Reports, AreWrittenRowByRow)
 {
+    const QString billHeading =
+        "Date|Bill No.|Party Name|Place of Supply|Value of Service|Discount|Net Amount~(Tax Applicability "
+        "Wise)|||Tax "
+        "under Intra-State||Tax under Inter-State|Total Amount";
+    const QString twoBills =
+        "01/06/2024|2/R|Ashok Traders|1148.5|76|76|-|1300.5|1 dated 10/04/2024 - Rs. 1000.5~INV/9 dated 13/05/2024 - "
+        "Rs. 300";
     const Expected cases[] = {
         {"bills",
          Bills,
-         {"", "Bill Details for the Period From 01/04/2024 to 31/03/2025", "condensed", "table 10",
-          "Date|Bill No.|Party Name|Place of Supply|Value of Service|Discount|Net Amount~(Tax Applicability "
-          "Wise)|||Tax "
-          "under Intra-State||Tax under Inter-State|Total Amount",
+         {"", "Bill Details for the Period From 01/04/2024 to 31/03/2025", "condensed", "table 10", billHeading,
           "table 13", "||||||No Tax|Intra-State|Inter-State|CGST|SGST|IGST|",
           "10/04/2024|1|Ashok Traders|DELHI|1,000|-|-|1,000|-|90|90|-|1,180",
           "12/05/2024|INV/7|Bharat Mills|GOA|2,00,500|20,000|-|-|1,80,500|-|-|32,490|2,12,990",
@@ -53,9 +57,7 @@ TEST_F(Reports, AreWrittenRowByRow)
          Receipts,
          {"", "Receipt Details for the Period From 01/04/2024 to 31/03/2025", "condensed", "table 9",
           "Date|Receipt No.|Party Name|Amount|CGST|SGST|IGST|Total Amount|Bill Nos.",
-          "01/05/2024|1/R|Ashok Traders|500|45|45|-|590|3 dated 01/04/2023 - Rs. 590",
-          "01/06/2024|2/R|Ashok Traders|1148.5|76|76|-|1300.5|1 dated 10/04/2024 - Rs. 1000.5~INV/9 dated 13/05/2024 - "
-          "Rs. 300",
+          "01/05/2024|1/R|Ashok Traders|500|45|45|-|590|3 dated 01/04/2023 - Rs. 590", twoBills,
           "02/06/2024|3|Bharat Mills|5700|-|-|-|5700|", "^E||Total|7348.5|121|121||7590.5|^F"},
          {"12,20,28,10,10,10,10,10,20 CCCCCCCCC 111111111 000000001 111111111 111111111 table",
           "12,20,28,10,10,10,10,10,20 CLLRRRRRL 111111111 000000001 0 0 table",

@@ -184,7 +184,8 @@ TEST_F(SampleReports, ReceiptsAndOutstandingSplitAsEachReceiptForItself)
     std::array<double, 5> total{};
     for (const int row : request.rows) {
         const QString code = request.parties.text(row, ListedCode);
-        const auto before = settled(code, "2022-09-30"), after = settled(code, "2024-03-31");
+        const auto before = settled(code, "2022-09-30");
+        const auto after = settled(code, "2024-03-31");
         for (size_t i = 0; i < total.size(); ++i)
             total[i] += after[i] - before[i];
     }
@@ -250,7 +251,8 @@ TEST_F(SampleReports, KeepTwoUsersRunsApart)
         return told;
     };
     constexpr int rounds = 4;
-    const std::vector<int> odd = halfOf(true), even = halfOf(false);
+    const std::vector<int> odd = halfOf(true);
+    const std::vector<int> even = halfOf(false);
     request.rows = even;
     const QStringList ofEven = outstandingAndAccounts(db(), request);
     request.rows = odd;

@@ -202,7 +202,10 @@ TEST(Formetgen, GroupsByThreeThenTwosAtEveryLength)
         const QString text = QString::number(value);
         EXPECT_EQ(FORMETGEN(text, "#,##0").toStdString(), groupedByDivision(value));
         EXPECT_EQ(FORMETGEN('-' + text, "#,##0.00").toStdString(), '-' + groupedByDivision(value) + ".00");
+        EXPECT_EQ(groupedRupees(-double(value)).toStdString(), '-' + groupedByDivision(value));
     }
+    for (const auto &[amount, shown] : {std::pair{-0.4, "0"}, {1000.5, "1,001"}, {-99999.5, "-1,00,000"}, {0.0, "0"}})
+        EXPECT_EQ(groupedRupees(amount).toStdString(), shown);
 }
 
 } // namespace
