@@ -2,8 +2,8 @@
 
 #include "FindingsDialog.h"
 #include "Restore.h"
-#include "controls/WorkBar.h"
 #include "app/Office.h"
+#include "controls/WorkBar.h"
 #include "host/WorkingState.h"
 #include "store/Dates.h"
 #include "store/Settings.h"
