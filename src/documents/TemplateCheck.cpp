@@ -8,6 +8,7 @@
 #include <QRegularExpression>
 #include <QSet>
 #include <algorithm>
+#include <numeric>
 #include <span>
 
 namespace ledgora {
@@ -50,15 +51,14 @@ QString withoutRow(const QString &field)
 /// How many letters must change to make one text of the other.
 int distance(const QString &one, const QString &other)
 {
-    std::vector<int> row(size_t(other.size()) + 1);
-    for (size_t i = 0; i < row.size(); ++i)
-        row[i] = int(i);
+    QList<int> row(other.size() + 1);
+    std::iota(row.begin(), row.end(), 0);
     for (qsizetype i = 0; i < one.size(); ++i) {
         int diagonal = row[0];
         row[0] = int(i) + 1;
-        for (size_t j = 1; j < row.size(); ++j) {
+        for (qsizetype j = 1; j < row.size(); ++j) {
             const int above = row[j];
-            const int changed = diagonal + (one.at(i) == other.at(qsizetype(j) - 1) ? 0 : 1);
+            const int changed = diagonal + (one.at(i) == other.at(j - 1) ? 0 : 1);
             row[j] = std::min({above + 1, row[j - 1] + 1, changed});
             diagonal = above;
         }
