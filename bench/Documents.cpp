@@ -5,11 +5,13 @@
 #include "components/StockComponents.h"
 #include "platform/Registry.h"
 #include "platform/Reporter.h"
+#include <QApplication>
 #include <QDir>
 #include <QProcess>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QUrl>
+#include <QWidget>
 #include <algorithm>
 #include <functional>
 #include <memory>
@@ -188,6 +190,26 @@ void filledRtf(benchmark::State &state)
     }
 }
 
+/// From Preview to the first page on the screen: the template read again, filled, laid out, shown.
+void previewed(benchmark::State &state)
+{
+    int number = 0;
+    for ([[maybe_unused]] const auto round : state) {
+        reporter().newreportnew(billTemplate);
+        fill([](const QString &name, const PlaceholderValue &value) { reporter().SetText(name, value); }, ++number);
+        reporter().ShowReport(false);
+        QCoreApplication::processEvents();
+        state.PauseTiming();
+        bool shown = false;
+        for (QWidget *window : QApplication::topLevelWidgets())
+            shown = (window->objectName() == QLatin1String("ReportViewer") && window->close()) || shown;
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        state.ResumeTiming();
+        if (!shown)
+            return state.SkipWithError("no preview");
+    }
+}
+
 const int registered = [] {
     benchmark::RegisterBenchmark(filesName, toFiles)->Arg(bills)->Unit(benchmark::kMillisecond)->UseRealTime();
     benchmark::RegisterBenchmark(officeName, officeProgram)
@@ -206,6 +228,7 @@ const int registered = [] {
             ->Iterations(1);
     }
     benchmark::RegisterBenchmark("a filled RTF", filledRtf)->Unit(benchmark::kMillisecond);
+    benchmark::RegisterBenchmark("a bill's preview, first page", previewed)->Unit(benchmark::kMillisecond);
     compare("500 bills to 500 PDF files", filesName, officeName, 0.05);
     return 0;
 }();
