@@ -27,6 +27,7 @@ QString sacOf(int entry)
     return entry == blankEntry ? QString() : text.left(text.indexOf(QLatin1String(" - ")));
 }
 
+/// In a total row, where a zero is empty, the sum of all too.
 void addAmounts(ReportCells &cells, const SacSums &sums, const char *zero)
 {
     double total = 0;
@@ -34,7 +35,7 @@ void addAmounts(ReportCells &cells, const SacSums &sums, const char *zero)
         total += sum;
         cells.push_back(plainAmount(sum, zero));
     }
-    cells.emplace_back(total);
+    cells.push_back(*zero ? PlaceholderValue(total) : plainAmount(total, zero));
 }
 
 /// What the sections read alike.

@@ -278,6 +278,13 @@ TEST_F(Reports, CountTheTickedRowsOfTheGroup)
     EXPECT_TRUE(log.isEmpty());
 }
 
+TEST_F(Reports, EmptyTheTotalOfASectionWithoutAmounts)
+{
+    database->run("Update GST_BillD Set TaxServAmt=0,CGST=0,SGST=0,IGST=0 Where SAC='998221'");
+    request.sac = 2;
+    EXPECT_EQ(lines(Sac).last(), "^E||Total|||||^F");
+}
+
 TEST_F(Reports, ShowHeadingAndTotalWhenNothingCouldBeRead)
 {
     const std::pair<ReportKind, QStringList> cases[] = {
