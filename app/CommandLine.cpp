@@ -39,9 +39,9 @@ constexpr Words commands[] = {
     {"restore", CommandLine::Command::Restore,
      "ledgora restore --data DIR --from FILE: put the data of a backup in place of the office's"},
     {"bills", CommandLine::Command::Bills,
-     "ledgora bills --firm ID --out DIR: write bills as PDF files, one a bill, or all into one"},
+     "ledgora bills --firm ID --out DIR: write bills as PDF or RTF files, one a bill, or all into one"},
     {"receipts", CommandLine::Command::Receipts,
-     "ledgora receipts --firm ID --out DIR: write receipts as PDF files, one a receipt, or all into one"},
+     "ledgora receipts --firm ID --out DIR: write receipts as PDF or RTF files, one a receipt, or all into one"},
     {"template", CommandLine::Command::Template,
      "ledgora template check FILE: look for misspelt and missing fields in a template; one line a finding, exit status "
      "1 when there is any"},

@@ -156,8 +156,9 @@ int writeChosen(const PaperOptions &options, Connection &db)
     const InterruptGuard guard;
     const Progress progress = toldOnTerminal(options.quiet);
     const DocumentFiles files{.folder = options.out, .format = options.format, .partyInName = true};
-    const RunResult result = options.one ? writeOneDocument(db, *gReporter, options.kind, ids, options.out, progress)
-                                         : writeEachDocument(db, *gReporter, options.kind, ids, files, progress);
+    const RunResult result =
+        options.one ? writeOneDocument(db, *gReporter, options.kind, ids, options.out, options.format, progress)
+                    : writeEachDocument(db, *gReporter, options.kind, ids, files, progress);
     endProgress(options.quiet);
     return report(options, result);
 }
@@ -179,7 +180,7 @@ void addPaperOptions(QCommandLineParser &parser)
          {QStringLiteral("out"), QStringLiteral("Folder for a file of each document; with --one the file of all."),
           QStringLiteral("DIR|FILE")},
          {QStringLiteral("format"), QStringLiteral("pdf (default) or rtf."), QStringLiteral("FORMAT")},
-         {QStringLiteral("one"), QStringLiteral("All documents in one PDF file, each on a page of its own.")},
+         {QStringLiteral("one"), QStringLiteral("All documents in one file, each on a page of its own.")},
          {QStringLiteral("quiet"), QStringLiteral("Tell nothing but failures.")}});
 }
 
@@ -202,8 +203,6 @@ QString readPaperOptions(const QCommandLineParser &parser, DocumentKind kind, Pa
     options.format = format == QLatin1String("rtf") ? DocumentFormat::Rtf : DocumentFormat::Pdf;
     if (!format.isEmpty() && format != QLatin1String("rtf") && format != QLatin1String("pdf"))
         return QStringLiteral("--format takes pdf or rtf");
-    if (options.one && options.format == DocumentFormat::Rtf)
-        return QStringLiteral("--one writes a PDF file");
     if (options.out.isEmpty())
         return documentNoun(kind).toLower()
                + QStringLiteral("s needs --out: a folder, or with --one the file of all documents");

@@ -187,13 +187,16 @@ RunResult combineDocuments(Connection &db, Reporter &reporter, DocumentKind kind
 }
 
 RunResult writeOneDocument(Connection &db, Reporter &reporter, DocumentKind kind, const QList<int> &ids,
-                           const QString &file, const Progress &progress)
+                           const QString &file, DocumentFormat format, const Progress &progress)
 {
     RunResult result = combineDocuments(db, reporter, kind, ids, progress);
     if (!result.whole() || result.documents == 0)
         return result;
     reporter.SetProgress(progress);
-    reporter.SaveToPDF(file, pdfOption);
+    if (format == DocumentFormat::Pdf)
+        reporter.SaveToPDF(file, pdfOption);
+    else
+        reporter.SaveToRTF(file);
     result.fault = reporter.LastError();
     reporter.SetProgress(unwatched());
     if (result.fault.isEmpty())

@@ -45,8 +45,8 @@ RunResult writeEachDocument(Connection &db, Reporter &reporter, DocumentKind kin
 RunResult combineDocuments(Connection &db, Reporter &reporter, DocumentKind kind, const QList<int> &ids,
                            const Progress &progress);
 
-/// The same, saved as one PDF file; a file of that name is replaced when the new one is whole.
+/// The same, saved as one file; a file of that name is replaced when the new one is whole.
 RunResult writeOneDocument(Connection &db, Reporter &reporter, DocumentKind kind, const QList<int> &ids,
-                           const QString &file, const Progress &progress);
+                           const QString &file, DocumentFormat format, const Progress &progress);
 
 } // namespace ledgora

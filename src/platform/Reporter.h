@@ -36,6 +36,8 @@ public:
     virtual void ShowReport(bool flag) = 0;
     /// Writes the current report as PDF. The integer is kept for callers that pass it and changes nothing.
     virtual void SaveToPDF(const QString &path, int option) = 0;
+    /// Writes the current report, a filled template or many documents, as an RTF file; a text report has none.
+    virtual void SaveToRTF(const QString &path) = 0;
 
     /// Begins a report of many documents when `fresh`, an empty one; otherwise prepares for a further document of the
     /// one there is. The second flag is kept for callers that pass it and changes nothing.

@@ -121,6 +121,14 @@ TEST_F(Journey, CommandsWriteWhatThePreviewsShowed)
         EXPECT_EQ(textOf(out(written)).toStdString(), textOf(out(previewed)).toStdString());
     EXPECT_EQ(QDir(out("papers")).entryList(QDir::Files).size(), 2);
     EXPECT_TRUE(textOf(out("all.pdf")).contains("Bill No. 3 Dated 15/06/2024 Amounting Rs. 1800 : Rs. 1000"));
+    const QStringList asRtf{"1-2", "--one", "--format", "rtf", "--out", out("all.rtf")};
+    EXPECT_EQ(ledgora(QStringList{"bills"} + office + asRtf).status, 0);
+    QFile rtf(out("all.rtf"));
+    ASSERT_TRUE(rtf.open(QIODevice::ReadOnly));
+    const QByteArray both = rtf.readAll();
+    EXPECT_TRUE(both.startsWith("{\\rtf1"));
+    EXPECT_LT(both.indexOf("Gupta Trading Company"), both.indexOf("Kulkarni Foods Pvt. Ltd."));
+    EXPECT_GT(both.indexOf("Gupta Trading Company"), 0);
     EXPECT_EQ(ledgora(QStringList{"bills"} + office + QStringList{"77", "--out", out("none")}).status, 1);
     EXPECT_EQ(ledgora({"template", "check", out("office/GST_Templates/GST_Inter_Bill_2Copy.doc")}).status, 0);
     const Finished wrongKind =

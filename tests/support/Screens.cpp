@@ -179,6 +179,11 @@ void NotingReporter::SaveToPDF(const QString &path, int)
     asked() << "SaveToPDF " + path;
 }
 
+void NotingReporter::SaveToRTF(const QString &path)
+{
+    asked() << "SaveToRTF " + path;
+}
+
 void ScreenTest::SetUp()
 {
     data().empty();

@@ -25,6 +25,7 @@ public:
     void SetText(const QString &placeholder, const PlaceholderValue &value) override; ///< "#BILL_NO#=7"
     void ShowReport(bool flag) override;
     void SaveToPDF(const QString &path, int option) override;
+    void SaveToRTF(const QString &path) override;
     void SetCol130(bool wide) override;
     void WinModeReport(bool on) override;
     void NewReport() override;

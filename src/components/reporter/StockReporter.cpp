@@ -169,6 +169,16 @@ void StockReporter::SaveToPDF(const QString &path, int)
         fail(unwritableFile, path + QStringLiteral(": ") + fault);
 }
 
+void StockReporter::SaveToRTF(const QString &path)
+{
+    const ErrorSite site("REPORTER", "SAVETORTF");
+    m_error.clear();
+    if (const Document *document = report())
+        saveRtf(*document, path);
+    else
+        failWithoutPages();
+}
+
 void StockReporter::NewReport()
 {
     m_error.clear();
@@ -243,7 +253,12 @@ void StockReporter::SaveMasterFile(const QString &path)
         fail(noReport, QStringLiteral("there is no master document to save"));
         return;
     }
-    const QString fault = writeWhole(writeRtf(m_master->document()), path);
+    saveRtf(m_master->document(), path);
+}
+
+void StockReporter::saveRtf(const Document &document, const QString &path)
+{
+    const QString fault = writeWhole(writeRtf(document), path);
     if (!fault.isEmpty())
         fail(unwritableFile, path + QStringLiteral(": ") + fault);
 }

@@ -22,6 +22,7 @@ public:
     void SetText(const QString &placeholder, const PlaceholderValue &value) override;
     void ShowReport(bool flag) override;
     void SaveToPDF(const QString &path, int option) override;
+    void SaveToRTF(const QString &path) override;
     void SetCol130(bool wide) override { m_nextWide = wide; }
     void WinModeReport(bool) override {}
     void NewReport() override;
@@ -48,6 +49,7 @@ private:
     void fail(qint64 number, const QString &description);
     void failWithoutPages();
     void tellPdfFaults();
+    void saveRtf(const Document &document, const QString &path);
     const Document *report() const;
     QString reportName() const;
     ReportRows &rows();
