@@ -278,7 +278,7 @@ bool frmRecpGST::TXTTDS_VALIDATE(int row)
     const auto settled = normalisedAmount(typed);
     const QString fault =
         settled ? tdsFault(Val(boxes.amount->text()), Val(typed)) : QLatin1String(invalidAmountMessage);
-    if (!fault.isEmpty()) { // what was typed stays in the box, not yet rounded
+    if (!settled || !fault.isEmpty()) { // what was typed stays in the box, not yet rounded
         refuse(boxes.tds, fault);
         return false;
     }
