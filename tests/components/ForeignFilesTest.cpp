@@ -98,7 +98,7 @@ TEST(ForeignFiles, AndFilledTemplatesHaveTheWordsAndPagesThatAnotherProgramGives
     const QDir foreign(QStringLiteral(LEDGORA_FOREIGN));
     for (const QString &name : foreign.entryList({QStringLiteral("*.rtf")}))
         files << foreign.filePath(name);
-    ASSERT_EQ(files.size(), 10);
+    ASSERT_GE(files.size(), 10);
     const QDir templates(QStringLiteral(LEDGORA_TEMPLATES));
     for (const QString &name : templates.entryList({QStringLiteral("*.doc")})) {
         files << folder.filePath(QFileInfo(name).completeBaseName() + QStringLiteral(".rtf"));
