@@ -1,7 +1,7 @@
 #include "PaperCommands.h"
 
-#include "Billing.h"
 #include "CommandLine.h"
+#include "Commands.h"
 #include "Office.h"
 #include "components/TemplateText.h"
 #include "documents/ReadyDocuments.h"
@@ -41,12 +41,6 @@ private:
     void (*m_formerInt)(int);
     void (*m_formerTerm)(int);
 };
-
-int failed(QString why)
-{
-    std::fprintf(stderr, "ledgora: %s\n", qPrintable(why.replace(u'\n', u' ')));
-    return 1;
-}
 
 /// A positive number; 0 for anything else.
 int positive(const QString &text)
@@ -226,15 +220,10 @@ QString readTemplateOptions(const QCommandLineParser &parser, TemplateOptions &o
 
 int runPaperCommand(const CommandLine &line)
 {
-    QString fault;
-    const auto office = openOffice(line.dataFolder, line.host, line.server, Folder::MustBeThere, askOnTerminal, fault);
-    if (!office)
-        return failed(fault);
-    const Billing billing(*office, nullptr);
-    if (!billing.isOpen())
-        return failed(QStringLiteral("the billing library could not be opened"));
-    const ErrorSite site("LEDGORA", line.paper.kind == DocumentKind::Bill ? "BILLS" : "RECEIPTS");
-    return writeChosen(line.paper, office->connection());
+    return inBilling(line, Folder::MustBeThere, [&line](Office &office, ClsGST &) {
+        const ErrorSite site("LEDGORA", line.paper.kind == DocumentKind::Bill ? "BILLS" : "RECEIPTS");
+        return writeChosen(line.paper, office.connection());
+    });
 }
 
 int runTemplateCheck(const TemplateOptions &options)

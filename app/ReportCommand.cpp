@@ -1,7 +1,7 @@
 #include "ReportCommand.h"
 
-#include "Billing.h"
 #include "CommandLine.h"
+#include "Commands.h"
 #include "Office.h"
 #include "host/WorkingState.h"
 #include "masters/ClientGroups.h"
@@ -16,7 +16,6 @@
 #include "store/Dates.h"
 #include "store/NumberFormat.h"
 #include "store/Settings.h"
-#include "store/SqlText.h"
 #include <QCommandLineParser>
 #include <QFileInfo>
 #include <algorithm>
@@ -39,12 +38,6 @@ constexpr DetailWord detailWords[] = {
     {"mobile", &PartyDetails::mobile},   {"fax", &PartyDetails::fax},     {"gstin", &PartyDetails::gstin},
     {"pan", &PartyDetails::pan},
 };
-
-int failed(QString why)
-{
-    std::fprintf(stderr, "ledgora: %s\n", qPrintable(why.replace(u'\n', u' ')));
-    return 1;
-}
 
 QString shownDate(QDate day)
 {
@@ -126,12 +119,15 @@ QString tickParties(Connection &db, const ReportOptions &options, ReportRequest 
 {
     Cells &parties = asked.parties;
     if (!options.group.isEmpty()) {
-        Recordset group = db.Open("Select * from grp_m Where Code_No=" + quoted(options.group)
-                                  + " or Nm=" + quoted(options.group) + " order by nm");
-        const QString codes = group.next() ? GETGROUPCLS(db, group.text(QStringLiteral("Code_No"))) : QString();
+        const std::vector<ClientGroup> groups = clientGroups(db, gHostCode);
+        const auto group = std::ranges::find_if(groups, [&options](const ClientGroup &offered) {
+            return options.group.compare(offered.code, Qt::CaseInsensitive) == 0
+                   || options.group.compare(offered.name, Qt::CaseInsensitive) == 0;
+        });
+        const QString codes = group == groups.end() ? QString() : GETGROUPCLS(db, group->code);
         if (codes.isEmpty())
             return "No Client in Group '" + options.group + "' !";
-        asked.groupName = group.text(QStringLiteral("Nm"));
+        asked.groupName = group->name;
         showGroup(parties, codes);
     }
     for (int row = parties.fixedRows(); row < parties.rows() && options.parties.isEmpty(); ++row)
@@ -161,6 +157,27 @@ QString writeReport(Connection &db, const ReportRequest &asked, const QString &o
     if (!fault.isEmpty())
         return fault;
     return ending == QLatin1String("csv") ? saveReportCsv(rows, out) : saveReportText(rows, out);
+}
+
+int makeAsked(const ReportOptions &report, Connection &db)
+{
+    ReportRequest asked = report.asked;
+    if (asked.asOn.isEmpty())
+        asked.asOn = shownDate(today());
+    if (!asked.billsUpTo.isEmpty() && DateFromText(asked.billsUpTo) > DateFromText(asked.asOn))
+        return failed(QStringLiteral("--upto must not be later than --as-on"));
+    Recordset company = companyRow(db, asked.firmId);
+    if (!company.next())
+        return failed(QStringLiteral("there is no company with the number %1").arg(asked.firmId));
+    asked.firmName = company.text(QStringLiteral("Nm"));
+    asked.properCase =
+        Val(GETSETTININI(QStringLiteral("Settings"), QStringLiteral("NameAdd_BR"), QStringLiteral("0"))) == 0;
+    asked.parties = emptyReportParties();
+    loadReportParties(db, gHostCode, asked.parties);
+    QString fault = tickParties(db, report, asked);
+    if (fault.isEmpty())
+        fault = writeReport(db, asked, report.out);
+    return fault.isEmpty() ? 0 : failed(fault);
 }
 
 } // namespace
@@ -239,31 +256,8 @@ bool readAmountTest(const QString &text, AmountTest &test)
 
 int runReportCommand(const CommandLine &line)
 {
-    QString fault;
-    const auto office = openOffice(line.dataFolder, line.host, line.server, Folder::MustBeThere, askOnTerminal, fault);
-    if (!office)
-        return failed(fault);
-    const Billing billing(*office, nullptr);
-    if (!billing.isOpen())
-        return failed(QStringLiteral("the billing library could not be opened"));
-    Connection &db = office->connection();
-    ReportRequest asked = line.report.asked;
-    if (asked.asOn.isEmpty())
-        asked.asOn = shownDate(today());
-    if (!asked.billsUpTo.isEmpty() && DateFromText(asked.billsUpTo) > DateFromText(asked.asOn))
-        return failed(QStringLiteral("--upto must not be later than --as-on"));
-    Recordset company = companyRow(db, asked.firmId);
-    if (!company.next())
-        return failed(QStringLiteral("there is no company with the number %1").arg(asked.firmId));
-    asked.firmName = company.text(QStringLiteral("Nm"));
-    asked.properCase =
-        Val(GETSETTININI(QStringLiteral("Settings"), QStringLiteral("NameAdd_BR"), QStringLiteral("0"))) == 0;
-    asked.parties = emptyReportParties();
-    loadReportParties(db, gHostCode, asked.parties);
-    fault = tickParties(db, line.report, asked);
-    if (fault.isEmpty())
-        fault = writeReport(db, asked, line.report.out);
-    return fault.isEmpty() ? 0 : failed(fault);
+    return inBilling(line, Folder::MustBeThere,
+                     [&line](Office &office, ClsGST &) { return makeAsked(line.report, office.connection()); });
 }
 
 } // namespace ledgora::app

@@ -1,6 +1,6 @@
 #include "Balances.h"
-#include "Billing.h"
 #include "CommandLine.h"
+#include "Commands.h"
 #include "Demo.h"
 #include "MainWindow.h"
 #include "ServerDialog.h"
@@ -22,14 +22,6 @@ namespace {
 
 enum ExitStatus { Done = 0, Failed = 1, WrongUsage = 2 };
 
-int failed(const QString &why)
-{
-    QString line = why;
-    line.replace(u'\n', u' ');
-    std::fprintf(stderr, "ledgora: %s\n", qPrintable(line));
-    return Failed;
-}
-
 int printAllBalances(Office &office, int firm)
 {
     const BalanceList list = balanceList(office.connection(), gHostCode, firm);
@@ -40,17 +32,12 @@ int printAllBalances(Office &office, int firm)
 
 int printBalance(const CommandLine &line)
 {
-    QString fault;
-    const auto office = openOffice(line.dataFolder, line.host, line.server, Folder::MustBeThere, askOnTerminal, fault);
-    if (!office)
-        return failed(fault);
-    Billing billing(*office, nullptr);
-    if (!billing.isOpen())
-        return failed(QStringLiteral("the billing library could not be opened"));
-    if (line.all)
-        return printAllBalances(*office, line.firm);
-    std::printf("%s\n", qPrintable(plainNumber(billing.gst().GetAmt(line.firm, line.party))));
-    return Done;
+    return inBilling(line, Folder::MustBeThere, [&line](Office &office, ClsGST &gst) {
+        if (line.all)
+            return printAllBalances(office, line.firm);
+        std::printf("%s\n", qPrintable(plainNumber(gst.GetAmt(line.firm, line.party))));
+        return int(Done);
+    });
 }
 
 int runWindow(const CommandLine &line)

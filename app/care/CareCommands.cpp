@@ -1,8 +1,8 @@
 #include "CareCommands.h"
 
-#include "Billing.h"
 #include "Check.h"
 #include "CommandLine.h"
+#include "Commands.h"
 #include "DailyBackup.h"
 #include "Office.h"
 #include "Restore.h"
@@ -18,12 +18,6 @@ namespace ledgora::app {
 namespace {
 
 constexpr double millisecondsASecond = 1000;
-
-int failed(QString why)
-{
-    std::fprintf(stderr, "ledgora: %s\n", qPrintable(why.replace(u'\n', u' ')));
-    return 1;
-}
 
 int runSample(const CommandLine &line, Connection &db)
 {
@@ -86,24 +80,20 @@ int runCareCommand(const CommandLine &line)
         return failed(fault);
     const Folder folder =
         restores || line.command == CommandLine::Command::Sample ? Folder::MayBeMade : Folder::MustBeThere;
-    const auto office = openOffice(line.dataFolder, line.host, line.server, folder, askOnTerminal, fault);
-    if (!office)
-        return failed(fault);
-    const Billing billing(*office, nullptr); // host code and error log
-    if (!billing.isOpen())
-        return failed(QStringLiteral("the billing library could not be opened"));
-    switch (line.command) {
-    case CommandLine::Command::Sample:
-        return runSample(line, office->connection());
-    case CommandLine::Command::Check:
-        return runCheck(line, office->connection());
-    case CommandLine::Command::Backup:
-        return runBackup(line, {office->connection(), gHostCode, office->dataFolder()});
-    case CommandLine::Command::Restore:
-        return runRestore(line, {office->connection(), gHostCode, office->dataFolder()});
-    default:
-        return failed(QStringLiteral("not a command for the data"));
-    }
+    return inBilling(line, folder, [&line](Office &office, ClsGST &) {
+        switch (line.command) {
+        case CommandLine::Command::Sample:
+            return runSample(line, office.connection());
+        case CommandLine::Command::Check:
+            return runCheck(line, office.connection());
+        case CommandLine::Command::Backup:
+            return runBackup(line, {office.connection(), gHostCode, office.dataFolder()});
+        case CommandLine::Command::Restore:
+            return runRestore(line, {office.connection(), gHostCode, office.dataFolder()});
+        default:
+            return failed(QStringLiteral("not a command for the data"));
+        }
+    });
 }
 
 } // namespace ledgora::app

@@ -6,13 +6,13 @@
 #include "controls/Grid.h"
 #include "controls/LineField.h"
 #include "documents/BillDocument.h"
+#include "documents/Preview.h"
 #include "masters/CompanyStore.h"
 #include "platform/Reporter.h"
 #include "store/Connection.h"
 #include "store/DocumentNumber.h"
 #include "store/ErrorLog.h"
 #include "ui_frmBillGST.h"
-#include <QFileInfo>
 
 namespace ledgora {
 
@@ -88,16 +88,13 @@ void frmBillGST::CMDPREVIEW_CLICK()
     if (!taxType())
         return inform(QStringLiteral("'Tax Applicability' Not Available !"));
     const QString path = billTemplatePath(gTmplPath, gFirmId, gTmplCustom == 1, bill.taxType, gBillCopy == 1);
-    if (!QFileInfo::exists(path))
-        return inform(QStringLiteral("Missing Template File [") + path + u']');
+    if (const QString fault = missingTemplateFault(path); !fault.isEmpty())
+        return inform(fault);
     const auto placeholders = billPlaceholders(bill);
     if (!placeholders)
         return WriteErrLog(6, QStringLiteral("A bill document has ten lines at the most"),
                            QStringLiteral("frmBillGST"));
-    gReporter->newreportnew(path);
-    for (const Placeholder &placeholder : *placeholders)
-        gReporter->SetText(placeholder.name, placeholder.value);
-    gReporter->ShowReport(false);
+    showFilled(*gReporter, path, *placeholders);
 }
 
 } // namespace ledgora

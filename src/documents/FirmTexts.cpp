@@ -113,7 +113,7 @@ QString firmWebText(const FirmTexts &firm)
 
 QString DocumentHead::inNameCase(const QString &name) const
 {
-    return properCase ? ledgora::properCase(name) : name.toUpper();
+    return ledgora::inNameCase(properCase, name);
 }
 
 void addHead(Placeholders &list, const DocumentHead &document)

@@ -1,12 +1,12 @@
 #include "documents/ReadyDocuments.h"
 
+#include "documents/Preview.h"
 #include "documents/StoredBill.h"
 #include "documents/StoredReceipt.h"
 #include "host/WorkingState.h"
 #include "masters/CompanyStore.h"
 #include "store/Connection.h"
 #include "store/Dates.h"
-#include <QFileInfo>
 
 namespace ledgora {
 
@@ -29,12 +29,6 @@ ReadyDocument named(DocumentKind kind, const QString &number, QDate date, const 
             .fault = {}};
 }
 
-void refuseWithoutTemplate(ReadyDocument &document)
-{
-    if (!QFileInfo::exists(document.templatePath))
-        document.fault = "Missing Template File [" + document.templatePath + ']';
-}
-
 void fillBill(ReadyDocument &ready, const StoredBill &bill)
 {
     if (!bill.taxType) {
@@ -42,7 +36,7 @@ void fillBill(ReadyDocument &ready, const StoredBill &bill)
         return;
     }
     ready.templatePath = billTemplatePath(gTmplPath, gFirmId, gTmplCustom == 1, *bill.taxType, gBillCopy == 1);
-    refuseWithoutTemplate(ready);
+    ready.fault = missingTemplateFault(ready.templatePath);
     if (auto placeholders = billPlaceholders(bill.document))
         ready.placeholders = std::move(*placeholders);
     else if (ready.fault.isEmpty())
@@ -86,7 +80,7 @@ std::vector<ReadyDocument> ReadyDocuments::receipts(const QList<int> &ids)
         receipt.document.properCase = gNameCase == 0;
         ReadyDocument ready = named(m_kind, receipt.document.receiptNumber, receipt.date, receipt.document);
         ready.templatePath = path;
-        refuseWithoutTemplate(ready);
+        ready.fault = missingTemplateFault(ready.templatePath);
         ready.placeholders = receiptPlaceholders(receipt.document);
         all.push_back(std::move(ready));
     }

@@ -7,6 +7,17 @@
 
 namespace ledgora {
 
+std::vector<ClientGroup> clientGroups(Connection &db, const QString &hostCode)
+{
+    std::vector<ClientGroup> groups{{QLatin1String(otherClientsGroup), QStringLiteral("(Other Clients)")}};
+    if (hostCode != QLatin1String("G"))
+        return groups;
+    Recordset stored = db.Open(QStringLiteral("Select * from grp_m order by nm,Code_No"));
+    while (stored.next())
+        groups.push_back({stored.text(QStringLiteral("Code_No")), stored.text(QStringLiteral("Nm"))});
+    return groups;
+}
+
 QString GETGROUPCLS(Connection &db, const QString &groupCode)
 {
     const ErrorSite site("MODGST", "GETGROUPCLS");

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <vector>
 
 namespace ledgora {
 
@@ -8,6 +9,13 @@ class Connection;
 
 /// Stands for all other clients wherever a group of clients is asked for.
 inline constexpr auto otherClientsGroup = "$#$OTH$#$";
+
+struct ClientGroup
+{
+    QString code, name;
+};
+/// The groups on offer: all other clients, then those of host "G" by name; other hosts know no more.
+std::vector<ClientGroup> clientGroups(Connection &db, const QString &hostCode);
 
 /// The codes of a group's clients, quoted and joined by commas, ready for an SQL list; "" for an empty group.
 QString GETGROUPCLS(Connection &db, const QString &groupCode);

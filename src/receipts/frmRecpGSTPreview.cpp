@@ -3,6 +3,7 @@
 #include "controls/ChoiceBox.h"
 #include "controls/CommandButton.h"
 #include "controls/Grid.h"
+#include "documents/Preview.h"
 #include "documents/ReceiptDocument.h"
 #include "masters/CompanyStore.h"
 #include "platform/Reporter.h"
@@ -13,7 +14,6 @@
 #include "store/ErrorLog.h"
 #include "store/NumberFormat.h"
 #include "ui_frmRecpGST.h"
-#include <QFileInfo>
 
 namespace ledgora {
 
@@ -80,12 +80,9 @@ void frmRecpGST::CMDPREVIEW_CLICK()
     const ErrorSite site("frmRecpGST", "CMDPREVIEW_CLICK");
     const ReceiptDocument receipt = documentFromScreen();
     const QString path = receiptTemplatePath(gTmplPath, gFirmId, gTmplCustom == 1, gRecpCopy == 1);
-    if (!QFileInfo::exists(path))
-        return inform(QStringLiteral("Missing Template File [") + path + u']');
-    gReporter->newreportnew(path);
-    for (const Placeholder &placeholder : receiptPlaceholders(receipt))
-        gReporter->SetText(placeholder.name, placeholder.value);
-    gReporter->ShowReport(false);
+    if (const QString fault = missingTemplateFault(path); !fault.isEmpty())
+        return inform(fault);
+    showFilled(*gReporter, path, receiptPlaceholders(receipt));
 }
 
 } // namespace ledgora

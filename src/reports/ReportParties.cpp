@@ -17,11 +17,6 @@ constexpr std::pair<int, int> listed[] = {
     {ListedGstin, PartyGstin},     {ListedPan, PartyPan},
 };
 
-QString inNameCase(const ReportRequest &request, const QString &text)
-{
-    return request.properCase ? properCase(text) : text.toUpper();
-}
-
 QString detailsOf(const ReportRequest &request, int row)
 {
     const PartyDetails &asked = request.details;
@@ -33,7 +28,7 @@ QString detailsOf(const ReportRequest &request, int row)
     const auto text = [&](int column) { return request.parties.text(row, column); };
     add(asked.gstin, "GSTIN: ", text(ListedGstin));
     add(asked.pan, "PAN: ", text(ListedPan));
-    add(asked.address, "", inNameCase(request, text(ListedAddress)));
+    add(asked.address, "", inNameCase(request.properCase, text(ListedAddress)));
     add(asked.phone, "Ph.No.: ", text(ListedPhone));
     add(asked.fax, "Fax: ", text(ListedFax));
     add(asked.mobile, "Mobile: ", text(ListedMobile));
@@ -59,6 +54,16 @@ QStringList codesOf(const QString &codes)
         ++at;
     }
     return list;
+}
+
+/// Row of each code; of equal codes the first.
+QHash<QString, int> rowsByCode(const Cells &parties)
+{
+    QHash<QString, int> rows;
+    rows.reserve(parties.rows());
+    for (int row = parties.rows() - 1; row >= parties.fixedRows(); --row)
+        rows.insert(parties.text(row, ListedCode), row);
+    return rows;
 }
 
 } // namespace
@@ -110,9 +115,7 @@ int showGroup(Cells &parties, const QString &codes)
         parties.setHidden(row, !codes.isEmpty());
     if (codes.isEmpty())
         return parties.hasData() ? parties.fixedRows() : -1;
-    QHash<QString, int> rows;
-    for (int row = parties.rows() - 1; row >= parties.fixedRows(); --row) // of equal codes the first stays
-        rows.insert(parties.text(row, ListedCode), row);
+    const QHash<QString, int> rows = rowsByCode(parties);
     int first = -1;
     for (const QString &code : codesOf(codes)) {
         const int row = rows.value(code, -1);
@@ -127,20 +130,14 @@ int showGroup(Cells &parties, const QString &codes)
 
 PartyCell partyCell(const ReportRequest &request, int row, bool boldAlone)
 {
-    const QString name = inNameCase(request, request.parties.text(row, ListedName));
+    const QString name = inNameCase(request.properCase, request.parties.text(row, ListedName));
     const QString details = detailsOf(request, row);
     if (details.isEmpty() && !boldAlone)
         return {name, false};
     return {bold(name) + details, !details.isEmpty()};
 }
 
-PartyCells::PartyCells(const ReportRequest &request) : m_request(request)
-{
-    const Cells &parties = request.parties;
-    m_rows.reserve(parties.rows());
-    for (int row = parties.rows() - 1; row >= parties.fixedRows(); --row) // of equal codes the first stays
-        m_rows.insert(parties.text(row, ListedCode), row);
-}
+PartyCells::PartyCells(const ReportRequest &request) : m_request(request), m_rows(rowsByCode(request.parties)) {}
 
 const PartyCell &PartyCells::of(const QString &code)
 {

@@ -62,22 +62,19 @@ void frmReportsGST::fillLists()
 /// Only the clients of host "G" are in groups.
 void frmReportsGST::fillGroups()
 {
-    const bool hasGroups = gHostCode == QLatin1String("G");
-    const auto pick = [](const QString &key, const QString &shown) { return Pick{key, shown, shown}; };
-    std::vector<Pick> groups{pick(QLatin1String(selectEntry), QLatin1String(selectEntry)),
-                             pick(QLatin1String(otherClientsGroup), QStringLiteral("(Other Clients)"))};
-    Recordset rows = hasGroups ? gCnn->Open(QStringLiteral("Select * from grp_m order by nm")) : Recordset();
-    while (rows.next())
-        groups.push_back(pick(rows.text(QStringLiteral("Code_No")), rows.text(QStringLiteral("Nm"))));
+    const QString none = QLatin1String(selectEntry);
+    std::vector<Pick> groups{{none, none, none}};
+    for (const ClientGroup &group : clientGroups(*gCnn, gHostCode))
+        groups.push_back({group.code, group.name, group.name});
     Cells group(1, groupRow);
     group.setText(0, 0, QStringLiteral("Group"));
-    group.addRow({QLatin1String(selectEntry)});
+    group.addRow({none});
     ui->vsfg->setCells(std::move(group));
     ui->vsfg->column(0).picks = std::move(groups);
     ui->vsfg->setEditRules([](int, int) { return true; }, {});
     ui->vsfg->setWidths({1}, 0);
     ui->vsfg->setFixedHeight(2 * ui->vsfg->verticalHeader()->defaultSectionSize() + 2 * ui->vsfg->frameWidth());
-    ui->vsfg->setEnabled(hasGroups);
+    ui->vsfg->setEnabled(gHostCode == QLatin1String("G"));
     ui->vsfg->setCursor(groupRow, 0);
 }
 

@@ -110,4 +110,9 @@ QString properCase(const QString &text)
     return cased;
 }
 
+QString inNameCase(bool proper, const QString &text)
+{
+    return proper ? properCase(text) : text.toUpper();
+}
+
 } // namespace ledgora

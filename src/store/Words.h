@@ -15,5 +15,7 @@ QString CONVERTDIGIT(const QString &digit);     ///< one digit, "" for 0 and any
 
 /// Each word capitalised, the rest lower case; a word begins after white space only.
 QString properCase(const QString &text);
+/// A name as the office wants names on paper: in proper case, else in upper case.
+QString inNameCase(bool proper, const QString &text);
 
 } // namespace ledgora

@@ -1,0 +1,27 @@
+#include "Commands.h"
+
+#include "Billing.h"
+#include "CommandLine.h"
+#include "Office.h"
+#include <cstdio>
+
+namespace ledgora::app {
+
+int failed(QString why)
+{
+    std::fprintf(stderr, "ledgora: %s\n", qPrintable(why.replace(u'\n', u' ')));
+    return 1;
+}
+
+int inBilling(const CommandLine &line, Folder folder, const std::function<int(Office &, ClsGST &)> &work)
+{
+    QString fault;
+    const auto office = openOffice(line.dataFolder, line.host, line.server, folder, askOnTerminal, fault);
+    if (!office)
+        return failed(fault);
+    Billing billing(*office, nullptr);
+    return billing.isOpen() ? work(*office, billing.gst())
+                            : failed(QStringLiteral("the billing library could not be opened"));
+}
+
+} // namespace ledgora::app
