@@ -3,6 +3,7 @@
 #include "app/MainWindow.h"
 #include "app/Office.h"
 #include "app/PrivateServer.h"
+#include "app/Waiting.h"
 #include "bills/BillLines.h"
 #include "bills/frmBillGST.h"
 #include "support/Screens.h"
@@ -16,6 +17,7 @@
 #include <QStatusBar>
 #include <QTest>
 #include <QTimer>
+#include <algorithm>
 #include <csignal>
 #include <mysql.h>
 #include <sys/socket.h>
@@ -258,11 +260,28 @@ protected:
         keyBill("100");
     }
     StatementProxy &proxy() { return *m_proxy; }
-    void signalServer(int number) const { ASSERT_EQ(::kill(pid_t(m_server.processId()), number), 0); }
+    /// A stop counts once all threads of the server stand still: until then one of them may still answer.
+    void signalServer(int number) const
+    {
+        ASSERT_EQ(::kill(pid_t(m_server.processId()), number), 0);
+        if (number == SIGSTOP)
+            ASSERT_TRUE(app::waitUntil([this] { return serverStands(); }, std::chrono::seconds(10)));
+    }
 
     Onlooker onlooker;
 
 private:
+    bool serverStands() const
+    {
+        const QDir threads(QStringLiteral("/proc/%1/task").arg(m_server.processId()));
+        const QStringList ids = threads.entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+        return std::ranges::all_of(ids, [&threads](const QString &id) {
+            QFile stat(threads.filePath(id + QStringLiteral("/stat")));
+            // The state is the word behind the name, which stands in brackets.
+            return !stat.open(QIODevice::ReadOnly) || stat.readAll().contains(") T ");
+        });
+    }
+
     std::unique_ptr<StatementProxy> m_proxy;
 };
 
