@@ -78,6 +78,7 @@ protected:
     static Database &data() { return *s_data; }
     QString folder() const { return m_folder.path(); }
     ClsGST &gst() { return *m_gst; }
+    void release() { m_gst.reset(); } ///< as a host does at the end of the working period
     void failuresAreExpected() { m_mayLog = true; }
     static QString errorLog();
 
