@@ -12,7 +12,6 @@
 #include <QApplication>
 #include <QIcon>
 #include <QMessageBox>
-#include <QStatusBar>
 #include <cstdio>
 
 using namespace ledgora;
@@ -54,10 +53,8 @@ int runWindow(const CommandLine &line)
     window.showMaximized();
     if (line.open == QLatin1String("gst"))
         window.openGst();
-    else
-        window.ReloadMenu();
     if (line.server.address.isEmpty()) // a shared server is its administrator's to back up
-        dailyBackup(*office, today(), [&window](const QString &text) { window.statusBar()->showMessage(text); });
+        dailyBackup(*office, today(), [&window](const QString &text) { window.note(text); });
     return QApplication::exec();
 }
 

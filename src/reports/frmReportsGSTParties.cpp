@@ -210,11 +210,9 @@ void frmReportsGST::CMDPROCEEDC_CLICK()
     const ReportRequest asked = request();
     if (asked.rows.empty())
         return inform(QStringLiteral("No Client Selection !"), ui->vsfc);
-    QString fault;
-    {
-        WorkBar bar(this, ui->lblReport->text());
-        fault = makeReport(*gCnn, asked, *gReporter, bar.progress());
-    }
+    const QString fault = withWorkBar(this, ui->lblReport->text(), [&asked](const Progress &progress) {
+        return makeReport(*gCnn, asked, *gReporter, progress);
+    });
     if (fault.isEmpty())
         return gReporter->ShowReport(false);
     gReporter->AbortReport();
