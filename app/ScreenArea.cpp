@@ -1,8 +1,11 @@
 #include "ScreenArea.h"
 
+#include <QApplication>
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QPainter>
+#include <QScrollBar>
+#include <algorithm>
 
 namespace ledgora::app {
 
@@ -14,6 +17,7 @@ ScreenArea::ScreenArea(QWidget *parent) : QMdiArea(parent)
     // Without bars the area, and the whole window with it, would become as large as its largest screen.
     setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget *, QWidget *now) { bringIntoView(now); });
 }
 
 void ScreenArea::showScreen(QWidget &screen)
@@ -31,6 +35,21 @@ void ScreenArea::showScreen(QWidget &screen)
     screen.show();
     child->showMaximized();
     setActiveSubWindow(child);
+}
+
+void ScreenArea::bringIntoView(const QWidget *field)
+{
+    if (!field || !viewport()->isAncestorOf(field) || field->visibleRegion().boundingRect() == field->rect())
+        return;
+    const QRect place(field->mapTo(viewport(), QPoint()), field->size());
+    if (place.width() > viewport()->width() || place.height() > viewport()->height())
+        return; // a list, which moves its own rows
+    const auto scroll = [](QScrollBar &bar, int first, int last, int room) {
+        if (first < 0 || last > room)
+            bar.setValue(bar.value() + (first < 0 ? first : std::min(first, last - room)));
+    };
+    scroll(*horizontalScrollBar(), place.left(), place.right() + 1, viewport()->width());
+    scroll(*verticalScrollBar(), place.top(), place.bottom() + 1, viewport()->height());
 }
 
 QWidget *ScreenArea::front() const

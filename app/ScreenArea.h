@@ -7,7 +7,8 @@ class QMenu;
 namespace ledgora::app {
 
 /// The middle of the main window: the screens, one in front, each with a frame that comes and goes with it. A screen
-/// that does not fit can be scrolled; the window never grows for it. While it is empty it says how to begin.
+/// that does not fit can be scrolled, and follows the field that has the keys; the window never grows for it. While it
+/// is empty it says how to begin.
 class ScreenArea : public QMdiArea
 {
     Q_OBJECT
@@ -20,6 +21,9 @@ public:
     QWidget *front() const;
     /// Appends an entry for each open screen, which brings it to the front.
     void listScreens(QMenu &menu);
+
+    /// Scrolls so that a field of a screen is seen.
+    void bringIntoView(const QWidget *field);
 
 protected:
     void paintEvent(QPaintEvent *event) override;
