@@ -147,6 +147,10 @@ bool Screen::settle()
 
 void Screen::queueFocusChange(QWidget *field, bool left)
 {
+    // A click beside the fields, or into a list that takes no keys, gives them to the host's frame, which gives them
+    // back: the field was never left.
+    if (!left && !m_focusChanges.empty() && m_focusChanges.back().field == field && m_focusChanges.back().left)
+        return m_focusChanges.pop_back();
     m_focusChanges.push_back({field, left});
     QMetaObject::invokeMethod(this, [this] { run([this] { applyFocusChanges(); }); }, Qt::QueuedConnection);
 }
