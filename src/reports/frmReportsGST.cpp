@@ -8,6 +8,7 @@
 #include "store/Connection.h"
 #include "store/Dates.h"
 #include "store/ErrorLog.h"
+#include "store/FailureWatch.h"
 #include "ui_frmReportsGST.h"
 
 namespace ledgora {
@@ -34,11 +35,13 @@ void frmReportsGST::FORM_LOAD()
     gHostObj->Resize_For_Resolution(*this);
     tellCompany();
     ui->lblFirm->setText(gFirmName);
+    const FailureWatch watch(*gCnn);
     connectChoice();
     connectParties();
     fillGroups();
     fillLists();
     ui->vsfc->change([](Cells &parties) { loadReportParties(*gCnn, gHostCode, parties); });
+    m_partiesFault = watch.fault();
     ui->txtdt_2->setDate(formatDate(today(), QStringLiteral("DD/MM/YYYY")));
     ui->txtdt_3->setDate(ui->txtdt_2->date());
     ui->txtdt_3->setEnabled(false);
@@ -182,7 +185,12 @@ bool frmReportsGST::groupCodes(QString &codes)
     const QString group = ui->vsfg->cells().text(groupRow, 0);
     if (group == QLatin1String(selectEntry))
         return true;
+    const FailureWatch watch(*gCnn);
     codes = GETGROUPCLS(*gCnn, group);
+    if (watch.failed()) {
+        inform(watch.fault(), ui->vsfg);
+        return false;
+    }
     if (codes.isEmpty())
         inform("No Client in Group '" + groupName() + "' !", ui->vsfg);
     return !codes.isEmpty();

@@ -65,6 +65,7 @@ private:
     }
 
     std::unique_ptr<Ui::frmReportsGST> ui;
+    QString m_partiesFault; ///< "" or why parties may be missing in the list
 };
 
 } // namespace ledgora

@@ -315,7 +315,7 @@ TEST_P(BrokenRtf, GivesWhatCouldBeReadAndSaysWhy)
 INSTANTIATE_TEST_SUITE_P(
     Files, BrokenRtf,
     testing::Values(
-        BrokenCase{"empty", "", "", "not an RTF document"},
+        BrokenCase{"empty", "", "", "the file is empty"},
         BrokenCase{"something_else", "\xD0\xCF\x11\xE0", "", "not an RTF document"},
         BrokenCase{"cut_in_a_paragraph", "{\\rtf1 abc", "(<abc>)", "the document ends inside of a group"},
         BrokenCase{"cut_in_a_row", "{\\rtf1\\trowd\\cellx9\\intbl a\\cell b", "{[(<a>)][(<b>)]}",
@@ -328,7 +328,8 @@ INSTANTIATE_TEST_SUITE_P(
                    "binary data is cut short at byte 15"},
         BrokenCase{"backslash_at_the_end", "{\\rtf1 a\\", "(<a>)", "the text ends after a backslash at byte 9"},
         BrokenCase{"too_deep", "{\\rtf1 a\\par" + QByteArray(100000, '{'), "(<a>)", "groups are nested too deeply"},
-        BrokenCase{"text_behind_the_end", "{\\rtf1 a\\par}}}b", "(<a>)", ""},
+        BrokenCase{"litter_behind_the_end", "{\\rtf1 a\\par}}}b", "(<a>)", ""},
+        BrokenCase{"ended_in_the_midst", "{\\rtf1 a\\par}}b\\par}", "(<a>)", "the document goes on behind its end"},
         BrokenCase{
             "picture_of_two_thousand_million_dots",
             "{\\rtf1 a{\\pict\\pngblip 89504e470d0a1a0a0000000d494844527fffffff000000010806000000a03633dd}\\par}",

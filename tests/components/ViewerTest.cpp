@@ -296,22 +296,33 @@ TEST_F(StockReporterTest, AChangedTemplateIsReadAgain)
     EXPECT_EQ(shownText().toStdString(), "after it\n");
 }
 
-TEST_F(StockReporterTest, AFaultyTemplateIsShownAsFarAsItGoes)
+TEST_F(StockReporterTest, TellsWhatMustBeKnownOfAReportAboveItsPages)
 {
-    writeTemplate("{\\rtf1 half of #X");
-    reporter->newreportnew(path);
-    EXPECT_EQ(shownText().toStdString(), "half of #X\n");
+    for (const QString &notice : {QString(), QStringLiteral("This report is incomplete.")}) {
+        reporter->NewReport();
+        reporter->PrintText(QStringLiteral("a line"));
+        reporter->SetNotice(notice);
+        reporter->ShowReport(false);
+        const auto *label = host.shown.back()->findChild<QLabel *>(QStringLiteral("lblNotice"));
+        EXPECT_EQ(label->text(), notice);
+        EXPECT_EQ(label->isVisibleTo(host.shown.back()), !notice.isEmpty());
+    }
 }
 
-TEST_F(StockReporterTest, WithoutATemplateNothingIsShownNorSaved)
+TEST_F(StockReporterTest, WithoutAWholeTemplateNothingIsShownNorSaved)
 {
-    writeTemplate("{\\rtf1 former\\par}");
-    reporter->newreportnew(path);
-    reporter->newreportnew(folder.filePath(QStringLiteral("Missing.doc")));
-    reporter->SetText(QStringLiteral("#X#"), QStringLiteral("x"));
-    EXPECT_EQ(shownText(), QString());
-    reporter->SaveToPDF(folder.filePath(QStringLiteral("a.pdf")), 12);
-    EXPECT_FALSE(QFile::exists(folder.filePath(QStringLiteral("a.pdf"))));
+    const QString cut = folder.filePath(QStringLiteral("Cut.doc"));
+    ASSERT_TRUE(QFile(cut).open(QIODevice::NewOnly));
+    for (const QString &bad : {folder.filePath(QStringLiteral("Missing.doc")), cut}) {
+        writeTemplate("{\\rtf1 former\\par}");
+        reporter->newreportnew(path);
+        reporter->newreportnew(bad);
+        EXPECT_NE(reporter->LastError(), QString());
+        reporter->SetText(QStringLiteral("#X#"), QStringLiteral("x"));
+        EXPECT_EQ(shownText(), QString());
+        reporter->SaveToPDF(folder.filePath(QStringLiteral("a.pdf")), 12);
+        EXPECT_FALSE(QFile::exists(folder.filePath(QStringLiteral("a.pdf"))));
+    }
 }
 
 TEST_F(StockReporterTest, SavesAsPdf)

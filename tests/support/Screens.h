@@ -32,6 +32,7 @@ public:
     void WriteToReport(const ReportRow &row) override; ///< goes to `rows`, not into the notes
     void PrintText(const QString &text) override;
     void createtable(int first, int cells) override;
+    void SetNotice(const QString &text) override { rows().SetNotice(text); }
     void initReport(bool fresh, bool flag) override;
     void LoadPageSetup(const QString &templatePath) override;
     void SetFontSizeBeforeAppendFile(const QString &text, int fontSize) override;
