@@ -18,7 +18,7 @@ std::vector<CompanyScreen *> &screens()
 
 CompanyScreen::CompanyScreen(QWidget *parent) : Screen(parent)
 {
-    bindToCompany();
+    bindToCompany(CompanyState::current());
     screens().push_back(this);
 }
 
@@ -30,21 +30,35 @@ CompanyScreen::~CompanyScreen()
 void CompanyScreen::open(const QMetaObject &kind, CompanyScreen *(*make)())
 {
     const auto found = std::ranges::find_if(screens(), [&kind](const CompanyScreen *screen) {
-        return screen->metaObject() == &kind && screen->boundCompany() == gFirmId && !screen->isClosed();
+        return screen->metaObject() == &kind && screen->boundCompany().firmId == gFirmId && !screen->isClosed();
     });
     CompanyScreen *screen = found == screens().end() ? make() : *found;
     if (found != screens().end())
-        screen->renew();
+        screen->renew(CompanyState::current());
     screen->present();
 }
 
-void CompanyScreen::renew()
+void CompanyScreen::renewOf(qint32 firmId, const QString &name, const QString &stateCode)
+{
+    for (CompanyScreen *screen : screens()) {
+        CompanyState company = screen->boundCompany();
+        if (company.firmId != firmId)
+            continue;
+        company.firmName = name;
+        company.firmStateCode = stateCode;
+        screen->renew(company);
+    }
+}
+
+void CompanyScreen::renew(const CompanyState &company)
 {
     if (hasOpenEntry())
         return;
-    bindToCompany();
-    tellCompany();
-    bringUpToDate();
+    bindToCompany(company);
+    run([this] {
+        tellCompany();
+        bringUpToDate();
+    });
 }
 
 void CompanyScreen::tellCompany()
@@ -58,7 +72,7 @@ void CompanyScreen::dismissOf(qint32 firmId)
 {
     const auto all = screens();
     for (CompanyScreen *screen : all) {
-        if (screen->boundCompany() == firmId)
+        if (screen->boundCompany().firmId == firmId)
             screen->dismiss();
     }
 }

@@ -21,6 +21,8 @@ public:
     {
         open(Kind::staticMetaObject, []() -> CompanyScreen * { return new Kind; });
     }
+    /// The company was altered: its screens take name and state over, but those in which an entry is open.
+    static void renewOf(qint32 firmId, const QString &name, const QString &stateCode);
     /// Closes all screens of a company that is no longer there, unasked: what is being typed would belong to nobody.
     static void dismissOf(qint32 firmId);
     /// Closes the screens of all companies, unasked.
@@ -37,7 +39,7 @@ protected:
 
 private:
     static void open(const QMetaObject &kind, CompanyScreen *(*make)());
-    void renew();
+    void renew(const CompanyState &company);
 
     QString m_caption;
 };

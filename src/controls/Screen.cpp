@@ -110,11 +110,6 @@ void Screen::showAsDocument(QWidget &panel, bool browse)
         box->setFrame(!browse);
 }
 
-void Screen::bindToCompany()
-{
-    m_company = CompanyState::current();
-}
-
 void Screen::run(const std::function<void()> &handler)
 {
     if (m_dismissed)

@@ -91,9 +91,9 @@ protected:
     };
     void tellKeys(std::initializer_list<ScreenKey> keys);
 
-    /// Keeps the working state's company for every handler of this screen from now on.
-    void bindToCompany();
-    qint32 boundCompany() const { return m_company ? m_company->firmId : 0; }
+    /// Every handler of this screen runs with this company from now on.
+    void bindToCompany(const CompanyState &company) { m_company = company; }
+    CompanyState boundCompany() const { return m_company.value_or(CompanyState()); }
 
     void run(const std::function<void()> &handler);
 

@@ -12,6 +12,7 @@
 #include "store/ErrorLog.h"
 #include "store/Identifiers.h"
 #include "store/Settings.h"
+#include "store/StateList.h"
 #include "ui_frmMainGST.h"
 #include <QDir>
 #include <QFileInfo>
@@ -127,6 +128,8 @@ void frmMainGST::CMDFIRMSAVE_CLICK()
     if (keepsEntry(result.inserted, result.id))
         return;
     LOADGRIDFIRM(result.id);
+    CompanyScreen::renewOf(result.id, company.value(QStringLiteral("Nm")),
+                           GETSTATECODEFORNAMEONLYGST(company.value(QStringLiteral("StateNm"))));
     CMDFIRMCANCEL_CLICK();
 }
 

@@ -319,6 +319,20 @@ TEST_F(TwoCompanies, ScreenAskedForAgainIsUpToDateUnlessAnEntryIsOpenInIt)
     alt('C');
 }
 
+TEST_F(TwoCompanies, ScreenTakesOverWhatWasAlteredInItsCompany)
+{
+    const auto beta = openBills(Beta);
+    show(m_home);
+    alt('A');
+    choose("cboFirmState", "DELHI (07)");
+    alt('S');
+    EXPECT_EQ(frame(), "famFirmMain");
+    show(beta); // not asked for again: it only came to the front
+    keyBill("ASHOK");
+    EXPECT_EQ(choice("cboTaxType"), "Intra-State (CGST/SGST)");
+    alt('C');
+}
+
 TEST_F(TwoCompanies, ReleasedByItsHostWithEntryAndDialogOpenItTakesAllScreensAlong)
 {
     data().run("Update GST_FirmMas Set Pass='secret' Where FirmSrNo=2");
