@@ -2,6 +2,7 @@
 
 #include "controls/CommandButton.h"
 #include "controls/Grid.h"
+#include "controls/KeyGuard.h"
 #include "controls/LineField.h"
 #include "controls/VTxt.h"
 #include "store/ErrorLog.h"
@@ -30,6 +31,7 @@ bool leavesField(Qt::FocusReason reason)
 Screen::Screen(QWidget *parent) : QWidget(parent)
 {
     setAttribute(Qt::WA_DeleteOnClose);
+    keepCommandsOutOfText(*this);
 }
 
 Screen::Field &Screen::field(QWidget *widget)
