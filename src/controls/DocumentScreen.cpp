@@ -130,13 +130,12 @@ void DocumentScreen::connectFields()
 
 void DocumentScreen::digitsOnly(QLineEdit *line)
 {
-    field(line).keyDown = [this, line](QKeyEvent *key) {
+    field(line).keyDown = [this](const QKeyEvent *key) {
         const QString typed = key->text();
         const bool digit = typed.size() == 1 && typed.at(0) >= u'0' && typed.at(0) <= u'9'; // no other script's
-        const bool refused =
-            isTypedCharacter(typed) && !digit && !(key->modifiers() & (Qt::ControlModifier | Qt::AltModifier));
+        const bool refused = isTypedCharacter(typed) && !digit && !key->modifiers().testFlag(Qt::ControlModifier);
         if (refused)
-            inform(QStringLiteral("Enter Numeric Value."), line);
+            inform(QStringLiteral("Enter Numeric Value."));
         return refused;
     };
 }

@@ -2,6 +2,7 @@
 
 #include "controls/CommandButton.h"
 #include "controls/Grid.h"
+#include "controls/KeyGuard.h"
 #include "controls/LineField.h"
 #include "controls/VTxt.h"
 #include "platform/HostObject.h"
@@ -51,6 +52,7 @@ private:
 Screen::Screen(QWidget *parent) : QWidget(parent)
 {
     setAttribute(Qt::WA_DeleteOnClose);
+    keepCommandsOutOfText(*this);
 }
 
 void Screen::present()
