@@ -1,6 +1,6 @@
 #include "CommandLine.h"
 
-#include "Office.h"
+#include "store/Schema.h"
 #include <QCommandLineParser>
 #include <QStandardPaths>
 
@@ -101,9 +101,11 @@ void addOptions(QCommandLineParser &parser, CommandLine::Command command)
                           QStringLiteral("File of mode 0600 whose first line is the password; without it you are "
                                          "asked."),
                           QStringLiteral("FILE")});
-        parser.addOption({QStringLiteral("host"),
-                          QStringLiteral("Host to play, with its clients and folders: C, G or T (default C)."),
-                          QStringLiteral("CODE")});
+        parser.addOption(
+            {QStringLiteral("host"),
+             QStringLiteral("Kind of host, with its clients and folders: C, G or T. An office is of one of them "
+                            "and refuses another (default: the office's own, C for a new one)."),
+             QStringLiteral("CODE")});
     }
     switch (command) {
     case CommandLine::Command::Demo:
@@ -240,7 +242,7 @@ QString fault(const CommandLine &line, const QCommandLineParser &parser)
         return QStringLiteral("--today takes a date, DD/MM/YYYY or YYYY-MM-DD");
     if (!line.open.isEmpty() && line.open != QLatin1String("gst"))
         return QStringLiteral("--open takes gst");
-    if (!Office::hostCodes().contains(line.host))
+    if (parser.optionNames().contains(QStringLiteral("host")) && !schemaHosts().contains(line.host))
         return QStringLiteral("--host takes C, G or T");
     ServerAddress address;
     if (const QString said = parser.optionNames().contains(QStringLiteral("connect"))
@@ -287,8 +289,7 @@ CommandLine readCommandLine(const QStringList &arguments)
         const QString option = QLatin1String(name);
         return parser.optionNames().contains(option) ? parser.value(option) : QString();
     };
-    if (parser.optionNames().contains(QStringLiteral("host")))
-        line.host = value("host");
+    line.host = value("host");
     line.open = value("open");
     line.out = value("out");
     line.party = value("party");

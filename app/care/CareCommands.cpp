@@ -19,11 +19,12 @@ namespace {
 
 constexpr double millisecondsASecond = 1000;
 
-int runSample(const CommandLine &line, Connection &db)
+int runSample(SamplePlan plan, Connection &db)
 {
+    plan.host = gHostCode;
     QElapsedTimer clock;
     clock.start();
-    const SampleResult result = writeSample(db, line.sample);
+    const SampleResult result = writeSample(db, plan);
     if (!result.fault.isEmpty())
         return failed(result.fault);
     std::printf("%lld companies, %lld clients, %lld bills with %lld lines, %lld receipts written in %.1f s.\n",
@@ -70,20 +71,24 @@ int runRestore(const CommandLine &line, const OfficeData &office)
 
 } // namespace
 
-int runCareCommand(const CommandLine &line)
+int runCareCommand(CommandLine line)
 {
     // Only what writes into an office may make one: a mistyped folder must not become one, nor a bad backup an empty
     // one.
     const bool restores = line.command == CommandLine::Command::Restore;
-    QString fault = restores ? backupFault(line.from, line.host, unwatched()) : QString();
-    if (!fault.isEmpty())
-        return failed(fault);
+    if (restores) {
+        const BackupLook backup = lookAtBackup(line.from, unwatched());
+        if (!backup.fault.isEmpty())
+            return failed(backup.fault);
+        if (line.host.isEmpty()) // an office that is new or empty becomes one of the backup's host
+            line.host = backup.hostCode;
+    }
     const Folder folder =
         restores || line.command == CommandLine::Command::Sample ? Folder::MayBeMade : Folder::MustBeThere;
     return inBilling(line, folder, [&line](Office &office, ClsGST &) {
         switch (line.command) {
         case CommandLine::Command::Sample:
-            return runSample(line, office.connection());
+            return runSample(line.sample, office.connection());
         case CommandLine::Command::Check:
             return runCheck(line, office.connection());
         case CommandLine::Command::Backup:

@@ -1,9 +1,9 @@
 #include "DailyBackup.h"
 
-#include "SampleData.h"
-#include "ScratchDatabase.h"
 #include "app/Office.h"
+#include "app/OfficeLock.h"
 #include "store/ErrorLog.h"
+#include "store/Schema.h"
 #include "store/Settings.h"
 #include <QCoreApplication>
 #include <QDir>
@@ -98,7 +98,7 @@ QString makeDailyBackup(const OfficeData &office, QDate day)
     const ErrorSite site("CARE", "MAKEDAILYBACKUP");
     const QDir folder(backupFolder(office.folder));
     const QString daily = folder.filePath(dailyBackupName(day));
-    const CareLock lock(office.db);
+    const OfficeLock lock(office.db, "care");
     if (!lock.isHeld() || QFile::exists(daily) || filledTable(office.db).isEmpty())
         return {};
     if (!folder.exists() && !QDir().mkdir(folder.path(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner))

@@ -11,6 +11,7 @@
 #include <QDir>
 #include <QFile>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QScopeGuard>
 #include <QTemporaryDir>
 #include <csignal>
@@ -147,6 +148,75 @@ TEST_F(Backup, BringsEveryValueBack)
     EXPECT_EQ(timeOf(office), "second");
 }
 
+/// What `ledgora` with these words says, with its exit status in front.
+QString said(const QStringList &words)
+{
+    QProcess program;
+    program.start(LEDGORA_PROGRAM, words);
+    program.waitForFinished(60'000);
+    return QString::number(program.exitCode()) + ' '
+           + QString::fromUtf8(program.readAllStandardOutput() + program.readAllStandardError()).trimmed();
+}
+
+/// Every table and template of an office comes back, whatever its host, which nobody tells the commands.
+TEST_F(Backup, OfficeOfAnyHostIsKeptWholeAndRefusesTheCommandsOfAnother)
+{
+    struct Case
+    {
+        const char *host, *clients, *templates, *other;
+        QStringList foreign; ///< client tables of other hosts
+    };
+    const Case cases[] = {
+        {"C", "llp_master", "GST_Templates", "G", {"grp_m", "main_info", "main_info1", "owner1"}},
+        {"G", "owner1", "GST_Templates", "C", {"comp_master", "llp_master", "main_info"}},
+        {"T", "main_info", "MiscSoftData/GST_Templates", "C", {"comp_master", "main_info1", "owner1"}},
+    };
+    const auto contents = [](Office &office) {
+        QStringList texts;
+        Recordset tables = office.connection().Open("Show Tables");
+        while (tables.next()) {
+            Recordset sum = office.connection().Open("Checksum Table " + tables.text(0));
+            texts << tables.text(0) + (sum.next() ? ' ' + sum.text(1) : QString());
+        }
+        return texts;
+    };
+    for (const Case &c : cases) {
+        SCOPED_TRACE(c.host);
+        const QString own = folder() + c.host;
+        const QString copy = own + ".ledgora";
+        const QString ownTemplate = '/' + QLatin1String(c.templates) + "/1/GST_Receipt.doc";
+        QStringList before;
+        {
+            Office office(own, c.host);
+            ASSERT_TRUE(office.open()) << office.error().toStdString();
+            Recordset columns = office.connection().Open(
+                "Select table_name,column_name From information_schema.columns Where table_schema=Database() And "
+                "ordinal_position=1 And table_name Not Like 'ledgora%'");
+            while (columns.next())
+                run(office, "Insert Into " + columns.text(0) + " (" + columns.text(1) + ") Values ('7')");
+            write(own + ownTemplate, "of the office");
+            before = contents(office);
+            ASSERT_FALSE(before.filter(QRegularExpression('^' + QLatin1String(c.clients) + ' ')).isEmpty());
+        }
+        EXPECT_FALSE(said({"check", "--data", own}).contains("ledgora:"));
+        EXPECT_EQ(said({"check", "--data", own, "--host", c.other}),
+                  QString("1 ledgora: This is an office of host %1. It can not be opened as one of host %2.")
+                      .arg(c.host, c.other));
+        EXPECT_TRUE(said({"backup", "--data", own, "--out", copy}).startsWith("0 "));
+        EXPECT_TRUE(said({"restore", "--data", own + "2", "--from", copy}).startsWith("0 "));
+        EXPECT_TRUE(said({"restore", "--data", own, "--from", copy}).startsWith("0 ")) << "by way of the former data";
+        for (const QString &restored : {QString(own + "2"), own}) {
+            Office office(restored);
+            ASSERT_TRUE(office.open()) << office.error().toStdString();
+            EXPECT_EQ(office.hostCode(), c.host);
+            EXPECT_EQ(contents(office), before);
+            for (const QString &table : c.foreign)
+                EXPECT_EQ(office.connection().Open("Show Tables Like '" + table + '\'').recordCount(), 0);
+            EXPECT_EQ(contentOf(restored + ownTemplate), "of the office");
+        }
+    }
+}
+
 TEST_F(Backup, DamagedForeignAndHostileFilesAreRefusedAndChangeNothing)
 {
     Office office(folder());
@@ -168,7 +238,7 @@ TEST_F(Backup, DamagedForeignAndHostileFilesAreRefusedAndChangeNothing)
         QByteArray changed = whole;
         changed[place] = char(changed[place] ^ 0x10);
         write(file(), changed);
-        EXPECT_NE(app::backupFault(file(), "C", unwatched()), "") << place;
+        EXPECT_NE(app::lookAtBackup(file(), unwatched()).fault, "") << place;
     }
     write(file(), whole + "x");
     refused("something behind the end", damaged);
@@ -324,6 +394,7 @@ TEST_F(Backup, KilledOneLeavesTheFormerDataOrTheNewAndTheFormerFile)
         Office office(folder());
         ASSERT_TRUE(office.open()) << office.error().toStdString();
         EXPECT_TRUE(c.after.contains(timeOf(office))) << timeOf(office).toStdString();
+        EXPECT_EQ(leftovers(office), QStringList{"ledgora"}) << "opening it has cleared what was left";
         EXPECT_EQ(contentOf(file()), whole);
         EXPECT_EQ(restore(office, file()), "") << "and it can be done again";
         EXPECT_EQ(timeOf(office), "first");

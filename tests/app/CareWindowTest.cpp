@@ -136,7 +136,7 @@ TEST_F(CareWindow, DaysBackupIsMadeOnceAndKeptForTheWeek)
     const QDateTime made = QFileInfo(path).lastModified();
     ASSERT_EQ(app::makeDailyBackup(data, QDate(2024, 6, 24)), "");
     EXPECT_EQ(QFileInfo(path).lastModified(), made);
-    EXPECT_EQ(app::backupFault(path, "C", unwatched()), "");
+    EXPECT_EQ(app::lookAtBackup(path, unwatched()).fault, "");
 }
 
 TEST_F(CareWindow, DaysBackupIsMadeBesideTheWorkAndAFailureIsTold)
