@@ -123,6 +123,20 @@ TEST_F(OfficeTest, BalanceMakesNoOfficeOfAFolderThatIsNone)
     EXPECT_EQ(listing(m_folder.path()), (QStringList{"file", "office"}));
 }
 
+TEST_F(OfficeTest, SampleCanBeBilledAtOnceAndKeepsAChoiceOfTemplates)
+{
+    const QString choice = folder() + "/GST_Templates/Settings.txt";
+    const auto sample = [this] {
+        return ledgoraProgram({"sample", "--bills", "1", "--parties", "1", "--companies", "1", "--data", folder()});
+    };
+    EXPECT_EQ(sample().status, 0);
+    EXPECT_EQ(contentOf(choice).simplified(), "B_COPY=0 R_COPY=0");
+    ASSERT_TRUE(QDir(folder() + "/server").removeRecursively()); // its data is empty again
+    write(choice, "B_COPY=1\r\nR_COPY=1\r\n");
+    EXPECT_EQ(sample().status, 0);
+    EXPECT_EQ(contentOf(choice).simplified(), "B_COPY=1 R_COPY=1");
+}
+
 TEST_F(OfficeTest, DataOfANewerVersionIsRefusedAndLeftAlone)
 {
     {
