@@ -164,6 +164,8 @@ SampleResult writeSample(Connection &db, const SamplePlan &plan)
     if (!whole) {
         result.fault = QStringLiteral("The sample data could not be written: ") + db.lastError();
         db.Execute(QStringLiteral("Rollback"));
+    } else {
+        refreshStatistics(db);
     }
     return result;
 }

@@ -149,6 +149,7 @@ QString ScratchDatabase::load(const QString &backup,
 {
     std::vector<TableSum> told;
     const QString fault = Loading(*this, file, progress).run(backup, told);
+    refreshStatistics(m_db, m_name); // they go along when the tables do
     return fault.isEmpty() ? compare(told, progress) : fault;
 }
 

@@ -45,11 +45,12 @@ QStringList tablesOfScript(const QString &resource)
     return tables;
 }
 
-QStringList tablesThere(Connection &db)
+/// Of a database, "" for the connection's.
+QStringList tablesThere(Connection &db, const QString &database = {})
 {
     QStringList tables;
-    Recordset rows = db.Open(
-        QStringLiteral("Select Lower(table_name) From information_schema.tables Where table_schema=Database()"));
+    Recordset rows = db.Open("Select Lower(table_name) From information_schema.tables Where table_schema="
+                             + (database.isEmpty() ? QStringLiteral("Database()") : quoted(database)));
     while (rows.next())
         tables << rows.text(0);
     return tables;
@@ -168,6 +169,18 @@ bool createSchema(Connection &db, const QString &hostCode)
     return db.Execute(QStringLiteral("Insert Into Ledgora_Schema Select 1,") + number(schemaVersion)
                       + QStringLiteral(" From dual Where Not Exists (Select * From Ledgora_Schema)"))
            && whole;
+}
+
+bool refreshStatistics(Connection &db, const QString &database)
+{
+    const ErrorSite site("SCHEMA", "REFRESHSTATISTICS");
+    const QStringList there = tablesThere(db, database);
+    QStringList tables;
+    for (const QString &table : dataTables()) {
+        if (there.contains(table))
+            tables << (database.isEmpty() ? QString() : u'`' + database + QStringLiteral("`.")) + table;
+    }
+    return db.Execute("Analyze Table " + tables.join(u','));
 }
 
 QString schemaFault(Connection &db)

@@ -31,6 +31,10 @@ QString settleHost(Connection &db, QString &hostCode);
 /// the host where none is noted. False when a statement failed (logged).
 bool createSchema(Connection &db, const QString &hostCode);
 
+/// After many rows went in at once: has the server look at the tables of data of a database ("" for the connection's)
+/// again, which else goes on with what it knew of the empty ones. Ends a transaction. False when it did not (logged).
+bool refreshStatistics(Connection &db, const QString &database = {});
+
 /// "" when the program can work with the database, else why not, in a clerk's words: made by a newer program, or a
 /// server whose table names mind their case.
 QString schemaFault(Connection &db);
