@@ -231,7 +231,7 @@ TEST(RtfReader, ASectionIsAsTheFormerOneUnlessItSaysOtherwise)
 TEST(RtfWriter, WhatIsWrittenIsReadAsTheSame)
 {
     for (const char *body :
-         {"a{\\b b}{\\i\\ul\\strike\\caps\\super\\fs18\\f1\\cf1\\highlight2 c}\\sub d\\fs2\\par",
+         {"a{\\b b}{\\v w}{\\i\\ul\\strike\\caps\\super\\fs18\\f1\\cf1\\highlight2 c}\\sub d\\fs2\\par",
           "\\'80\\u8377?\\u-10179?\\u-8704?\\u2325?\\{\\\\\\}\\~\\-\\_\\tab x\\line y;\\par",
           "\\qj\\li100\\ri200\\fi-50\\sb10\\sa20\\sl-"
           "300\\tqr\\tx900\\tx300\\tqc\\tx99\\cbpat1\\brdrb\\brdrdb\\brdrw30\\brsp40 x\\par"
@@ -246,9 +246,11 @@ TEST(RtfWriter, WhatIsWrittenIsReadAsTheSame)
           "e\\nestcell{\\*\\nesttableprops\\trowd\\cellx5\\nestrow}"
           "\\itap2 c\\nestcell{\\*\\nesttableprops\\trowd\\clbrdrl\\brdrs\\cellx10\\cellx20\\nestrow}\\itap1 "
           "d\\cell\\row",
-          "{\\field{\\*\\fldinst PAGE}{\\fldrslt 3}} of {\\b{\\field{\\*\\fldinst\\i numpages}{\\fldrslt 3}}}\\par",
+          "{\\field{\\*\\fldinst SECTIONPAGES}{\\fldrslt 3}}{\\field{\\*\\fldinst PAGE}{\\fldrslt 3}} of "
+          "{\\b{\\field{\\*\\fldinst\\i numpages}{\\fldrslt 3}}}\\par",
           "{\\pict\\pngblip\\picwgoal300\\pichgoal200\\picscalex50\\piccropl10\\piccropb-5 " PNG_OF_ONE_DOT "}x\\par",
-          "\\landscape\\paperw9000\\margb7\\sectd\\headery1\\footery2\\titlepg\\cols3\\colsx4\\pgbrdropt32\\pgbrdrt\\br"
+          "\\landscape\\paperw9000\\margb7\\sectd\\headery1\\footery2\\titlepg\\pgnrestart\\cols3\\colsx4\\pgbrdropt32"
+          "\\pgbrdrt\\br"
           "drs\\brsp9"
           "{\\header h\\par}{\\footer f\\par}{\\headerf "
           "i\\par}a\\par\\sect\\sectd\\sbknone\\pgwsxn8000{\\header\\par}{\\footerf g\\par}b\\par"}) {

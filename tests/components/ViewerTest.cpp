@@ -419,6 +419,32 @@ TEST_F(StockReporterTest, ARunJoinsItsDocumentsOnPagesOfTheFirst)
     EXPECT_EQ(host.shown.back()->windowTitle().toStdString(), "Preview - Bill 7 and 2 more");
 }
 
+TEST_F(StockReporterTest, EachDocumentOfARunCountsItsOwnPages)
+{
+    const QString rtf = folder.filePath(QStringLiteral("Bill.rtf"));
+    writeTemplate("{\\rtf1\\sectd\\titlepg{\\header #BILL_NO#: {\\field{\\*\\fldinst PAGE}} of {\\field{\\*\\fldinst "
+                  "NUMPAGES}}\\par}a\\par\\page b\\par}");
+    for (const char *number : {"7", "8"}) {
+        reporter->initReport(*number == '7', false);
+        if (*number != '7')
+            reporter->SetFontSizeBeforeAppendFile(QStringLiteral("\f\r\n"), 2);
+        reporter->OpenMasterFile(path);
+        reporter->NewSetText(QStringLiteral("#BILL_NO#"), QString::fromLatin1(number));
+        reporter->SaveMasterFile(rtf);
+        reporter->AppendFile(rtf);
+    }
+    reporter->SaveToRTF(folder.filePath(QStringLiteral("all.rtf")));
+    reporter->ShowReport(false);
+    QStringList shown;
+    const Pages pages = dynamic_cast<Viewer &>(*host.shown.back()).pages();
+    for (int page = 0; page < pages.size(); ++page)
+        shown << textOf(*pages[page]).simplified();
+    EXPECT_EQ(shown, (QStringList{"a", "7: 2 of 2 b", "a", "8: 2 of 2 b"}));
+    QFile saved(folder.filePath(QStringLiteral("all.rtf")));
+    ASSERT_TRUE(saved.open(QIODevice::ReadOnly));
+    EXPECT_EQ(saved.readAll().count("SECTIONPAGES"), 2);
+}
+
 TEST_F(StockReporterTest, WhatFailsInARunIsToldAndAbortingLeavesNothing)
 {
     reporter->initReport(true, false);

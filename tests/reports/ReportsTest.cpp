@@ -176,6 +176,20 @@ TEST_F(Reports, TellClientAccountsFromOpeningToClosing)
     EXPECT_EQ(many.mid(0, few.size()), few);
     EXPECT_EQ(many.size(), 2 + 41 * (few.size() - 2));
 
+    // What date, number and kind leave open the id decides, not the series nor the chance of the table.
+    database->run("Insert Into GST_Series Values (8,'B',2024,'A/','P'),(9,'B',2024,'Z/','P')");
+    database->run("Insert Into GST_BillM Values (21,1,2024,'B',8,70,'2024-07-01','GOA','NO',''),"
+                  "(20,1,2024,'B',9,70,'2024-07-01','GOA','NO','')");
+    database->run("Insert Into GST_BillD Values (20,1,'','','',0,3,0,3,'N',0,0,0,0,0,0,3),"
+                  "(21,1,'','','',0,4,0,4,'N',0,0,0,0,0,0,4)");
+    for (const size_t parties : {size_t(123), size_t(1)}) {
+        request.rows.resize(parties, 2);
+        request.rows.front() = 2;
+        const QStringList tied = lines(Account).filter("/70|");
+        EXPECT_EQ(tied.mid(0, 2), (QStringList{"01-Jul-24|B|Z/70|3||3|||||", "01-Jul-24|B|A/70|4||4|||||"}));
+    }
+    database->run("Delete From GST_BillM Where BillSrNo>=20");
+
     // Of what came before the period only the balance: a party in balance and without entries has no account.
     request.rows = {1, 2, 3};
     request.from = "01/07/2024";
