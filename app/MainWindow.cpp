@@ -27,6 +27,8 @@ MainWindow::MainWindow(Office &office) : m_office(office), m_billing(office, thi
     m_area->setActivationOrder(QMdiArea::ActivationHistoryOrder); // a closed preview gives way to its bill
     setCentralWidget(m_area);
     makeMenu();
+    for (const QMenu *menu : menuBar()->findChildren<QMenu *>())
+        connect(menu, &QMenu::aboutToHide, this, &MainWindow::giveKeysBack, Qt::QueuedConnection);
     statusBar()->showMessage(QStringLiteral("Office: ") + office.server().place());
     installWaitBar(office.connection());
     qApp->installEventFilter(this);
@@ -114,6 +116,15 @@ void MainWindow::showScreen(QWidget &screen)
     screen.show();
     child->showMaximized();
     m_area->setActiveSubWindow(child);
+}
+
+/// After a menu the keys are where they were; by itself the menu bar keeps them, and knows no longer whose they were.
+void MainWindow::giveKeysBack()
+{
+    const QMdiSubWindow *screen = m_area->activeSubWindow();
+    QWidget *field = screen ? screen->focusWidget() : nullptr;
+    if (field && !QApplication::activePopupWidget() && !QApplication::activeModalWidget())
+        field->setFocus(Qt::MenuBarFocusReason);
 }
 
 void MainWindow::ReloadMenu()

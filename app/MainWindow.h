@@ -40,6 +40,7 @@ protected:
 private:
     void makeMenu();
     void keepConnected();
+    void giveKeysBack();
 
     Office &m_office;
     Billing m_billing;
