@@ -1,6 +1,7 @@
 #include "controls/Screen.h"
 
 #include "controls/CommandButton.h"
+#include "controls/FieldColour.h"
 #include "controls/Grid.h"
 #include "controls/KeyGuard.h"
 #include "controls/LineField.h"
@@ -24,10 +25,10 @@ bool isEnter(const QKeyEvent *key)
     return key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter;
 }
 
-/// Leaving towards another window, a pop-up or a menu is not leaving the field.
-bool leavesField(Qt::FocusReason reason)
+bool isTypedInto(const QWidget &widget)
 {
-    return reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason && reason != Qt::MenuBarFocusReason;
+    const auto *line = qobject_cast<const QLineEdit *>(&widget);
+    return line ? !line->isReadOnly() : qobject_cast<const QComboBox *>(&widget) != nullptr;
 }
 
 } // namespace
@@ -53,6 +54,7 @@ Screen::Screen(QWidget *parent) : QWidget(parent)
 {
     setAttribute(Qt::WA_DeleteOnClose);
     keepCommandsOutOfText(*this);
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget *, QWidget *now) { focusMoved(now); });
 }
 
 void Screen::present()
@@ -93,6 +95,7 @@ void Screen::enterMovesOn(std::initializer_list<QWidget *> widgets)
 void Screen::command(QAbstractButton *button, std::function<void()> handler)
 {
     on(button, &QAbstractButton::clicked, [this, handler = std::move(handler)](bool) {
+        mark(nullptr);
         if (settle())
             handler();
     });
@@ -142,13 +145,18 @@ bool Screen::settle()
     return settled;
 }
 
-void Screen::queueFocusChange(QWidget *field, bool left)
+void Screen::focusMoved(QWidget *now)
 {
-    // A click beside the fields, or into a list that takes no keys, gives them to the host's frame, which gives them
-    // back: the field was never left.
-    if (!left && !m_focusChanges.empty() && m_focusChanges.back().field == field && m_focusChanges.back().left)
-        return m_focusChanges.pop_back();
-    m_focusChanges.push_back({field, left});
+    if (!now || now == m_here || !isAncestorOf(now))
+        return;
+    if (m_here) {
+        m_focusChanges.push_back({m_here, true});
+        showFocus(*m_here, false);
+    }
+    m_focusChanges.push_back({now, false});
+    m_here = now;
+    if (isTypedInto(*now))
+        showFocus(*now, true);
     QMetaObject::invokeMethod(this, [this] { run([this] { applyFocusChanges(); }); }, Qt::QueuedConnection);
 }
 
@@ -158,19 +166,28 @@ bool Screen::applyFocusChanges()
         return true;
     const QScopedValueRollback applying(m_applying, true);
     while (!m_focusChanges.empty()) {
-        const FocusChange change = m_focusChanges.front();
+        const auto [field, left] = m_focusChanges.front();
         m_focusChanges.pop_front();
-        if (change.left) {
-            if (leave(change.field))
-                continue;
+        if (!field)
+            continue;
+        if (!left) {
+            enter(field);
+        } else if (!leave(field)) {
             m_focusChanges.clear();
-            change.field->setFocus();
+            field->setFocus();
+            m_here = field;
+            enter(field); // as often as it refuses
             return false;
         }
-        if (const auto &entered = m_fields[change.field].gotFocus; entered && change.field->hasFocus())
-            entered();
     }
     return true;
+}
+
+/// Runs the rule for a field's getting the keys. A box may stand between them and the field still.
+void Screen::enter(QWidget *widget)
+{
+    if (const auto entered = m_fields.value(widget).gotFocus; entered && widget == m_here)
+        entered();
 }
 
 bool Screen::leavesUnchecked()
@@ -182,7 +199,7 @@ bool Screen::leavesUnchecked()
 bool Screen::leave(QWidget *widget)
 {
     const Field rules = m_fields.value(widget);
-    if (widget->hasFocus())
+    if (widget == m_here)
         return true;
     // A frame that went away took its fields along unchecked: only a command that skips checks hides them.
     if (widget->isVisible() && !leavesUnchecked() && rules.validate && !rules.validate())
@@ -209,12 +226,7 @@ bool Screen::eventFilter(QObject *watched, QEvent *event)
     const auto rules = m_fields.constFind(watched);
     if (rules == m_fields.cend())
         return QWidget::eventFilter(watched, event);
-    auto *widget = static_cast<QWidget *>(watched);
-    if (event->type() == QEvent::FocusOut && leavesField(static_cast<QFocusEvent *>(event)->reason())) {
-        queueFocusChange(widget, true);
-    } else if (event->type() == QEvent::FocusIn && leavesField(static_cast<QFocusEvent *>(event)->reason())) {
-        queueFocusChange(widget, false);
-    } else if (event->type() == QEvent::KeyPress) {
+    if (event->type() == QEvent::KeyPress) {
         auto *key = static_cast<QKeyEvent *>(event);
         bool taken = false;
         if (const auto keyDown = rules->keyDown)
@@ -260,10 +272,29 @@ void Screen::inform(const QString &text, QWidget *field)
     box.exec();
     if (!field)
         return;
+    mark(field);
     field->setFocus();
     // A refused date is typed over from its first digit; behind the last one its mask takes no key.
     if (auto *date = qobject_cast<DateField *>(field))
         date->home(false);
+    else if (auto *line = qobject_cast<QLineEdit *>(field))
+        line->selectAll();
+}
+
+/// A refused field bears its colour until it is changed, or a command judges anew.
+void Screen::mark(QWidget *field)
+{
+    if (m_refused)
+        showRefused(*m_refused, false);
+    m_refused = field && isTypedInto(*field) ? field : nullptr;
+    if (!m_refused)
+        return;
+    showRefused(*m_refused, true);
+    const auto changed = [this] { mark(nullptr); };
+    if (auto *line = qobject_cast<QLineEdit *>(field))
+        connect(line, &QLineEdit::textEdited, this, changed, Qt::SingleShotConnection);
+    else if (auto *box = qobject_cast<QComboBox *>(field))
+        connect(box, &QComboBox::currentTextChanged, this, changed, Qt::SingleShotConnection);
 }
 
 void Screen::alarm(const QString &text)

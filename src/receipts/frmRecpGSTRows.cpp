@@ -196,19 +196,12 @@ int frmRecpGST::receiptId() const
     return ui->txtrecpno->hiddenValue().toInt();
 }
 
-/// What was refused stays, selected: the next key types over it.
-void frmRecpGST::refuse(LineField *field, const QString &message)
-{
-    inform(message, field);
-    field->selectAll();
-}
-
 bool frmRecpGST::checkOverpaid(int row, LineField *field)
 {
     refreshBills();
     const bool valid = VALIDBILLAMT(m_bills->cells(), readRows()[size_t(row)]);
     if (!valid)
-        refuse(field, QLatin1String(overpaidMessage));
+        inform(QLatin1String(overpaidMessage), field);
     return valid;
 }
 
@@ -245,7 +238,7 @@ bool frmRecpGST::settleAmount(LineField *box)
     if (settled)
         box->setText(*settled);
     else
-        refuse(box, QLatin1String(invalidAmountMessage));
+        inform(QLatin1String(invalidAmountMessage), box);
     return settled.has_value();
 }
 
@@ -279,7 +272,7 @@ bool frmRecpGST::TXTTDS_VALIDATE(int row)
     const QString fault =
         settled ? tdsFault(Val(boxes.amount->text()), Val(typed)) : QLatin1String(invalidAmountMessage);
     if (!settled || !fault.isEmpty()) { // what was typed stays in the box, not yet rounded
-        refuse(boxes.tds, fault);
+        inform(fault, boxes.tds);
         return false;
     }
     boxes.tds->setText(*settled);

@@ -71,5 +71,26 @@ TEST_F(BillWindow, AltAndCtrlTypeNothing)
     EXPECT_EQ(focus(), "vsB");
 }
 
+TEST_F(BillWindow, RefusedAmountStaysOpenInItsCell)
+{
+    hands.press("alt+a");
+    hands.type("ASH");
+    hands.press("Return", 6);
+    hands.type("Audit");
+    hands.press("Tab", 4);
+    for (const char *leaving : {"Return", "Tab", "Down", "alt+u"}) {
+        hands.type("1o0");
+        boxes.expect("Please Specify Valid Amount. Numeric Only.");
+        hands.press(leaving);
+        EXPECT_EQ(focus(), "vsB") << leaving;
+        EXPECT_EQ(find<Grid>("vsB")->col(), 5) << leaving;
+        EXPECT_TRUE(find<Grid>("vsB")->isEditing()) << leaving;
+    }
+    hands.type("100");
+    hands.press("Return");
+    EXPECT_EQ(find<Grid>("vsB")->cells().text(3, 5), "100");
+    EXPECT_EQ(text("txtNarr"), "");
+}
+
 } // namespace
 } // namespace ledgora::test
