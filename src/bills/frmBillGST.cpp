@@ -301,9 +301,11 @@ void frmBillGST::VSB_KEYPRESS_ENTER(int row, int column)
 
 void frmBillGST::GETLISTP()
 {
-    ui->vsB->commitEditor();
     if (m_particulars->count() == 0)
         m_particulars->addItems(earlierParticulars(*gCnn));
+    if (m_particulars->count() == 0)
+        return; // what is being typed goes on
+    ui->vsB->commitEditor();
     const QModelIndex cell = ui->vsB->currentIndex();
     showTexts(m_particulars, {}, ui->vsB->cells().text(cell.row(), cell.column()), ui->vsB->viewport(),
               ui->vsB->visualRect(cell));

@@ -1,5 +1,6 @@
 #include "controls/Screen.h"
 
+#include "controls/ChoiceBox.h"
 #include "controls/CommandButton.h"
 #include "controls/FieldColour.h"
 #include "controls/Grid.h"
@@ -15,6 +16,7 @@
 #include <QKeyEvent>
 #include <QPointer>
 #include <QScopedValueRollback>
+#include <utility>
 
 namespace ledgora {
 
@@ -107,12 +109,20 @@ void Screen::showAsDocument(QWidget &panel, bool browse)
     for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText})
         palette.setColor(QPalette::Disabled, role, palette.color(QPalette::Active, role));
     panel.setPalette(palette);
+    QPalette paper; // of what is only shown
+    paper.setColor(QPalette::Base, Qt::transparent);
     for (QLineEdit *line : panel.findChildren<QLineEdit *>()) {
-        if (!qobject_cast<QComboBox *>(line->parentWidget())) // a list that takes free text has a frame of its own
-            line->setFrame(!browse && !line->isReadOnly());
+        if (qobject_cast<QComboBox *>(line->parentWidget()))
+            continue; // a list that takes free text has a frame of its own
+        const bool framed = !browse && !line->isReadOnly();
+        const int frame = line->style()->pixelMetric(QStyle::PM_DefaultFrameWidth, nullptr, line);
+        line->setFrame(framed);
+        line->setTextMargins(framed ? QMargins() : QMargins(frame, frame, frame, frame)); // nothing moves
+        if (line->isReadOnly())
+            line->setPalette(paper);
     }
-    for (QComboBox *box : panel.findChildren<QComboBox *>())
-        box->setFrame(!browse);
+    for (ChoiceBox *box : panel.findChildren<ChoiceBox *>())
+        box->showAsText(browse);
 }
 
 void Screen::run(const std::function<void()> &handler)
@@ -149,9 +159,16 @@ void Screen::focusMoved(QWidget *now)
 {
     if (!now || now == m_here || !isAncestorOf(now))
         return;
-    if (m_here) {
-        m_focusChanges.push_back({m_here, true});
-        showFocus(*m_here, false);
+    if (!isVisible()) { // hidden by another screen, of which the keys only run away
+        m_ranAway = true;
+        return;
+    }
+    QWidget *before = m_here;
+    if (std::exchange(m_ranAway, false) && before && before->isVisible() && before->isEnabled())
+        return before->setFocus();
+    if (before) {
+        m_focusChanges.push_back({before, true});
+        showFocus(*before, false);
     }
     m_focusChanges.push_back({now, false});
     m_here = now;
@@ -186,8 +203,11 @@ bool Screen::applyFocusChanges()
 /// Runs the rule for a field's getting the keys. A box may stand between them and the field still.
 void Screen::enter(QWidget *widget)
 {
-    if (const auto entered = m_fields.value(widget).gotFocus; entered && widget == m_here)
-        entered();
+    const auto rules = m_fields.constFind(widget);
+    if (rules == m_fields.cend() || !rules->gotFocus || widget != m_here)
+        return;
+    const auto entered = rules->gotFocus; // which may add fields
+    entered();
 }
 
 bool Screen::leavesUnchecked()
@@ -247,6 +267,14 @@ void Screen::keyPressEvent(QKeyEvent *event)
         showOwnKeys();
     else
         QWidget::keyPressEvent(event);
+}
+
+/// Keys that were still here would go to the next control of the whole window, and the screen behind forget its own.
+void Screen::closeEvent(QCloseEvent *event)
+{
+    QWidget::closeEvent(event);
+    if (QWidget *here = focusWidget(); here && event->isAccepted())
+        here->clearFocus();
 }
 
 void Screen::tellKeys(std::initializer_list<ScreenKey> keys)

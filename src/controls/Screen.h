@@ -110,6 +110,7 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
+    void closeEvent(QCloseEvent *event) override;
 
 private:
     struct FocusChange
@@ -133,6 +134,7 @@ private:
     int m_inHand = 0; ///< events and handlers of the screen that are running
     QHash<QObject *, Field> m_fields;
     QPointer<QWidget> m_here; ///< what has the keys, or will have them when they come back to the screen
+    bool m_ranAway = false;   ///< the keys left it when the screen was hidden
     QPointer<QWidget> m_refused;
     std::deque<FocusChange> m_focusChanges;
     bool m_applying = false;

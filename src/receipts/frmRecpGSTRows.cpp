@@ -42,27 +42,11 @@ void makeBold(QWidget &widget)
     widget.setFont(bold);
 }
 
-/// A computed field: read, never typed into, and no box of its own.
+/// A computed field: read, never typed into.
 void showOnly(QLineEdit &line)
 {
     line.setReadOnly(true);
     line.setFocusPolicy(Qt::NoFocus);
-    line.setFrame(false);
-    QPalette palette;
-    palette.setColor(QPalette::Base, Qt::transparent);
-    line.setPalette(palette);
-}
-
-/// Fields lose their frames while receipts are browsed; the rows are not to move for it.
-void keepRowHeights(QGridLayout &grid)
-{
-    for (int row = 0; row < grid.rowCount(); ++row) {
-        for (int column = 0; column < grid.columnCount(); ++column) {
-            const QLayoutItem *item = grid.itemAtPosition(row, column);
-            if (item && item->widget())
-                grid.setRowMinimumHeight(row, std::max(grid.rowMinimumHeight(row), item->sizeHint().height()));
-        }
-    }
 }
 
 } // namespace
@@ -130,8 +114,6 @@ void frmRecpGST::connectAmount(LineField *box, const std::function<bool()> &vali
 
 void frmRecpGST::connectRows()
 {
-    for (QGridLayout *grid : {ui->whoAndWhere, ui->numberAndMoney, ui->rowsGrid})
-        keepRowHeights(*grid);
     setUpBills();
     for (int row = 0; row < receiptRowCount; ++row) {
         const ReceiptRowBoxes &boxes = m_rows[size_t(row)];

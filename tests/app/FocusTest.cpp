@@ -150,5 +150,16 @@ TEST_F(Focus, FieldIsAsBeforeAfterAMenuAndAQuestion)
     EXPECT_EQ(colour("txtNarr"), "focus");
 }
 
+TEST_F(Focus, ScreenBehindAClosedOneHasItsKeysBack)
+{
+    auto *home = open<frmMainGST>();
+    hands.press("Tab", 2);
+    const QString before = focus();
+    open<frmRecpGST>();
+    hands.press("Escape");
+    EXPECT_EQ(focus(), before);
+    EXPECT_TRUE(home->isAncestorOf(QApplication::focusWidget()));
+}
+
 } // namespace
 } // namespace ledgora::test
