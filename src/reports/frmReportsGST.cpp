@@ -34,6 +34,7 @@ void frmReportsGST::FORM_LOAD()
 {
     const ErrorSite site("frmReportsGST", "FORM_LOAD");
     gHostObj->Resize_For_Resolution(*this);
+    setWindowTitle(QStringLiteral("Reports - ") + gFirmName);
     ui->lblFirm->setText(gFirmName);
     const FailureWatch watch(*gCnn);
     connectChoice();

@@ -1,4 +1,5 @@
 #include "components/reporter/Viewer.h"
+#include "components/reporter/PdfOutput.h"
 
 #include "Sample.h"
 #include "components/StockComponents.h"
@@ -128,6 +129,25 @@ TEST_F(ViewerTest, SavingProposesTheNameAndAsksBeforeItOverwrites)
     EXPECT_EQ(pdfWords(path),
               (QStringList{QStringLiteral("first"), QStringLiteral("second"), QStringLiteral("third")}));
     EXPECT_EQ(label("lblDone").toStdString(), "Saved mine.pdf");
+}
+
+TEST_F(ViewerTest, SavingWhereNothingCanBeWrittenSaysWhyAndStays)
+{
+    test::Boxes boxes;
+    const QString path = QStringLiteral("/proc/mine.pdf"); // a folder that takes no file, root's neither
+    boxes.expectDialog([&](QWidget &dialog) {
+        auto *name = dialog.findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
+        name->setText(path);
+        QTest::keyClick(name, Qt::Key_Return);
+    });
+    boxes.expect(QStringLiteral("The file could not be saved: /proc/mine.pdf\nNo such file or directory"));
+    QTest::keyClick(view(), Qt::Key_S, Qt::ControlModifier);
+    ASSERT_TRUE(viewer && viewer->isVisible());
+    EXPECT_EQ(label("lblDone"), "");
+    int told = 0;
+    const auto count = [&told](qint64, qint64, const QString &) { return ++told > 0; };
+    EXPECT_NE(writePdf(viewer->pages(), path, QStringLiteral("mine"), count), "");
+    EXPECT_EQ(told, 0) << "no page is drawn in vain";
 }
 
 TEST_F(ViewerTest, PrintsTheRangeThatWasChosen)

@@ -107,8 +107,12 @@ void Viewer::savePdf()
                                     QStringLiteral("PDF files (*.pdf)"));
     if (path.isEmpty())
         return;
-    WorkBar bar(this, QStringLiteral("Saving"));
-    tellSaved(path, writePdf(pages(), path, m_name, bar.progress()));
+    QString fault;
+    {
+        WorkBar bar(this, QStringLiteral("Saving")); // ends ahead of the answer, which it would cover
+        fault = writePdf(pages(), path, m_name, bar.progress());
+    }
+    tellSaved(path, fault);
 }
 
 void Viewer::save(const SaveAs &kind)
@@ -118,8 +122,12 @@ void Viewer::save(const SaveAs &kind)
                                     QStringLiteral("Save as ") + name, kind.suffix, kind.filter);
     if (path.isEmpty())
         return;
-    WorkBar bar(this, QStringLiteral("Saving"));
-    tellSaved(path, kind.write(path, bar.progress()));
+    QString fault;
+    {
+        WorkBar bar(this, QStringLiteral("Saving")); // ends ahead of the answer, which it would cover
+        fault = kind.write(path, bar.progress());
+    }
+    tellSaved(path, fault);
 }
 
 QString printPages(QPrinter &printer, const Pages &pages, const Progress &progress)
