@@ -2,6 +2,7 @@
 #include <QApplication>
 #include <QLocale>
 #include <QStyleFactory>
+#include <QTemporaryDir>
 #include <clocale>
 #include <cstdio>
 #include <gtest/gtest.h>
@@ -32,6 +33,9 @@ int main(int argc, char **argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     qputenv("TZ", "Asia/Kolkata");
+    // File dialogs begin in the folder where the user's last one ended, and keep theirs: that is none of a test's.
+    const QTemporaryDir settings;
+    qputenv("XDG_CONFIG_HOME", settings.path().toLocal8Bit());
     qInstallMessageHandler(showMessage);
     QLocale::setDefault(QLocale::c());
     QApplication application(argc, argv);
