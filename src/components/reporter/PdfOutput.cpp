@@ -9,11 +9,21 @@ namespace ledgora::reporter {
 
 namespace {
 
+const QString partSuffix = QStringLiteral(".part");
+
 QString removed(QFile &part, const QString &reason)
 {
     part.close();
     part.remove();
     return reason;
+}
+
+/// "" or why no file can be made there: better told ahead of thousands of pages than behind them.
+QString placeFault(const QString &path)
+{
+    QFile part(path + partSuffix);
+    part.remove(); // left over from a run that was broken off
+    return part.open(QIODevice::WriteOnly | QIODevice::NewOnly) ? removed(part, QString()) : part.errorString();
 }
 
 } // namespace
@@ -22,6 +32,8 @@ QString writePdf(const Pages &pages, const QString &path, const QString &title, 
 {
     if (pages.empty())
         return QStringLiteral("there are no pages to write");
+    if (QString fault = placeFault(path); !fault.isEmpty())
+        return fault;
     PdfSheets sheets(title);
     for (int page = 0; page < pages.size(); ++page) {
         if (!progress(page, pages.size(), QStringLiteral("Writing pages")))
@@ -35,7 +47,7 @@ QString writePdf(const Pages &pages, const QString &path, const QString &title, 
 
 QString writeWhole(const QByteArray &content, const QString &path)
 {
-    QFile part(path + QStringLiteral(".part"));
+    QFile part(path + partSuffix);
     part.remove(); // left over from a run that was broken off
     if (!part.open(QIODevice::WriteOnly | QIODevice::NewOnly))
         return part.errorString();
