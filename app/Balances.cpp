@@ -5,6 +5,7 @@
 #include "masters/PartyDirectory.h"
 #include "store/Connection.h"
 #include "store/ErrorLog.h"
+#include "store/FailureWatch.h"
 #include "store/NumberFormat.h"
 #include <QHash>
 #include <algorithm>
@@ -54,13 +55,14 @@ struct Row
 BalanceList balanceList(Connection &db, const QString &hostCode, int firmId)
 {
     const ErrorSite site("BALANCES", "BALANCELIST");
+    const FailureWatch watch(db);
     const QHash<int, QString> companies = companyNames(db);
+    const auto balances = allBalances(db, firmId);
+    const QHash<QString, QString> parties = partyNames(db, hostCode);
+    if (!balances || watch.failed())
+        return {watch.fault(), {}};
     if (firmId > 0 && !companies.contains(firmId))
         return {QStringLiteral("There is no company number %1.").arg(firmId), {}};
-    const auto balances = allBalances(db, firmId);
-    if (!balances)
-        return {QStringLiteral("The balances could not be read: ") + db.lastError(), {}};
-    const QHash<QString, QString> parties = partyNames(db, hostCode);
     std::vector<Row> rows;
     for (const PartyBalance &balance : *balances) {
         if (balance.amount != 0)

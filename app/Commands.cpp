@@ -3,6 +3,7 @@
 #include "Billing.h"
 #include "CommandLine.h"
 #include "Office.h"
+#include "store/FailureWatch.h"
 #include <cstdio>
 
 namespace ledgora::app {
@@ -19,9 +20,12 @@ int inBilling(const CommandLine &line, Folder folder, const std::function<int(Of
     const auto office = openOffice(line.dataFolder, line.host, line.server, folder, askOnTerminal, fault);
     if (!office)
         return failed(fault);
+    const FailureWatch watch(office->connection());
     Billing billing(*office, nullptr);
-    return billing.isOpen() ? work(*office, billing.gst())
-                            : failed(QStringLiteral("the billing library could not be opened"));
+    if (!billing.isOpen())
+        return failed(QStringLiteral("the billing library could not be opened"));
+    const int status = work(*office, billing.gst());
+    return status == 0 && watch.failed() ? failed(watch.fault()) : status;
 }
 
 } // namespace ledgora::app

@@ -20,7 +20,7 @@ int failed(QString why);
 
 /// Runs the work of a command in the office of its data folder, as its host, with the billing open and no window. The
 /// password of a shared server is asked for on the terminal. Answers the work's exit status, or 1 when the office or
-/// the billing could not be opened, which was told.
+/// the billing could not be opened or a statement failed that the work did not speak of, which was told.
 int inBilling(const CommandLine &line, Folder folder, const std::function<int(Office &, ClsGST &)> &work);
 
 } // namespace ledgora::app

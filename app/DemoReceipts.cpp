@@ -1,6 +1,7 @@
 #include "DemoReceipts.h"
 
 #include "Clerk.h"
+#include "store/Dates.h"
 #include "store/NumberFormat.h"
 #include "store/Settings.h"
 #include <QFile>
@@ -24,7 +25,7 @@ struct DemoReceipt
     std::vector<DemoRow> rows;
     const char *cash;
     const char *mode;                ///< typed in the list of modes, "" for none
-    std::vector<const char *> other; ///< the fields that the mode opens
+    std::vector<const char *> other; ///< the fields that the mode opens; behind them a cheque's date, the receipt's
     const char *narration;
     double tax; ///< inside its amounts, worked out by hand
 };
@@ -36,7 +37,7 @@ const DemoReceipt demoReceipts[] = {
      {{"2", "24302", "", "2060"}},
      "",
      "Ch",
-     {"22242", "BANK OF MAHARASHTRA", "DECCAN GYMKHANA", "004512", ""},
+     {"22242", "BANK OF MAHARASHTRA", "DECCAN GYMKHANA", "004512"},
      "TDS at 10 percent",
      3707},
     {"a transfer with a discount", "GUPTA", {{"1", "9000", "1000", ""}}, "", "NEFT", {"9000", "UTR 5521"}, "", 1374},
@@ -45,7 +46,7 @@ const DemoReceipt demoReceipts[] = {
      {{"1", "9000", "", ""}, {"3", "1000", "", ""}},
      "1000",
      "Ch",
-     {"9000", "STATE BANK OF INDIA", "NEHRU PLACE", "771203", ""},
+     {"9000", "STATE BANK OF INDIA", "NEHRU PLACE", "771203"},
      "Cash and cheque",
      1372},
 };
@@ -72,6 +73,8 @@ public:
         m_clerk.press(Qt::Key_Return);
         for (const char *field : receipt.other)
             m_clerk.enter(QLatin1String(field));
+        if (qstrcmp(receipt.mode, "Ch") == 0)
+            m_clerk.enter(today().toString(QStringLiteral("ddMMyyyy")));
         m_clerk.type(QLatin1String(receipt.narration));
         m_desk.look("receipt-entry");
         m_desk.check(taxShown() == receipt.tax, QStringLiteral("the tax inside is Rs. ") + plainNumber(receipt.tax));

@@ -9,6 +9,7 @@
 #include "masters/CompanyStore.h"
 #include "store/Connection.h"
 #include "store/ErrorLog.h"
+#include "store/FailureWatch.h"
 #include "store/Settings.h"
 #include <QCommandLineParser>
 #include <csignal>
@@ -137,14 +138,15 @@ int report(const PaperOptions &options, const RunResult &result)
 
 int writeChosen(const PaperOptions &options, Connection &db)
 {
-    if (!companyRow(db, options.choice.firmId).next())
+    const FailureWatch watch(db);
+    const bool hasCompany = companyRow(db, options.choice.firmId).next();
+    const QList<int> ids = chosenDocuments(db, options.kind, options.choice);
+    if (watch.failed()) // what was not read is not missing
+        return failed(watch.fault());
+    if (!hasCompany)
         return failed(QStringLiteral("there is no company with the number %1").arg(options.choice.firmId));
     gFirmId = options.choice.firmId;
     READTMPLSETUP();
-    bool read = false;
-    const QList<int> ids = chosenDocuments(db, options.kind, options.choice, read);
-    if (!read)
-        return failed(db.lastError());
     if (ids.isEmpty())
         return failed(QStringLiteral("No Record Found."));
     const InterruptGuard guard;

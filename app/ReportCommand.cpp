@@ -14,6 +14,7 @@
 #include "reports/Reports.h"
 #include "store/Connection.h"
 #include "store/Dates.h"
+#include "store/FailureWatch.h"
 #include "store/NumberFormat.h"
 #include "store/Settings.h"
 #include <QCommandLineParser>
@@ -146,17 +147,29 @@ QString writeReport(Connection &db, const ReportRequest &asked, const QString &o
 {
     const QString ending = QFileInfo(out).suffix().toLower();
     if (ending == QLatin1String("pdf")) {
-        QString fault = makeReport(db, asked, *gReporter, unwatched());
-        if (!fault.isEmpty())
-            return fault;
+        if (const ReportResult made = makeReport(db, asked, *gReporter, unwatched()); !made.fault.isEmpty())
+            return made.fault;
         gReporter->SaveToPDF(out, 0);
         return gReporter->LastError();
     }
     ReportRows rows;
-    QString fault = makeReport(db, asked, rows, unwatched());
-    if (!fault.isEmpty())
-        return fault;
+    if (const ReportResult made = makeReport(db, asked, rows, unwatched()); !made.fault.isEmpty())
+        return made.fault;
     return ending == QLatin1String("csv") ? saveReportCsv(rows, out) : saveReportText(rows, out);
+}
+
+/// What the office knows of the request: company and parties. "" or what is wrong.
+QString readOffice(Connection &db, const ReportOptions &report, ReportRequest &asked)
+{
+    Recordset company = companyRow(db, asked.firmId);
+    if (!company.next())
+        return QStringLiteral("there is no company with the number %1").arg(asked.firmId);
+    asked.firmName = company.text(QStringLiteral("Nm"));
+    asked.properCase =
+        Val(GETSETTININI(QStringLiteral("Settings"), QStringLiteral("NameAdd_BR"), QStringLiteral("0"))) == 0;
+    asked.parties = emptyReportParties();
+    loadReportParties(db, gHostCode, asked.parties);
+    return tickParties(db, report, asked);
 }
 
 int makeAsked(const ReportOptions &report, Connection &db)
@@ -166,15 +179,10 @@ int makeAsked(const ReportOptions &report, Connection &db)
         asked.asOn = shownDate(today());
     if (!asked.billsUpTo.isEmpty() && DateFromText(asked.billsUpTo) > DateFromText(asked.asOn))
         return failed(QStringLiteral("--upto must not be later than --as-on"));
-    Recordset company = companyRow(db, asked.firmId);
-    if (!company.next())
-        return failed(QStringLiteral("there is no company with the number %1").arg(asked.firmId));
-    asked.firmName = company.text(QStringLiteral("Nm"));
-    asked.properCase =
-        Val(GETSETTININI(QStringLiteral("Settings"), QStringLiteral("NameAdd_BR"), QStringLiteral("0"))) == 0;
-    asked.parties = emptyReportParties();
-    loadReportParties(db, gHostCode, asked.parties);
-    QString fault = tickParties(db, report, asked);
+    const FailureWatch watch(db);
+    QString fault = readOffice(db, report, asked);
+    if (watch.failed()) // what was not read is not missing
+        fault = watch.fault();
     if (fault.isEmpty())
         fault = writeReport(db, asked, report.out);
     return fault.isEmpty() ? 0 : failed(fault);

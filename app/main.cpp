@@ -8,11 +8,11 @@
 #include "care/DailyBackup.h"
 #include "host/WorkingState.h"
 #include "store/Dates.h"
+#include "store/FailureWatch.h"
 #include "store/NumberFormat.h"
 #include <QApplication>
 #include <QIcon>
 #include <QMessageBox>
-#include <QStatusBar>
 #include <cstdio>
 
 using namespace ledgora;
@@ -25,9 +25,11 @@ enum ExitStatus { Done = 0, Failed = 1, WrongUsage = 2 };
 int printAllBalances(Office &office, int firm)
 {
     const BalanceList list = balanceList(office.connection(), gHostCode, firm);
+    if (!list.fault.isEmpty())
+        return failed(list.fault);
     for (const QString &line : list.lines)
         std::printf("%s\n", qPrintable(line));
-    return list.fault.isEmpty() ? int(Done) : failed(list.fault);
+    return Done;
 }
 
 int printBalance(const CommandLine &line)
@@ -35,7 +37,11 @@ int printBalance(const CommandLine &line)
     return inBilling(line, Folder::MustBeThere, [&line](Office &office, ClsGST &gst) {
         if (line.all)
             return printAllBalances(office, line.firm);
-        std::printf("%s\n", qPrintable(plainNumber(gst.GetAmt(line.firm, line.party))));
+        const FailureWatch watch(office.connection());
+        const QString amount = plainNumber(gst.GetAmt(line.firm, line.party));
+        if (watch.failed())
+            return failed(watch.fault());
+        std::printf("%s\n", qPrintable(amount));
         return int(Done);
     });
 }
@@ -54,10 +60,8 @@ int runWindow(const CommandLine &line)
     window.showMaximized();
     if (line.open == QLatin1String("gst"))
         window.openGst();
-    else
-        window.ReloadMenu();
     if (line.server.address.isEmpty()) // a shared server is its administrator's to back up
-        dailyBackup(*office, today(), [&window](const QString &text) { window.statusBar()->showMessage(text); });
+        dailyBackup(*office, today(), [&window](const QString &text) { window.note(text); });
     return QApplication::exec();
 }
 

@@ -54,7 +54,7 @@ void make(benchmark::State &state, ReportKind kind)
     const ReportRequest request = requestOf(kind);
     for ([[maybe_unused]] const auto round : state) {
         ReportRows rows;
-        if (!makeReport(*gCnn, request, rows, unwatched()).isEmpty() || rows.size() < parties / 2)
+        if (!makeReport(*gCnn, request, rows, unwatched()).fault.isEmpty() || rows.size() < parties / 2)
             state.SkipWithError("there is no report");
     }
 }

@@ -8,7 +8,8 @@ The kinds of document differ in little, so they are written by one program. A si
 copies stand side by side on a page across, in the same table rows, with a line to cut along between them. Lengths are
 twips (1/1440 inch). Only what the document engine reads is used, and nothing that other word processors show
 differently. A run's format stands inside of braces and the end of its paragraph is one point high: a row whose values
-are all empty shrinks to next to nothing. So does the row above the company's name, which is the place for a logo.
+are all empty shrinks to next to nothing. So does the row above the company's name, which is the place for a logo, and a
+paragraph with the hidden text "[optional]" whose fields all came out empty: its label is not printed then.
 """
 
 import pathlib
@@ -35,10 +36,7 @@ class Sheet:
         self.label_width = label_width  # labels in front of their values
         self.double = len(labels) > 1
         self.side = 35 if self.double else 50  # of a cell's text from its left and right edge
-        if self.double:
-            self.identifiers = (480, 2150, 2500)  # where GSTIN, the word PAN and the PAN stand
-        else:
-            self.identifiers = (620, 2500, 2920)
+        self.identifiers = ((480, 1850), (350, 1500)) if self.double else ((620, 2650), (420, 1900))  # label, whole
 
 
 SHEETS = [
@@ -68,14 +66,24 @@ def run(text, size, bold=False, grey=False):
     return "{%s %s}" % (words, escaped(text))
 
 
-def paragraph(*runs, align="ql", before=0, intbl=True, hang=0, tabs=(), exact=0):
+OPTIONAL = "{\\v\\fs2 [optional]}"
+
+
+def field(name, size, grey=True):
+    """A number that the layout knows: PAGE, NUMPAGES."""
+    words = "\\fs%d%s" % (size, "\\cf%d" % GREY if grey else "")
+    return "{%s {\\field{\\*\\fldinst %s}{\\fldrslt 1}}}" % (words, name)
+
+
+def paragraph(*runs, align="ql", before=0, intbl=True, hang=0, tabs=(), exact=0, optional=False):
     """A paragraph of runs with tabs between them, which stand at `tabs`; with `hang` the second run stands that far
-    from the left, and further lines below it. `exact` is a line height that does not follow the fonts."""
+    from the left, and further lines below it. `exact` is a line height that does not follow the fonts. An `optional` one
+    is left out when its fields are empty."""
     stops = "\\li%d\\fi-%d" % (hang, hang) if hang else ""
     stops += "".join("\\tx%d" % tab for tab in tabs or (hang,) if tab)
     height = "\\sl-%d\\slmult0" % exact if exact else ""
     words = "\\pard\\plain%s\\%s\\sb%d%s%s\\f0\\fs2 " % ("\\intbl" if intbl else "", align, before, stops, height)
-    return words + "\\tab ".join(runs) + "\\fs2"
+    return words + "\\tab ".join(runs) + (OPTIONAL if optional else "") + "\\fs2"
 
 
 APART = paragraph(intbl=False) + "\\par\n"  # between two tables
@@ -133,8 +141,7 @@ def beside(sheet, copies):
 class Document:
     """What both kinds of document have in common, for one sheet."""
 
-    title = ""
-    law = ""
+    title = law = number = date = ""
     received_by = "Billed to"
     details = ()  # label and value beside the other party
 
@@ -150,12 +157,9 @@ class Document:
     def small(self, text):
         return run(text, self.sheet.small)
 
-    def pair(self, name, value, bold=False, before=30):
-        return paragraph(self.label(name), self.text(value, bold), hang=self.sheet.label_width, before=before)
-
-    def identity(self, gstin, pan, bold=False, before=0):
-        return paragraph(self.label("GSTIN"), self.text(gstin, bold), self.label("PAN"), self.text(pan, bold),
-                         before=before, tabs=self.sheet.identifiers)
+    def pair(self, name, value, bold=False, before=30, hang=0):
+        return paragraph(self.label(name), self.text(value, bold), hang=hang or self.sheet.label_width, before=before,
+                         optional=True)
 
     def two(self, left, *paragraphs, align="t", rules="", band=False, **options):
         """A row of the left block's paragraphs and the right one's."""
@@ -166,6 +170,15 @@ class Document:
     def logo(self):
         return Row(Cell(self.sheet.width), top=0, bottom=0)
 
+    def running_head(self):
+        """Ahead of what a document has on its second page and further ones."""
+        right = [self.small("%s %s of %s, page " % (self.title, self.number, self.date)),
+                 field("PAGE", self.sheet.small, grey=False), self.small(" of "),
+                 field("NUMPAGES", self.sheet.small, grey=False)]
+        width = self.sheet.left - self.sheet.width // 10
+        return Row(Cell(width, paragraph(run("#FIRM_NAME#", self.sheet.small, bold=True))),
+                   Cell(self.sheet.width - width, paragraph("".join(right), align="qr")), top=0, bottom=80)
+
     def heading(self):
         return self.two([paragraph(run("#FIRM_NAME#", self.sheet.name, bold=True)),
                          paragraph(self.text("#FIRM_DESIG#"), before=40)],
@@ -174,16 +187,19 @@ class Document:
                         paragraph(self.small("#FIRM_EMLWEB#"), align="qr", before=30), align="b", bottom=110)
 
     def band(self, copy):
-        return self.two([self.identity("#FIRM_GSTIN#", "#FIRM_PAN#", bold=True)],
-                        paragraph(self.text(self.title, bold=True), align="qr"),
-                        paragraph(self.label(copy), align="qr", before=10),
-                        align="c", rules="tb", band=True, top=60, bottom=60)
+        (gstin, first), (pan, second) = self.sheet.identifiers
+        look = {"rules": "tb", "band": True, "valign": "c"}
+        return Row(Cell(first, self.pair("GSTIN", "#FIRM_GSTIN#", bold=True, before=0, hang=gstin), **look),
+                   Cell(second, self.pair("PAN", "#FIRM_PAN#", bold=True, before=0, hang=pan), **look),
+                   Cell(self.sheet.width - first - second, paragraph(self.text(self.title, bold=True), align="qr"),
+                        paragraph(self.label(copy), align="qr", before=10), **look), top=60, bottom=60)
 
     def other_party(self):
         return self.two([paragraph(self.label(self.received_by)),
                          paragraph(self.text("#PARTY_NAME#", bold=True), before=30),
                          paragraph(self.text("#PARTY_ADDRESS#"), before=20),
-                         self.identity("#PARTY_GSTIN#", "#PARTY_PAN#", before=50)],
+                         self.pair("GSTIN", "#PARTY_GSTIN#", before=50, hang=self.sheet.identifiers[0][0]),
+                         self.pair("PAN", "#PARTY_PAN#", before=20, hang=self.sheet.identifiers[0][0])],
                         *(self.pair(name, value, bold=place == 0, before=30 if place else 0)
                           for place, (name, value) in enumerate(self.details)), top=110, bottom=150)
 
@@ -212,9 +228,11 @@ class Document:
     def template(self):
         sheet = self.sheet
         words = "\\landscape" if sheet.double else ""
+        head = beside(sheet, [[self.running_head()] for _ in sheet.labels])
         return ("{\\rtf1\\ansi\\ansicpg1252\\uc1\\deff0\n{\\fonttbl{\\f0\\fswiss\\fcharset0 Liberation Sans;}}\n"
                 + COLOURS + "\n\\paperw%d\\paperh%d%s\\margl%d\\margr%d\\margt%d\\margb%d\n"
                 % (*sheet.page, words, sheet.margin, sheet.margin, sheet.margin, sheet.margin)
+                + "\\headery%d\\titlepg\n{\\header %s%s\\par}\n" % (sheet.margin - 200, head, paragraph(intbl=False))
                 + beside(sheet, [self.blocks(label) for label in sheet.labels])
                 + paragraph(intbl=False) + "\\par}\n")
 
@@ -228,7 +246,8 @@ class Column:
 
 
 class Bill(Document):
-    details = (("Number", "#BILL_NO#"), ("Date", "#BILL_DT#"), ("Place of supply", "#PLACE_OF_SUPPLY#"))
+    number, date = "#BILL_NO#", "#BILL_DT#"
+    details = (("Number", number), ("Date", date), ("Place of supply", "#PLACE_OF_SUPPLY#"))
 
     def __init__(self, sheet, word, title, taxes, law):
         super().__init__(sheet)
@@ -302,8 +321,7 @@ class Bill(Document):
         return Row(*cells, top=60, bottom=60)
 
     def payment_and_signature(self):
-        return self.two([paragraph(self.label("Payment")),
-                         self.pair("In favour of", "#PAYTERMS_INFAVOF#", before=20),
+        return self.two([self.pair("In favour of", "#PAYTERMS_INFAVOF#", before=20),
                          self.pair("Bank", "#PAYTERMS_BANKNM_BRADD#", before=20),
                          self.pair("Account no.", "#PAYTERMS_ACNO#", before=20),
                          self.pair("IFSC", "#PAYTERMS_IFSC#", before=20),
@@ -320,20 +338,20 @@ class Bill(Document):
 
 
 class Receipt(Document):
-    title = "RECEIPT VOUCHER"
-    law = ("Cheques and drafts are subject to realisation. Tax is as charged in the bills named above. Whether tax is "
-           "payable on reverse charge: No")
+    title = "RECEIPT"
+    law = "Cheques and drafts are subject to realisation. Tax is as charged in the bills named above."
     received_by = "Received from"
-    details = (("Number", "#RCPT_NO#"), ("Date", "#RCPT_DT#"))
+    number, date = "#RCPT_NO#", "#RCPT_DT#"
+    details = (("Number", number), ("Date", date))
 
     def __init__(self, sheet):
         super().__init__(sheet)
         self.file_name = "GST_Receipt%s.doc" % sheet.suffix
 
-    def detail(self, name, value, rules="t"):
-        width = self.sheet.label_width + 250
-        return Row(Cell(width, paragraph(self.label(name)), rules=rules),
-                   Cell(self.sheet.width - width, paragraph(self.text(value)), rules=rules), top=90, bottom=90)
+    def settlement(self):
+        return Row(Cell(self.sheet.width, *(self.pair(name, value, before=120) for name, value in (
+            ("Received", "#PAYMENT_DETAILS#"), ("Against", "#BILL_REFERENCES#"), ("Made up of", "#TOTAMT_ADJ_DETAILS#")))),
+            top=0, bottom=120)
 
     def note_and_signature(self):
         return self.two([paragraph(self.text("#NOTE#"))], *self.signature(), rules="t", top=110, bottom=150)
@@ -341,8 +359,7 @@ class Receipt(Document):
     def blocks(self, copy):
         return [self.logo(), self.heading(), self.band(copy), self.other_party(),
                 self.words_and_figures("#AMOUNT_WORDS#", "#AMOUNT#", "Amount received", rules="tb", band=True),
-                self.detail("Received", "#PAYMENT_DETAILS#", rules=""), self.detail("Against", "#BILL_REFERENCES#"),
-                self.detail("Made up of", "#TOTAMT_ADJ_DETAILS#"), self.note_and_signature(), self.foot()]
+                self.settlement(), self.note_and_signature(), self.foot()]
 
 
 CGST = ("CGST", "#CRT_%d#", "#CAMT_%d#", "#GTCAMT#")

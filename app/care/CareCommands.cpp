@@ -11,6 +11,7 @@
 #include "store/Dates.h"
 #include "store/Settings.h"
 #include <QElapsedTimer>
+#include <QFile>
 #include <cstdio>
 
 namespace ledgora::app {
@@ -18,6 +19,12 @@ namespace ledgora::app {
 namespace {
 
 constexpr double millisecondsASecond = 1000;
+
+/// Single copies of the common templates, unless the office has chosen: with that its bills can be opened at once.
+bool chooseTemplates()
+{
+    return QFile::exists(joinPath(gTmplPath, QStringLiteral("Settings.txt"))) || saveTemplateSetup(false, false, 0, 0);
+}
 
 int runSample(SamplePlan plan, Connection &db)
 {
@@ -27,6 +34,8 @@ int runSample(SamplePlan plan, Connection &db)
     const SampleResult result = writeSample(db, plan);
     if (!result.fault.isEmpty())
         return failed(result.fault);
+    if (!chooseTemplates())
+        return failed(QStringLiteral("The choice of templates could not be written to [") + gTmplPath + u']');
     std::printf("%lld companies, %lld clients, %lld bills with %lld lines, %lld receipts written in %.1f s.\n",
                 static_cast<long long>(result.companies), static_cast<long long>(result.parties),
                 static_cast<long long>(result.bills), static_cast<long long>(result.lines),

@@ -17,7 +17,6 @@ namespace ledgora {
 
 frmBillGST::frmBillGST(QWidget *parent) : DocumentScreen(parent), ui(std::make_unique<Ui::frmBillGST>())
 {
-    bindToCompany();
     ui->setupUi(this);
     FORM_LOAD();
 }
@@ -28,7 +27,7 @@ void frmBillGST::FORM_LOAD()
 {
     const ErrorSite site("frmBillGST", "FORM_LOAD");
     gHostObj->Resize_For_Resolution(*this);
-    setWindowTitle(QStringLiteral("GST Billing - ") + gFirmName);
+    tellCompany();
     setUpDocument({ui->cbofyr,        ui->cbosr,       ui->txtbillno, ui->txtbilldt, ui->txtpartynm,    ui->txtpartyPAN,
                    ui->txtpartygstin, ui->txtpartyadd, ui->txtNarr,   ui->famedit,   ui->chkClientWise, ui->lblKeys,
                    ui->lblStatus,     ui->cmdnext,     ui->cmdprev,   ui->cmdshlist, ui->cmdAdd,        ui->cmdmodify,

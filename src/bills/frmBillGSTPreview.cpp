@@ -12,6 +12,7 @@
 #include "store/Connection.h"
 #include "store/DocumentNumber.h"
 #include "store/ErrorLog.h"
+#include "store/FailureWatch.h"
 #include "ui_frmBillGST.h"
 
 namespace ledgora {
@@ -84,7 +85,10 @@ BillDocument frmBillGST::documentFromScreen() const
 void frmBillGST::CMDPREVIEW_CLICK()
 {
     const ErrorSite site("frmBillGST", "CMDPREVIEW_CLICK");
+    const FailureWatch watch(*gCnn);
     const BillDocument bill = documentFromScreen();
+    if (watch.failed()) // it would lack the company's name or the number's series
+        return inform(watch.fault());
     if (!taxType())
         return inform(QStringLiteral("'Tax Applicability' Not Available !"));
     const QString path = billTemplatePath(gTmplPath, gFirmId, gTmplCustom == 1, bill.taxType, gBillCopy == 1);
@@ -94,7 +98,8 @@ void frmBillGST::CMDPREVIEW_CLICK()
     if (!placeholders)
         return WriteErrLog(6, QStringLiteral("A bill document has ten lines at the most"),
                            QStringLiteral("frmBillGST"));
-    showFilled(*gReporter, path, *placeholders);
+    if (const QString fault = showFilled(*gReporter, path, *placeholders); !fault.isEmpty())
+        inform(fault);
 }
 
 } // namespace ledgora

@@ -5,6 +5,21 @@
 
 namespace ledgora {
 
+namespace {
+
+QString shownText(const std::vector<reporter::Block> &blocks)
+{
+    QString text;
+    reporter::eachParagraph(blocks, [&text](const reporter::Paragraph &paragraph) {
+        for (const reporter::Run &run : paragraph.runs)
+            text += run.format.hidden ? QString() : run.text;
+        text += u'\n';
+    });
+    return text;
+}
+
+} // namespace
+
 QString templateText(const QString &path, QString &fault)
 {
     QFile file(path);
@@ -14,13 +29,20 @@ QString templateText(const QString &path, QString &fault)
     }
     const reporter::RtfRead read = reporter::readRtf(file.read(reporter::largestInput + 1));
     fault = read.error;
-    QString text;
-    if (fault.isEmpty())
-        reporter::everyParagraph(read.document, [&text](const reporter::Paragraph &paragraph) {
-            text += paragraph.text();
-            text += u'\n';
-        });
-    return text;
+    if (!fault.isEmpty())
+        return {};
+    QString text, further;
+    for (const reporter::Section &section : read.document.sections) {
+        const bool isFurther = section.page.titlePage;
+        for (const reporter::MarginText margin : {reporter::Header, reporter::Footer})
+            (isFurther ? further : text) += shownText(section.margins[margin]);
+        if (isFurther) {
+            for (const reporter::MarginText margin : {reporter::FirstHeader, reporter::FirstFooter})
+                text += shownText(section.margins[margin]);
+        }
+        text += shownText(section.blocks);
+    }
+    return text + u'\f' + further;
 }
 
 } // namespace ledgora

@@ -1,6 +1,5 @@
 #include "controls/CellDelegate.h"
 
-#include "controls/CommandButton.h"
 #include "controls/Grid.h"
 #include "controls/OneLine.h"
 #include <QApplication>
@@ -16,43 +15,11 @@ namespace {
 
 constexpr auto originalTextProperty = "originalText";
 
-/// An access key works through an open list: the entry it stands on is taken, and the command gets its click. The list
-/// is a window of its own, in which the keys of the screen's commands would be lost.
-class AccessKeysOfList : public QObject
-{
-public:
-    explicit AccessKeysOfList(QComboBox *box) : QObject(box), m_box(box) { box->view()->installEventFilter(this); }
-
-    bool eventFilter(QObject *, QEvent *event) override
-    {
-        if (event->type() != QEvent::KeyPress)
-            return false;
-        const auto *key = static_cast<QKeyEvent *>(event);
-        if (key->modifiers() != Qt::AltModifier)
-            return false;
-        const QKeySequence pressed(key->keyCombination());
-        for (CommandButton *button : m_box->window()->findChildren<CommandButton *>()) {
-            if (button->shortcut() != pressed || !button->isVisible() || !button->isEnabled())
-                continue;
-            m_box->setCurrentIndex(m_box->view()->currentIndex().row());
-            m_box->hidePopup();
-            button->setFocus(Qt::ShortcutFocusReason);
-            QMetaObject::invokeMethod(button, &QAbstractButton::click, Qt::QueuedConnection);
-            return true;
-        }
-        return false;
-    }
-
-private:
-    QComboBox *m_box;
-};
-
 QComboBox *pickEditor(QWidget *parent, const std::vector<Pick> &picks)
 {
     auto *box = new QComboBox(parent);
     for (const Pick &pick : picks)
         box->addItem(pick.entry, pick.key);
-    new AccessKeysOfList(box); // owned by the box
     box->view()->setTextElideMode(Qt::ElideNone);
     box->view()->setMinimumWidth(box->minimumSizeHint().width());
     return box;

@@ -2,12 +2,17 @@
 
 #include "controls/CommandButton.h"
 #include "controls/Grid.h"
+#include "controls/KeyGuard.h"
 #include "controls/LineField.h"
 #include "controls/VTxt.h"
+#include "platform/HostObject.h"
 #include "store/ErrorLog.h"
 #include <QApplication>
+#include <QCloseEvent>
 #include <QComboBox>
+#include <QDialog>
 #include <QKeyEvent>
+#include <QPointer>
 #include <QScopedValueRollback>
 
 namespace ledgora {
@@ -27,9 +32,49 @@ bool leavesField(Qt::FocusReason reason)
 
 } // namespace
 
+/// Counts an event or handler of the screen while it runs; a screen that was dismissed meanwhile goes with the last.
+class Screen::InHand
+{
+public:
+    explicit InHand(Screen &screen) : m_screen(&screen) { ++screen.m_inHand; }
+    InHand(const InHand &) = delete;
+    InHand &operator=(const InHand &) = delete;
+    ~InHand()
+    {
+        if (m_screen && --m_screen->m_inHand == 0 && m_screen->m_dismissed)
+            m_screen->deleteLater();
+    }
+
+private:
+    QPointer<Screen> m_screen;
+};
+
 Screen::Screen(QWidget *parent) : QWidget(parent)
 {
     setAttribute(Qt::WA_DeleteOnClose);
+    keepCommandsOutOfText(*this);
+}
+
+void Screen::present()
+{
+    if (gMdi)
+        return gMdi->showScreen(*this);
+    show();
+    raise();
+    activateWindow();
+}
+
+void Screen::dismiss()
+{
+    m_closed = true;
+    if (m_inHand == 0) {
+        delete this;
+        return;
+    }
+    m_dismissed = true;
+    for (QDialog *box : findChildren<QDialog *>())
+        box->reject();
+    hide();
 }
 
 Screen::Field &Screen::field(QWidget *widget)
@@ -67,13 +112,11 @@ void Screen::showAsDocument(QWidget &panel, bool browse)
         box->setFrame(!browse);
 }
 
-void Screen::bindToCompany()
-{
-    m_company = CompanyState::current();
-}
-
 void Screen::run(const std::function<void()> &handler)
 {
+    if (m_dismissed)
+        return;
+    const InHand inHand(*this);
     std::optional<CompanyScope> scope;
     if (m_company)
         scope.emplace(*m_company);
@@ -101,6 +144,10 @@ bool Screen::settle()
 
 void Screen::queueFocusChange(QWidget *field, bool left)
 {
+    // A click beside the fields, or into a list that takes no keys, gives them to the host's frame, which gives them
+    // back: the field was never left.
+    if (!left && !m_focusChanges.empty() && m_focusChanges.back().field == field && m_focusChanges.back().left)
+        return m_focusChanges.pop_back();
     m_focusChanges.push_back({field, left});
     QMetaObject::invokeMethod(this, [this] { run([this] { applyFocusChanges(); }); }, Qt::QueuedConnection);
 }
@@ -143,6 +190,18 @@ bool Screen::leave(QWidget *widget)
     if (rules.lostFocus)
         rules.lostFocus();
     return true;
+}
+
+bool Screen::event(QEvent *event)
+{
+    const InHand inHand(*this);
+    return QWidget::event(event);
+}
+
+void Screen::closeEvent(QCloseEvent *event)
+{
+    QWidget::closeEvent(event);
+    m_closed = event->isAccepted();
 }
 
 bool Screen::eventFilter(QObject *watched, QEvent *event)

@@ -30,6 +30,14 @@ public:
     /// left. False when the field refuses; then its message was shown and it has the focus again.
     bool settle();
 
+    /// Shows the screen in the host's window, or as a window of its own where the host has none, and gives it the keys.
+    void present();
+    /// It was closed, and is there only until the present event is over.
+    bool isClosed() const { return m_closed; }
+    /// Ends the screen unasked, boxes above it included: at once, or, when it is called out of one of its own handlers,
+    /// as soon as that returns.
+    void dismiss();
+
     /// A plain box with one OK button, with the focus back in `field` afterwards.
     void inform(const QString &text, QWidget *field = nullptr);
     void alarm(const QString &text);
@@ -83,8 +91,9 @@ protected:
     };
     void tellKeys(std::initializer_list<ScreenKey> keys);
 
-    /// Keeps the working state's company for every handler of this screen from now on.
-    void bindToCompany();
+    /// Every handler of this screen runs with this company from now on.
+    void bindToCompany(const CompanyState &company) { m_company = company; }
+    CompanyState boundCompany() const { return m_company.value_or(CompanyState()); }
 
     void run(const std::function<void()> &handler);
 
@@ -94,7 +103,9 @@ protected:
     /// Esc, when nothing above the screen took it.
     virtual void escapePressed() = 0;
 
+    bool event(QEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
+    void closeEvent(QCloseEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
@@ -109,7 +120,12 @@ private:
     bool leave(QWidget *widget);
     void showOwnKeys();
 
+    class InHand;
+
     LiveObject m_live;
+    bool m_closed = false;
+    bool m_dismissed = false;
+    int m_inHand = 0; ///< events and handlers of the screen that are running
     QHash<QObject *, Field> m_fields;
     std::deque<FocusChange> m_focusChanges;
     bool m_applying = false;

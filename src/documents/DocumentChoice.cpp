@@ -19,7 +19,7 @@ QString dayText(QDate day)
 
 } // namespace
 
-QList<int> chosenDocuments(Connection &db, DocumentKind kind, const DocumentChoice &choice, bool &read)
+QList<int> chosenDocuments(Connection &db, DocumentKind kind, const DocumentChoice &choice)
 {
     const bool bills = kind == DocumentKind::Bill;
     const QString of = bills ? "Bill" : "Recp"; // how the columns of both tables begin
@@ -41,7 +41,6 @@ QList<int> chosenDocuments(Connection &db, DocumentKind kind, const DocumentChoi
         where += " and " + of + "Dt<" + dayText(choice.to.addDays(1));
     Recordset rows = db.Open("Select " + of + "SrNo from GST_" + of + 'M' + where + " order by " + of + "Dt," + of
                              + "No," + of + "SrNo");
-    read = !rows.failed();
     QList<int> ids;
     while (rows.next())
         ids << int(rows.integer(0));

@@ -25,7 +25,7 @@ struct DocumentChoice
     QDate from, to;
 };
 
-/// Their ids, by date, number and id. False in `read` when the database did not answer.
-QList<int> chosenDocuments(Connection &db, DocumentKind kind, const DocumentChoice &choice, bool &read);
+/// Their ids, by date, number and id.
+QList<int> chosenDocuments(Connection &db, DocumentKind kind, const DocumentChoice &choice);
 
 } // namespace ledgora

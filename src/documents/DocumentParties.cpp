@@ -24,7 +24,7 @@ const DocumentParties::Year &DocumentParties::of(int year)
     return known;
 }
 
-void DocumentParties::fill(DocumentHead &document, const QString &code, int year)
+bool DocumentParties::fill(DocumentHead &document, const QString &code, int year)
 {
     const Year &parties = of(year);
     const int row = parties.rows.value(code, -1);
@@ -33,6 +33,7 @@ void DocumentParties::fill(DocumentHead &document, const QString &code, int year
     document.partyPan = text(PartyPan);
     document.partyGstin = text(PartyGstin);
     document.partyAddress = text(PartyAddress);
+    return row >= 0;
 }
 
 } // namespace ledgora

@@ -17,9 +17,9 @@ class DocumentParties
 public:
     DocumentParties(Connection &db, const QString &hostCode);
 
-    /// Puts name, PAN, GSTIN and address of a party into a document of the financial year that starts in `year`; a code
-    /// that is not in the directory leaves them empty.
-    void fill(DocumentHead &document, const QString &code, int year);
+    /// Puts name, PAN, GSTIN and address of a party into a document of the financial year that starts in `year`. False
+    /// for a code that is not in the directory, which leaves them empty.
+    bool fill(DocumentHead &document, const QString &code, int year);
 
 private:
     struct Year

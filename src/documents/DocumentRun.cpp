@@ -3,6 +3,7 @@
 #include "documents/MasterFile.h"
 #include "documents/ReadyDocuments.h"
 #include "documents/RunFolder.h"
+#include "store/FailureWatch.h"
 #include "store/Settings.h"
 #include <QDir>
 #include <QHash>
@@ -24,7 +25,8 @@ class Walk
 {
 public:
     Walk(Connection &db, DocumentKind kind, const QList<int> &ids, const Progress &progress)
-        : m_source(db, kind)
+        : m_watch(db)
+        , m_source(db, kind)
         , m_ids(ids)
         , m_progress(progress)
     {
@@ -33,7 +35,10 @@ public:
     void each(RunResult &result, bool goesOn, const std::function<QString(const ReadyDocument &)> &use)
     {
         for (qsizetype from = 0; from < m_ids.size(); from += madeAtOnce) {
-            for (const ReadyDocument &document : m_source.make(m_ids.mid(from, madeAtOnce))) {
+            const std::vector<ReadyDocument> documents = m_source.make(m_ids.mid(from, madeAtOnce));
+            if (result.fault = m_watch.fault(); !result.fault.isEmpty())
+                return; // lines or names may be missing in any of them
+            for (const ReadyDocument &document : documents) {
                 const QString fault = document.fault.isEmpty() ? use(document) : document.fault;
                 if (fault.isEmpty())
                     ++result.documents;
@@ -50,6 +55,7 @@ public:
     }
 
 private:
+    FailureWatch m_watch;
     ReadyDocuments m_source;
     const QList<int> &m_ids;
     const Progress &m_progress;

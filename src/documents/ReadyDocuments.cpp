@@ -18,7 +18,10 @@ FirmTexts textsOfCompany(Connection &db, DocumentKind kind)
     return firmTexts(company, kind);
 }
 
-ReadyDocument named(DocumentKind kind, const QString &number, QDate date, const DocumentHead &head)
+constexpr auto partyGone = "its client is not there any more";
+
+/// A document that nobody has received would pass as one: it is not made.
+ReadyDocument named(DocumentKind kind, const QString &number, QDate date, const DocumentHead &head, bool hasParty)
 {
     const QString noun = documentNoun(kind);
     return {.name = noun + ' ' + number + " dated " + formatDate(date, "dd/MM/yyyy"),
@@ -26,24 +29,28 @@ ReadyDocument named(DocumentKind kind, const QString &number, QDate date, const 
             .partyName = head.inNameCase(head.partyName),
             .templatePath = {},
             .placeholders = {},
-            .fault = {}};
+            .fault = hasParty ? QString() : QString(partyGone)};
 }
 
 void fillBill(ReadyDocument &ready, const StoredBill &bill)
 {
-    if (!bill.taxType) {
-        ready.fault = "'Tax Applicability' Not Available !";
-        return;
-    }
+    if (!bill.taxType)
+        return ready.fail("'Tax Applicability' Not Available !");
     ready.templatePath = billTemplatePath(gTmplPath, gFirmId, gTmplCustom == 1, *bill.taxType, gBillCopy == 1);
-    ready.fault = missingTemplateFault(ready.templatePath);
+    ready.fail(missingTemplateFault(ready.templatePath));
     if (auto placeholders = billPlaceholders(bill.document))
         ready.placeholders = std::move(*placeholders);
-    else if (ready.fault.isEmpty())
-        ready.fault = "it has more lines than the ten that a bill's document has room for";
+    else
+        ready.fail("it has more lines than the ten that a bill's document has room for");
 }
 
 } // namespace
+
+void ReadyDocument::fail(const QString &why)
+{
+    if (fault.isEmpty())
+        fault = why;
+}
 
 ReadyDocuments::ReadyDocuments(Connection &db, DocumentKind kind)
     : m_db(db)
@@ -64,7 +71,7 @@ std::vector<ReadyDocument> ReadyDocuments::bills(const QList<int> &ids)
     for (StoredBill &bill : storedBills(m_db, ids, m_parties)) {
         bill.document.firm = m_firm;
         bill.document.properCase = gNameCase == 0;
-        ReadyDocument ready = named(m_kind, bill.document.billNumber, bill.date, bill.document);
+        ReadyDocument ready = named(m_kind, bill.document.billNumber, bill.date, bill.document, bill.hasParty);
         fillBill(ready, bill);
         all.push_back(std::move(ready));
     }
@@ -78,9 +85,10 @@ std::vector<ReadyDocument> ReadyDocuments::receipts(const QList<int> &ids)
     for (StoredReceipt &receipt : storedReceipts(m_db, ids, m_parties)) {
         receipt.document.firm = m_firm;
         receipt.document.properCase = gNameCase == 0;
-        ReadyDocument ready = named(m_kind, receipt.document.receiptNumber, receipt.date, receipt.document);
+        ReadyDocument ready =
+            named(m_kind, receipt.document.receiptNumber, receipt.date, receipt.document, receipt.hasParty);
         ready.templatePath = path;
-        ready.fault = missingTemplateFault(ready.templatePath);
+        ready.fail(missingTemplateFault(ready.templatePath));
         ready.placeholders = receiptPlaceholders(receipt.document);
         all.push_back(std::move(ready));
     }

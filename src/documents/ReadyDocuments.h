@@ -14,6 +14,8 @@ struct ReadyDocument
     QString templatePath;
     std::vector<Placeholder> placeholders;
     QString fault; ///< "" or why it can not be written
+
+    void fail(const QString &why); ///< the first reason counts
 };
 
 /// Makes stored bills or receipts of one company ready. What all of them share is read once, when it is made: company

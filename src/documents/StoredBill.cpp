@@ -66,7 +66,7 @@ StoredBill storedHeader(const Recordset &stored, const SeriesNumbers &series, Do
     bill.taxType = exactTaxType(stored.text("AppTaxType"));
     BillDocument &document = bill.document;
     document.taxType = bill.taxType.value_or(TaxType::None);
-    parties.fill(document, stored.text("Code_No"), int(stored.integer("FYr")));
+    bill.hasParty = parties.fill(document, stored.text("Code_No"), int(stored.integer("FYr")));
     const QString place = stored.text("PlaceOfServ");
     document.placeOfSupply = place + " (" + GETSTATECODEFORNAMEONLYGST(place) + ')';
     document.billDate = CONVERTDATE(listedDate(stored.text("BillDt")));

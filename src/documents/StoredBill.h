@@ -15,6 +15,7 @@ struct StoredBill
     QDate date;
     /// Nothing where the stored word is none of the three; such a bill has no template.
     std::optional<TaxType> taxType;
+    bool hasParty = false; ///< its client is in the directory
     BillDocument document;
 };
 

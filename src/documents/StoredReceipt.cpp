@@ -32,7 +32,7 @@ StoredReceipt storedHeader(const Recordset &stored, const SeriesNumbers &series,
     receipt.id = int(stored.integer("RecpSrNo"));
     receipt.date = dateFromStore(stored.text("RecpDt"));
     ReceiptDocument &document = receipt.document;
-    parties.fill(document, stored.text("Code_No"), int(stored.integer("FYr")));
+    receipt.hasParty = parties.fill(document, stored.text("Code_No"), int(stored.integer("FYr")));
     document.receiptDate = CONVERTDATE(listedDate(stored.text("RecpDt")));
     document.receiptNumber = series.printed(int(stored.integer("RecpSerId")), stored.text("RecpNo"));
     document.money = storedMoney(stored);

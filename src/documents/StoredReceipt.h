@@ -12,6 +12,7 @@ struct StoredReceipt
 {
     int id = 0;
     QDate date;
+    bool hasParty = false; ///< its client is in the directory
     ReceiptDocument document;
 };
 

@@ -26,7 +26,7 @@ struct KindWords
 constexpr KindWords kindWords[] = {{"intra", "gst_intra_bill", "a tax invoice", "rule 46"},
                                    {"inter", "gst_inter_bill", "a tax invoice", "rule 46"},
                                    {"notax", "gst_notax_bill", "a bill of supply", "rule 49"},
-                                   {"receipt", "gst_receipt", "a receipt voucher", "rule 50"}};
+                                   {"receipt", "gst_receipt", "a receipt", ""}};
 
 const KindWords &wordsOf(TemplateKind kind)
 {
@@ -214,7 +214,8 @@ void findOmissions(QStringList &findings, TemplateKind kind, const Fields &field
         there.insert(withoutRow(field));
     const KindWords &words = wordsOf(kind);
     const auto must = [&](const QString &what) -> QString {
-        return QString::fromLatin1(words.noun) + " must show " + what + " (" + words.rule + ")";
+        const QString rule = *words.rule ? QString(" (" + QString::fromLatin1(words.rule) + ')') : QString();
+        return QString::fromLatin1(words.noun) + " must show " + what + rule;
     };
     for (const auto &group : requiredOf(kind)) {
         for (const Required &required : group) {
@@ -224,7 +225,7 @@ void findOmissions(QStringList &findings, TemplateKind kind, const Fields &field
                                 + "\" is missing: " + must(QString::fromLatin1(required.what));
         }
     }
-    const bool mayBeCharged = kind != TemplateKind::NoTax;
+    const bool mayBeCharged = kind == TemplateKind::Intra || kind == TemplateKind::Inter;
     if (mayBeCharged && !text.contains("reverse charge", Qt::CaseInsensitive))
         findings << "The words \"reverse charge\" are missing: " + must("whether tax is payable on reverse charge");
 }
@@ -277,9 +278,11 @@ QStringList templateFields(TemplateKind kind)
 QStringList templateFindings(const TemplateUse &use, const QString &text)
 {
     QStringList findings;
-    const Fields fields = fieldsIn(text);
-    findUnknown(findings, use.kind, fields.rest);
-    findUnfilled(findings, use.kind, fields);
+    const Fields fields = fieldsIn(text.section(u'\f', 0, 0));
+    for (const Fields &part : {fields, fieldsIn(text.section(u'\f', 1))}) {
+        findUnknown(findings, use.kind, part.rest);
+        findUnfilled(findings, use.kind, part);
+    }
     findMissingRows(findings, fields);
     findMissingCopies(findings, use.copies, fields);
     findOmissions(findings, use.kind, fields, text);

@@ -25,9 +25,10 @@ std::optional<TemplateKind> templateKindOf(const QString &word);
 QStringList templateFields(TemplateKind kind);
 
 /// What is wrong with a template, one line each; nothing when it is in order. `text` is all that stands in it,
-/// paragraphs and cells separated by line breaks. Looked for are fields that do not exist or are misspelt, fields that
-/// documents of the kind do not fill, rows that are missing between 1 and 10, copies that lack a field, and what the
-/// CGST Rules ask of the document (rule 46 a tax invoice, 49 a bill of supply, 50 a receipt voucher).
+/// paragraphs and cells separated by line breaks, and behind a form feed what is seen from the second page on alone,
+/// which stands for nothing that must be on the first. Looked for are fields that do not exist or are misspelt, fields
+/// that documents of the kind do not fill, rows that are missing between 1 and 10, copies that lack a field, and what
+/// the CGST Rules ask of the document (rule 46 a tax invoice, 49 a bill of supply), or what a receipt says.
 QStringList templateFindings(const TemplateUse &use, const QString &text);
 
 } // namespace ledgora

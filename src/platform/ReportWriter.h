@@ -52,6 +52,8 @@ public:
     /// Begins a table, or goes on with it after a heading line of fewer cells; `first` is always 1. `cells` is how many
     /// cells the next row really has.
     virtual void createtable(int first, int cells) = 0;
+    /// What a reader must know of the report as a whole: shown above its pages, not on them.
+    virtual void SetNotice(const QString &text) = 0;
 };
 
 } // namespace ledgora

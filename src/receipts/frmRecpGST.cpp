@@ -14,7 +14,6 @@ namespace ledgora {
 
 frmRecpGST::frmRecpGST(QWidget *parent) : DocumentScreen(parent), ui(std::make_unique<Ui::frmRecpGST>())
 {
-    bindToCompany();
     ui->setupUi(this);
     makeRows();
     FORM_LOAD();
@@ -26,7 +25,7 @@ void frmRecpGST::FORM_LOAD()
 {
     const ErrorSite site("frmRecpGST", "FORM_LOAD");
     gHostObj->Resize_For_Resolution(*this);
-    setWindowTitle(QStringLiteral("Receipt - ") + gFirmName);
+    tellCompany();
     setUpDocument({ui->cbofyr,        ui->cbosr,       ui->txtrecpno, ui->txtrecpdt, ui->txtpartynm,    ui->txtpartyPAN,
                    ui->txtpartygstin, ui->txtpartyadd, ui->txtNarr,   ui->famedit,   ui->chkClientWise, ui->lblKeys,
                    ui->lblStatus,     ui->cmdnext,     ui->cmdprev,   ui->cmdshlist, ui->cmdAdd,        ui->cmdmodify,

@@ -12,6 +12,7 @@
 #include "store/Connection.h"
 #include "store/DocumentNumber.h"
 #include "store/ErrorLog.h"
+#include "store/FailureWatch.h"
 #include "store/NumberFormat.h"
 #include "ui_frmRecpGST.h"
 
@@ -78,11 +79,15 @@ ReceiptDocument frmRecpGST::documentFromScreen() const
 void frmRecpGST::CMDPREVIEW_CLICK()
 {
     const ErrorSite site("frmRecpGST", "CMDPREVIEW_CLICK");
+    const FailureWatch watch(*gCnn);
     const ReceiptDocument receipt = documentFromScreen();
+    if (watch.failed()) // it would lack the company's name or the number's series
+        return inform(watch.fault());
     const QString path = receiptTemplatePath(gTmplPath, gFirmId, gTmplCustom == 1, gRecpCopy == 1);
     if (const QString fault = missingTemplateFault(path); !fault.isEmpty())
         return inform(fault);
-    showFilled(*gReporter, path, receiptPlaceholders(receipt));
+    if (const QString fault = showFilled(*gReporter, path, receiptPlaceholders(receipt)); !fault.isEmpty())
+        inform(fault);
 }
 
 } // namespace ledgora

@@ -5,7 +5,9 @@
 #include "store/SqlText.h"
 #include <QStringList>
 #include <algorithm>
+#include <cmath>
 #include <tuple>
+#include <utility>
 
 namespace ledgora {
 
@@ -33,6 +35,29 @@ std::vector<AccountEntry> entriesOf(Recordset rows)
                            .tds = rows.number(9),
                            .billIds = rows.text(10)});
     return entries;
+}
+
+bool isSameRow(const AccountEntry &one, const AccountEntry &other)
+{
+    constexpr double residue = 0.001; // of a sum that went through text
+    return one.isReceipt == other.isReceipt && one.date == other.date && one.number == other.number
+           && one.seriesId == other.seriesId && one.billIds == other.billIds
+           && std::abs(one.sum.total() - other.sum.total()) < residue;
+}
+
+/// The table has no room for the id, which decides where all else ties: a row gets it from the entry that it was made
+/// of. Both are in one order but for ties, so that the entry is near.
+void takeIds(std::vector<AccountEntry> &rows, std::vector<AccountEntry> entries)
+{
+    auto first = entries.begin();
+    for (AccountEntry &row : rows) {
+        while (first != entries.end() && first->id == 0)
+            ++first;
+        const auto entry = std::find_if(
+            first, entries.end(), [&row](const AccountEntry &made) { return made.id != 0 && isSameRow(made, row); });
+        if (entry != entries.end())
+            row.id = std::exchange(entry->id, 0);
+    }
 }
 
 } // namespace
@@ -71,14 +96,19 @@ void AccountBook::addBill(const ReportDocument &bill, const TaxedSum &sum, QDate
         account.brought += sum;
         return;
     }
-    account.entries.push_back(
-        {.date = bill.date, .number = bill.number, .seriesId = bill.seriesId, .sum = sum, .billIds = {}});
+    account.entries.push_back({.id = bill.id,
+                               .date = bill.date,
+                               .number = bill.number,
+                               .seriesId = bill.seriesId,
+                               .sum = sum,
+                               .billIds = {}});
 }
 
 void AccountBook::addReceipt(const ReportDocument &receipt, const std::vector<ReceiptLine> &lines, QDate from)
 {
     Account &account = m_accounts[codeKey(receipt.code)];
-    AccountEntry entry{.isReceipt = true,
+    AccountEntry entry{.id = receipt.id,
+                       .isReceipt = true,
                        .date = receipt.date,
                        .number = receipt.number,
                        .seriesId = receipt.seriesId,
@@ -115,7 +145,7 @@ QString codeKey(const QString &code)
 void sortEntries(std::vector<AccountEntry> &entries)
 {
     std::ranges::stable_sort(entries, {}, [](const AccountEntry &entry) {
-        return std::tuple(entry.date, entry.number, entry.isReceipt, entry.seriesId);
+        return std::tuple(entry.date, entry.number, entry.isReceipt, entry.id);
     });
 }
 
@@ -135,8 +165,10 @@ std::vector<AccountEntry> throughWorkingTable(Connection &db, const std::vector<
     if (!rows.isEmpty())
         execute("Insert into TempClAcGST Values " + rows.join(u','));
     std::vector<AccountEntry> sorted =
-        entriesOf(db.Open(QStringLiteral("Select * from TempClAcGST Order By Dt,No,Typ,SerId")));
+        entriesOf(db.Open(QStringLiteral("Select * from TempClAcGST Order By Dt,No,Typ")));
     execute(QStringLiteral("Drop Table If Exists TempClAcGST"));
+    takeIds(sorted, entries);
+    sortEntries(sorted);
     return sorted;
 }
 

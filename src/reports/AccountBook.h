@@ -9,6 +9,7 @@ namespace ledgora {
 /// source make up `sum`; its discount is told beside it, and comes to the party's credit at the account's end.
 struct AccountEntry
 {
+    int id = 0;
     bool isReceipt = false;
     QDate date;
     qint64 number = 0;
@@ -24,7 +25,7 @@ struct Account
     double debit = 0, credit = 0;      ///< of the documents before the period; a discount is credit
     TaxedSum brought;                  ///< net of them
     TaxedSum discount;                 ///< on the receipts of the period
-    std::vector<AccountEntry> entries; ///< by date, then number, then bills ahead of receipts
+    std::vector<AccountEntry> entries; ///< by date, then number, then bills ahead of receipts, then id
 };
 
 /// The accounts of all parties of a request, read together in a few queries. Codes are blind to case, as the database

@@ -36,6 +36,11 @@ bool RowGrid::hasBottom() const
     return std::any_of(cells.begin(), cells.end(), [](const GridCell &cell) { return cell.bottom; });
 }
 
+bool RowGrid::hasSides() const
+{
+    return std::any_of(cells.begin(), cells.end(), [](const GridCell &cell) { return cell.left || cell.right; });
+}
+
 RowGrid gridOf(const RowFormat &format)
 {
     RowGrid grid;

@@ -27,6 +27,7 @@ struct RowGrid
 
     bool hasTop() const;
     bool hasBottom() const;
+    bool hasSides() const; ///< else it stands open, as what is written under a box
 };
 
 RowGrid gridOf(const RowFormat &format);

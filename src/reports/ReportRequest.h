@@ -35,6 +35,7 @@ struct ReportRequest
     QString billsUpTo;     ///< Outstanding: bills up to this day, "" for the same
     QString groupName;     ///< chosen group of parties, for the title; "" for none
     Cells parties;         ///< the party list, columns as in ReportParties.h
+    QString partiesFault;  ///< "" or why the list is not whole, and no report of it can be
     std::vector<int> rows; ///< its rows that the report is about, in order
     PartyDetails details;
     bool properCase = true; ///< names and addresses in proper case, else upper case

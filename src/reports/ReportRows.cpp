@@ -12,6 +12,7 @@ void ReportRows::NewReport()
     m_formats.clear();
     m_ends.clear();
     m_text.clear();
+    m_notice.clear();
     m_wide = std::exchange(m_nextWide, false);
 }
 
@@ -38,6 +39,7 @@ void ReportRows::writeTo(ReportWriter &writer) const
     writer.SetCol130(m_wide);
     writer.WinModeReport(true);
     writer.NewReport();
+    writer.SetNotice(m_notice);
     for (int entry = 0; entry < size(); ++entry) {
         switch (kind(entry)) {
         case Kind::Row:

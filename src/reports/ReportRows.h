@@ -30,11 +30,13 @@ public:
     void WriteToReport(const ReportRow &row) override;
     void PrintText(const QString &text) override;
     void createtable(int first, int cells) override;
+    void SetNotice(const QString &text) override { m_notice = text; }
 
     /// Tells the whole report to another writer, from SetCol130 on; numbers as the texts that they are shown as.
     void writeTo(ReportWriter &writer) const;
 
     bool wide() const { return m_wide; }
+    const QString &notice() const { return m_notice; }
     /// Entries of all kinds. Valid until the next call of a writing routine: the views that `cell` and `text` give.
     int size() const { return int(m_entries.size()); }
     Kind kind(int entry) const { return m_entries[entry].kind; }
@@ -71,7 +73,7 @@ private:
     std::vector<Entry> m_entries;
     std::vector<RowFormat> m_formats;
     std::vector<qsizetype> m_ends; ///< where each cell's text ends in m_text
-    QString m_text;
+    QString m_text, m_notice;
     bool m_wide = false, m_nextWide = false;
 };
 

@@ -1,7 +1,9 @@
 #include "reports/Reports.h"
 
+#include "reports/ReportFrame.h"
 #include "reports/ReportRun.h"
 #include "store/ErrorLog.h"
+#include "store/FailureWatch.h"
 #include "store/SqlText.h"
 #include <QStringList>
 
@@ -48,7 +50,7 @@ public:
             m_db.Open("Select RELEASE_LOCK(" + lockName() + ')');
     }
 
-    /// Another user's run has it, and has not ended in time. A server without such locks is no reason for no report.
+    /// Another user's run has it, and has not ended in time.
     bool isBusy() const { return m_isBusy; }
 
 private:
@@ -61,16 +63,17 @@ private:
 
 } // namespace
 
-QString makeReport(Connection &db, const ReportRequest &request, ReportWriter &writer, const Progress &progress)
+ReportResult makeReport(Connection &db, const ReportRequest &request, ReportWriter &writer, const Progress &progress)
 {
     const ErrorSite site(reportScreen, "CMDPROCEEDC_CLICK");
     const Report &report = reports[size_t(request.kind)];
+    const FailureWatch watch(db);
     try {
         const TableLock lock(db, report.table);
         if (lock.isBusy()) {
             WriteErrLog(1205, QStringLiteral("The temporary table is in use by another user"),
                         QLatin1String(report.table));
-            return QStringLiteral("Another user is making this report. Please try again in a minute.");
+            return {QStringLiteral("Another user is making this report. Please try again in a minute.")};
         }
         if (request.kind == ReportKind::Bills)
             writer.SetCol130(true);
@@ -78,9 +81,15 @@ QString makeReport(Connection &db, const ReportRequest &request, ReportWriter &w
         writer.NewReport();
         report.make(db, request, writer, progress);
     } catch (const ReportCancelled &) {
-        return QLatin1String(cancelledText);
+        return {QLatin1String(cancelledText)};
     }
-    return {};
+    const QString fault = watch.failed() ? watch.fault() : request.partiesFault;
+    if (fault.isEmpty())
+        return {};
+    const QString notice = QStringLiteral("This report is incomplete. ") + fault;
+    writeFreeLine(writer, bold(notice));
+    writer.SetNotice(notice);
+    return {.fault = notice, .isPartly = true};
 }
 
 } // namespace ledgora

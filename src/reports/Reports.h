@@ -14,10 +14,17 @@ class Connection;
 // are not in a report. Work that the user ends throws ReportCancelled (ReportRun.h), its temporary tables dropped;
 // `makeReport` catches it.
 
-/// Makes the asked report from its begin (`SetCol130`, `NewReport`) to its last row. "" when it stands complete, else
-/// why it is not to be shown, in a user's words; `cancelledText` after a Cancel. Reports that use temporary tables of
-/// fixed names wait for another user's run to end.
-QString makeReport(Connection &db, const ReportRequest &request, ReportWriter &writer, const Progress &progress);
+/// What came of making a report.
+struct ReportResult
+{
+    QString fault; ///< "" when it stands complete, else why not, in a user's words; `cancelledText` after a Cancel
+    bool isPartly = false; ///< with a fault: it stands as far as it was reached, and says itself that it is incomplete
+};
+
+/// Makes the asked report from its begin (`SetCol130`, `NewReport`) to its last row. One during which a statement
+/// failed is not complete: it is good for the screen, never for a file that passes as a report. Reports that use
+/// temporary tables of fixed names wait for another user's run to end.
+ReportResult makeReport(Connection &db, const ReportRequest &request, ReportWriter &writer, const Progress &progress);
 
 /// Bill Details: bills of the period, their value and tax.
 void REPBILLS(Connection &db, const ReportRequest &request, ReportWriter &writer, const Progress &progress);

@@ -8,6 +8,7 @@
 #include "store/Connection.h"
 #include "store/Dates.h"
 #include "store/ErrorLog.h"
+#include "store/FailureWatch.h"
 #include "ui_frmReportsGST.h"
 
 namespace ledgora {
@@ -20,9 +21,8 @@ constexpr auto selectEntry = "(Select)";
 
 } // namespace
 
-frmReportsGST::frmReportsGST(QWidget *parent) : Screen(parent), ui(std::make_unique<Ui::frmReportsGST>())
+frmReportsGST::frmReportsGST(QWidget *parent) : CompanyScreen(parent), ui(std::make_unique<Ui::frmReportsGST>())
 {
-    bindToCompany();
     ui->setupUi(this);
     FORM_LOAD();
 }
@@ -33,12 +33,15 @@ void frmReportsGST::FORM_LOAD()
 {
     const ErrorSite site("frmReportsGST", "FORM_LOAD");
     gHostObj->Resize_For_Resolution(*this);
+    tellCompany();
     ui->lblFirm->setText(gFirmName);
+    const FailureWatch watch(*gCnn);
     connectChoice();
     connectParties();
     fillGroups();
     fillLists();
     ui->vsfc->change([](Cells &parties) { loadReportParties(*gCnn, gHostCode, parties); });
+    m_partiesFault = watch.fault();
     ui->txtdt_2->setDate(formatDate(today(), QStringLiteral("DD/MM/YYYY")));
     ui->txtdt_3->setDate(ui->txtdt_2->date());
     ui->txtdt_3->setEnabled(false);
@@ -57,6 +60,17 @@ void frmReportsGST::fillLists()
         list->addItems({QLatin1String(selectEntry), QStringLiteral("> (Greater Than)"), QStringLiteral("< (Less Than)"),
                         QStringLiteral(">= (Greater Than Or Equal To)"), QStringLiteral("<= (Less Than Or Equal To)"),
                         QStringLiteral("= (Equal To)"), QStringLiteral("!= (Not Equal To)")});
+}
+
+void frmReportsGST::bringUpToDate()
+{
+    ui->lblFirm->setText(gFirmName);
+    const QString group = ui->vsfg->cells().text(groupRow, 0);
+    fillGroups();
+    const auto &offered = ui->vsfg->column(0).picks;
+    if (std::ranges::any_of(offered, [&group](const Pick &pick) { return pick.key == group; }))
+        ui->vsfg->change([&group](Cells &choice) { choice.setText(groupRow, 0, group); });
+    ui->vsfc->change([](Cells &parties) { reloadReportParties(*gCnn, gHostCode, parties); });
 }
 
 /// Only the clients of host "G" are in groups.
@@ -171,7 +185,12 @@ bool frmReportsGST::groupCodes(QString &codes)
     const QString group = ui->vsfg->cells().text(groupRow, 0);
     if (group == QLatin1String(selectEntry))
         return true;
+    const FailureWatch watch(*gCnn);
     codes = GETGROUPCLS(*gCnn, group);
+    if (watch.failed()) {
+        inform(watch.fault(), ui->vsfg);
+        return false;
+    }
     if (codes.isEmpty())
         inform("No Client in Group '" + groupName() + "' !", ui->vsfg);
     return !codes.isEmpty();

@@ -156,6 +156,10 @@ void frmReportsGST::VSFC_HEADERCLICK(int column)
 void frmReportsGST::showTicked()
 {
     const Cells &parties = ui->vsfc->cells();
+    if (!m_partiesFault.isEmpty()) {
+        ui->lblTicked->setText("Clients may be missing here; please open the reports again. " + m_partiesFault);
+        return;
+    }
     if (!parties.hasData()) {
         ui->lblTicked->setText(QStringLiteral("There is no client yet. Clients are made in the home screen, or in the "
                                               "program that opened it."));
@@ -193,6 +197,7 @@ ReportRequest frmReportsGST::request() const
     asked.billsUpTo = chosen.limitsBills ? chosen.billsUpTo : QString();
     asked.groupName = groupName();
     asked.parties = ui->vsfc->cells();
+    asked.partiesFault = m_partiesFault;
     asked.rows = tickedRows(asked.parties);
     asked.details = details();
     asked.properCase = gNameCase == 0;
@@ -210,16 +215,14 @@ void frmReportsGST::CMDPROCEEDC_CLICK()
     const ReportRequest asked = request();
     if (asked.rows.empty())
         return inform(QStringLiteral("No Client Selection !"), ui->vsfc);
-    QString fault;
-    {
-        WorkBar bar(this, ui->lblReport->text());
-        fault = makeReport(*gCnn, asked, *gReporter, bar.progress());
-    }
-    if (fault.isEmpty())
+    const ReportResult made = withWorkBar(this, ui->lblReport->text(), [&asked](const Progress &progress) {
+        return makeReport(*gCnn, asked, *gReporter, progress);
+    });
+    if (made.fault.isEmpty() || made.isPartly)
         return gReporter->ShowReport(false);
     gReporter->AbortReport();
-    if (fault != QLatin1String(cancelledText))
-        inform(fault, ui->vsfc);
+    if (made.fault != QLatin1String(cancelledText))
+        inform(made.fault, ui->vsfc);
 }
 
 } // namespace ledgora

@@ -70,10 +70,10 @@ bool Connection::checkHandle()
     // A hook that lets events through must never bring a second statement on the same connection.
     if (m_handle && !m_running)
         return true;
-    m_lastErrorNumber = m_handle ? CR_COMMANDS_OUT_OF_SYNC : CR_SERVER_GONE_ERROR;
-    m_lastError = m_handle ? QStringLiteral("Another statement is still running")
-                           : QStringLiteral("There is no connection to the database server");
-    WriteErrLog(m_lastErrorNumber, m_lastError, QStringLiteral("Database"));
+    if (m_handle)
+        noteFailure(CR_COMMANDS_OUT_OF_SYNC, QStringLiteral("Another statement is still running"));
+    else
+        noteFailure(CR_SERVER_GONE_ERROR, QStringLiteral("There is no connection to the database server"));
     return false;
 }
 
@@ -213,8 +213,14 @@ bool Connection::wasInterrupted() const
 
 void Connection::logFailure()
 {
-    m_lastErrorNumber = mysql_errno(m_handle);
-    m_lastError = QString::fromUtf8(mysql_error(m_handle));
+    noteFailure(mysql_errno(m_handle), QString::fromUtf8(mysql_error(m_handle)));
+}
+
+void Connection::noteFailure(unsigned number, const QString &error)
+{
+    ++m_failures;
+    m_lastErrorNumber = number;
+    m_lastError = error;
     WriteErrLog(m_lastErrorNumber, m_lastError, QStringLiteral("Database"));
 }
 

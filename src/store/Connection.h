@@ -56,6 +56,8 @@ public:
 
     QString lastError() const { return m_lastError; }
     unsigned lastErrorNumber() const { return m_lastErrorNumber; }
+    /// Statements that failed since the connection was made, whatever ran after them: FailureWatch asks.
+    qint64 failures() const { return m_failures; }
     /// True after a failure that means that the server is gone.
     bool isLost() const;
     /// True after a statement that was ended from outside: the user no longer waits for it.
@@ -70,6 +72,7 @@ private:
     Recordset takeResult(bool answered);
     st_mysql_res *storeResult();
     int waitFor(int status) const;
+    void noteFailure(unsigned number, const QString &error);
     void logFailure();
     void logWarnings();
     bool checkHandle();
@@ -80,6 +83,7 @@ private:
     qint64 m_affected = -1;
     QString m_lastError;
     unsigned m_lastErrorNumber = 0;
+    qint64 m_failures = 0;
     bool m_running = false;
 };
 

@@ -124,6 +124,20 @@ TEST_F(OfficeTest, BalanceMakesNoOfficeOfAFolderThatIsNone)
     EXPECT_EQ(listing(m_folder.path()), (QStringList{"file", "office"}));
 }
 
+TEST_F(OfficeTest, SampleCanBeBilledAtOnceAndKeepsAChoiceOfTemplates)
+{
+    const QString choice = folder() + "/GST_Templates/Settings.txt";
+    const auto sample = [this] {
+        return ledgoraProgram({"sample", "--bills", "1", "--parties", "1", "--companies", "1", "--data", folder()});
+    };
+    EXPECT_EQ(sample().status, 0);
+    EXPECT_EQ(contentOf(choice).simplified(), "B_COPY=0 R_COPY=0");
+    ASSERT_TRUE(QDir(folder() + "/server").removeRecursively()); // its data is empty again
+    write(choice, "B_COPY=1\r\nR_COPY=1\r\n");
+    EXPECT_EQ(sample().status, 0);
+    EXPECT_EQ(contentOf(choice).simplified(), "B_COPY=1 R_COPY=1");
+}
+
 TEST_F(OfficeTest, DataOfANewerVersionIsRefusedAndLeftAlone)
 {
     {
@@ -299,32 +313,48 @@ TEST_F(OfficeTemplates, MissingTemplateIsNamed)
     EXPECT_EQ(viewer(), nullptr);
 }
 
-TEST_F(OfficeTemplates, DamagedTemplateShowsWhatCouldBeReadAndIsLogged)
+TEST_F(OfficeTemplates, ATemplateThatIsNoneIsToldAndNothingIsShown)
 {
     struct Case
     {
-        const char *name;
+        const char *why;
         QByteArray content;
-        size_t pages;
     };
+    const QByteArray whole = R"({\rtf1\ansi\pard For #PARTY_NAME#\par {\b bold}\par})";
     const Case cases[] = {
-        {"cut short", R"({\rtf1\ansi\pard For #PARTY_NAME#\par {\b never closed)", 1},
-        {"no document at all", QByteArray("\0\1\2binary", 9), 1},
-        {"empty", "", 1},
+        {"the document ends inside of a group", whole.chopped(1)},
+        {"the document ends inside of a group", whole.first(whole.size() / 2)},
+        {"the document goes on behind its end", QByteArray(whole).replace("bold}", "bold}}")},
+        {"not an RTF document", QByteArray("\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1\0\0", 10)}, // an older word processor's
+        {"not an RTF document", QByteArray("PK\3\4\x14\0\6\0", 8)},
+        {"not an RTF document", "%PDF-1.7\n"},
+        {"not an RTF document", "For #PARTY_NAME#\n"},
+        {"the file is empty", ""},
     };
     failuresAreExpected();
-    for (const Case &c : cases) {
-        SCOPED_TRACE(c.name);
+    const auto refused = [&](const char *why) {
+        SCOPED_TRACE(why);
         QFile::remove(gLogPath);
-        write(templatePath(), c.content);
+        boxes
+            .expect("Failed to Open File [" + templatePath()
+                    + "].\nIt can not be used as a template: " + QLatin1String(why) + '.')
+            .icon(QMessageBox::Information);
         alt('P');
-        ASSERT_NE(viewer(), nullptr);
-        EXPECT_EQ(viewer()->pages().size(), c.pages);
+        EXPECT_EQ(viewer(), nullptr);
         EXPECT_EQ(errorLog().count(templatePath()), 1) << errorLog().toStdString();
+    };
+    for (const Case &c : cases) {
+        write(templatePath(), c.content);
+        refused(c.why);
         EXPECT_EQ(contentOf(templatePath()), c.content) << "the template stays as it is";
-        delete viewer();
-        show(screen());
     }
+    QFile::remove(templatePath());
+    ASSERT_TRUE(QDir().mkpath(templatePath()));
+    refused("it is a folder");
+    ASSERT_TRUE(QDir().rmdir(templatePath()));
+    write(templatePath(), whole);
+    alt('P');
+    EXPECT_NE(viewer(), nullptr);
 }
 
 } // namespace

@@ -11,10 +11,10 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QLabel>
 #include <QLineEdit>
 #include <QProgressDialog>
 #include <QPushButton>
-#include <QStatusBar>
 #include <QTest>
 #include <QTimer>
 #include <algorithm>
@@ -53,7 +53,7 @@ protected:
     }
 
     Keys keys() const { return Keys(m_window.get()); }
-    QString status() const { return m_window->statusBar()->currentMessage(); }
+    QString status() const { return m_window->findChild<QLabel *>("lblStatusLine")->text(); }
     template<class Control>
     Control *find(const char *name) const
     {

@@ -110,6 +110,28 @@ TEST(Filling, AValueIsSearchedByLaterReplacements)
     EXPECT_EQ(textOf(filling).toStdString(), "c/o Mehta");
 }
 
+TEST(Filling, AnOptionalParagraphWithoutAnyValueKeepsNoLabel)
+{
+    CharFormat hidden;
+    hidden.hidden = true;
+    for (const auto &[one, two, expected] : {std::tuple{"", "", ""},
+                                             {"", " ", ""},
+                                             {"", "b", "GSTIN  PAN b[optional]"},
+                                             {"0", "", "GSTIN 0 PAN [optional]"}}) {
+        Document document = documentOf({{"GSTIN #A# PAN #B#", {}}, {"[optional]", hidden}});
+        auto &paragraph = std::get<Paragraph>(document.sections.front().blocks.front().content);
+        paragraph.format.spaceBefore = 90;
+        Filling filling(document);
+        filling.setText("#A#", QString(one));
+        EXPECT_NE(textOf(filling), "") << "not before the last of its values is known";
+        filling.setText("#B#", QString(two));
+        EXPECT_EQ(textOf(filling).toStdString(), expected);
+    }
+    Filling plain(documentOf({{"GSTIN #A#", {}}}));
+    plain.setText("#A#", QString());
+    EXPECT_EQ(textOf(plain), "GSTIN ");
+}
+
 TEST(Filling, ValuesMayJoinToAPlaceholder)
 {
     Filling filling(documentOf({{"#A##B#", {}}}));

@@ -110,6 +110,15 @@ TEST(ParagraphLayout, SpacesAndLineHeightsAddUp)
     EXPECT_NEAR(piece(pages, "d").baseline.y() - top, 1350, 1);
 }
 
+TEST(ParagraphLayout, HiddenTextTakesNoRoom)
+{
+    const PageList pages =
+        layout(R"(\pard a{\v\fs99 not {\field{\*\fldinst PAGE}} this}b\par\pard{\v gone}\fs2\par c\par)");
+    EXPECT_EQ(words(pages[0]), (Words{"a", "b", "c"}));
+    const PageList plain = layout(R"(\pard a\par\pard\fs2\par c\par)");
+    EXPECT_NEAR(piece(pages, "c").baseline.y(), piece(plain, "c").baseline.y(), 1);
+}
+
 TEST(ParagraphLayout, AnEmptyParagraphIsAsTallAsItsEnd)
 {
     const PageList small = layout(R"(\pard a\par{\fs2\par}b\par)");

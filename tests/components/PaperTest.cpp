@@ -11,6 +11,7 @@
 #include <QTemporaryDir>
 #include <QUrl>
 #include <algorithm>
+#include <functional>
 #include <set>
 
 namespace ledgora::reporter {
@@ -19,9 +20,9 @@ namespace {
 
 const QStringList kinds = {QStringLiteral("Intra"), QStringLiteral("Inter"), QStringLiteral("NoTax")};
 
-QString templatePath(const QString &kind)
+QString templatePath(const QString &kind, int copies = 1)
 {
-    return QStringLiteral(LEDGORA_TEMPLATES "/GST_%1_Bill.doc").arg(kind);
+    return QStringLiteral(LEDGORA_TEMPLATES "/GST_%1_Bill%2.doc").arg(kind, QLatin1String(copies == 2 ? "_2Copy" : ""));
 }
 
 RtfRead readFile(const QString &path)
@@ -87,6 +88,59 @@ TEST(BillTemplates, AFilledBillIsOnePageWithEveryValueOnIt)
                                                                  << words.toStdString();
         EXPECT_TRUE(words.contains(kind == QStringLiteral("NoTax") ? QStringLiteral("BILL OF SUPPLY")
                                                                    : QStringLiteral("TAX INVOICE")));
+    }
+}
+
+/// The words of each page of a bill whose values `change` has changed.
+QStringList pagesWith(const QString &kind, int copies,
+                      const std::function<void(const QString &, PlaceholderValue &)> &change)
+{
+    Filling filling(readFile(templatePath(kind, copies)).document);
+    for (auto [placeholder, value] : billValues(kind, 10)) {
+        change(placeholder, value);
+        filling.setText(placeholder, value);
+    }
+    QStringList words;
+    for (const Page &page : layoutDocument(filling.document()))
+        words << wordsOf({page}).join(u' ');
+    return words;
+}
+
+TEST(BillTemplates, FurtherPagesNameTheBillInEachCopy)
+{
+    for (const QString &kind : kinds) {
+        for (const int copies : {1, 2}) {
+            const QStringList pages = pagesWith(kind, copies, [](const QString &placeholder, PlaceholderValue &value) {
+                if (placeholder.startsWith(u"#PARTICULARS"))
+                    value = QStringLiteral("Representation before the Tribunal ").repeated(15);
+            });
+            ASSERT_GE(pages.size(), 2);
+            const QString title = kind == u"NoTax" ? QStringLiteral("BILL OF SUPPLY") : QStringLiteral("TAX INVOICE");
+            EXPECT_FALSE(pages[0].contains("page ")) << pages[0].toStdString();
+            for (qsizetype page = 1; page < pages.size(); ++page) {
+                const QString head =
+                    "firm name " + title
+                    + QStringLiteral(" bill no of bill dt, page %1 of %2").arg(page + 1).arg(pages.size());
+                EXPECT_EQ(pages[page].count(head), copies) << pages[page].toStdString();
+                EXPECT_TRUE(pages[page].startsWith(head));
+            }
+        }
+    }
+}
+
+TEST(BillTemplates, ALabelWithoutItsValueIsNotPrinted)
+{
+    const QStringList labels{"GSTIN", "PAN", "Place of supply", "In favour of", "Bank", "Account no.", "IFSC"};
+    for (const bool hasValues : {true, false}) {
+        const QStringList pages = pagesWith("Intra", 1, [&](const QString &placeholder, PlaceholderValue &value) {
+            static const QRegularExpression optional("GSTIN|PAN|PLACE|PAYTERMS|NOTE");
+            if (!hasValues && placeholder.contains(optional))
+                value = QString();
+        });
+        ASSERT_EQ(pages.size(), 1);
+        for (const QString &label : labels)
+            EXPECT_EQ(pages[0].contains(label), hasValues) << label.toStdString();
+        EXPECT_FALSE(pages[0].contains("optional"));
     }
 }
 

@@ -160,8 +160,11 @@ TEST(ReportPages, BreakWhereARowDoesNotFit)
 {
     // A page takes 58 lines of normal pitch.
     const BreakCase cases[] = {
-        {"the heading is repeated", [](ReportWriter &report) { test::writeAccount(report, "P", 120); }, 2,
-         "Date Particulars Opening Bill Amount Amount Receipt Discount Balance Remarks TDS Net Tax 03-Nov-19"},
+        {"the heading is repeated, and the table's own title",
+         [](ReportWriter &report) { test::writeAccount(report, "PARTY", 120); }, 2,
+         "PARTY Date Particulars Opening Bill Amount Amount Receipt Discount Balance Remarks TDS Net Tax 03-Nov-19"},
+        {"the report's title is not the table's", [](ReportWriter &report) { test::writeBillDetails(report, 60); }, 2,
+         "Date Bill No."},
         {"a form feed",
          [](ReportWriter &report) { manyLines(report, 1), report.PrintText("\f"), manyLines(report, 1); }, 2, "line 1"},
         {"form feeds without a page between them",
@@ -197,6 +200,44 @@ TEST(ReportPages, BreakWhereARowDoesNotFit)
                 EXPECT_TRUE(!levelRules(*drawn, side->from.y()).empty() && !levelRules(*drawn, side->to.y()).empty())
                     << c.name << " page " << page + 1;
         }
+    }
+}
+
+TEST(ReportPages, WhatEndsATableStaysWithItsLastRowsAndTheBalanceStandsOpen)
+{
+    for (int count = 40; count < 70; ++count) {
+        const Pages pages = pagesOf([count](ReportWriter &report) {
+            beginTable(report);
+            for (int row = 0; row < count; ++row)
+                report.WriteToReport(test::tableRow({"entry", ""}, {40, 38}, "LL"));
+            report.WriteToReport(test::tableRow({"Total", ""}, {40, 38}, "LL", "11", "11"));
+            ReportRow closing = test::tableRow({"Balance", ""}, {40, 38}, "LL");
+            closing.left = closing.right = "0";
+            report.WriteToReport(closing);
+        });
+        const auto last = pages[pages.size() - 1];
+        EXPECT_GE(wordsOf(*last).count("entry"), 2) << count;
+        EXPECT_EQ(wordsOf(*last).count("Total"), 1) << count;
+        const qreal balance = piece(*last, "Balance").baseline.y();
+        for (const Rule &rule : last->drawing.rules)
+            EXPECT_LT(rule.to.y(), balance) << count;
+    }
+}
+
+TEST(ReportPages, TypeThatAnUprightPageWouldMakeTooSmallGetsAPageAcross)
+{
+    for (const auto &[width, pitch, size] : {std::tuple<qint16, QString, QSizeF>{77, test::normal, {11906, 16838}},
+                                             {87, test::normal, {11906, 16838}},
+                                             {90, test::normal, {16838, 11906}},
+                                             {90, test::condensed, {11906, 16838}},
+                                             {110, test::condensed, {16838, 11906}}}) {
+        const Pages pages = pagesOf([&](ReportWriter &report) {
+            report.PrintText(pitch + u';');
+            report.createtable(1, 2);
+            report.WriteToReport(test::tableRow({"a", "b"}, {width, width}, "LL", "11", "11"));
+        });
+        EXPECT_EQ(pages.front().size, size) << width;
+        EXPECT_GE(piece(pages.front(), "a").font.pixelSize(), 100) << width;
     }
 }
 

@@ -231,7 +231,7 @@ TEST(RtfReader, ASectionIsAsTheFormerOneUnlessItSaysOtherwise)
 TEST(RtfWriter, WhatIsWrittenIsReadAsTheSame)
 {
     for (const char *body :
-         {"a{\\b b}{\\i\\ul\\strike\\caps\\super\\fs18\\f1\\cf1\\highlight2 c}\\sub d\\fs2\\par",
+         {"a{\\b b}{\\v w}{\\i\\ul\\strike\\caps\\super\\fs18\\f1\\cf1\\highlight2 c}\\sub d\\fs2\\par",
           "\\'80\\u8377?\\u-10179?\\u-8704?\\u2325?\\{\\\\\\}\\~\\-\\_\\tab x\\line y;\\par",
           "\\qj\\li100\\ri200\\fi-50\\sb10\\sa20\\sl-"
           "300\\tqr\\tx900\\tx300\\tqc\\tx99\\cbpat1\\brdrb\\brdrdb\\brdrw30\\brsp40 x\\par"
@@ -246,9 +246,11 @@ TEST(RtfWriter, WhatIsWrittenIsReadAsTheSame)
           "e\\nestcell{\\*\\nesttableprops\\trowd\\cellx5\\nestrow}"
           "\\itap2 c\\nestcell{\\*\\nesttableprops\\trowd\\clbrdrl\\brdrs\\cellx10\\cellx20\\nestrow}\\itap1 "
           "d\\cell\\row",
-          "{\\field{\\*\\fldinst PAGE}{\\fldrslt 3}} of {\\b{\\field{\\*\\fldinst\\i numpages}{\\fldrslt 3}}}\\par",
+          "{\\field{\\*\\fldinst SECTIONPAGES}{\\fldrslt 3}}{\\field{\\*\\fldinst PAGE}{\\fldrslt 3}} of "
+          "{\\b{\\field{\\*\\fldinst\\i numpages}{\\fldrslt 3}}}\\par",
           "{\\pict\\pngblip\\picwgoal300\\pichgoal200\\picscalex50\\piccropl10\\piccropb-5 " PNG_OF_ONE_DOT "}x\\par",
-          "\\landscape\\paperw9000\\margb7\\sectd\\headery1\\footery2\\titlepg\\cols3\\colsx4\\pgbrdropt32\\pgbrdrt\\br"
+          "\\landscape\\paperw9000\\margb7\\sectd\\headery1\\footery2\\titlepg\\pgnrestart\\cols3\\colsx4\\pgbrdropt32"
+          "\\pgbrdrt\\br"
           "drs\\brsp9"
           "{\\header h\\par}{\\footer f\\par}{\\headerf "
           "i\\par}a\\par\\sect\\sectd\\sbknone\\pgwsxn8000{\\header\\par}{\\footerf g\\par}b\\par"}) {
@@ -315,7 +317,7 @@ TEST_P(BrokenRtf, GivesWhatCouldBeReadAndSaysWhy)
 INSTANTIATE_TEST_SUITE_P(
     Files, BrokenRtf,
     testing::Values(
-        BrokenCase{"empty", "", "", "not an RTF document"},
+        BrokenCase{"empty", "", "", "the file is empty"},
         BrokenCase{"something_else", "\xD0\xCF\x11\xE0", "", "not an RTF document"},
         BrokenCase{"cut_in_a_paragraph", "{\\rtf1 abc", "(<abc>)", "the document ends inside of a group"},
         BrokenCase{"cut_in_a_row", "{\\rtf1\\trowd\\cellx9\\intbl a\\cell b", "{[(<a>)][(<b>)]}",
@@ -328,7 +330,8 @@ INSTANTIATE_TEST_SUITE_P(
                    "binary data is cut short at byte 15"},
         BrokenCase{"backslash_at_the_end", "{\\rtf1 a\\", "(<a>)", "the text ends after a backslash at byte 9"},
         BrokenCase{"too_deep", "{\\rtf1 a\\par" + QByteArray(100000, '{'), "(<a>)", "groups are nested too deeply"},
-        BrokenCase{"text_behind_the_end", "{\\rtf1 a\\par}}}b", "(<a>)", ""},
+        BrokenCase{"litter_behind_the_end", "{\\rtf1 a\\par}}}b", "(<a>)", ""},
+        BrokenCase{"ended_in_the_midst", "{\\rtf1 a\\par}}b\\par}", "(<a>)", "the document goes on behind its end"},
         BrokenCase{
             "picture_of_two_thousand_million_dots",
             "{\\rtf1 a{\\pict\\pngblip 89504e470d0a1a0a0000000d494844527fffffff000000010806000000a03633dd}\\par}",

@@ -296,22 +296,33 @@ TEST_F(StockReporterTest, AChangedTemplateIsReadAgain)
     EXPECT_EQ(shownText().toStdString(), "after it\n");
 }
 
-TEST_F(StockReporterTest, AFaultyTemplateIsShownAsFarAsItGoes)
+TEST_F(StockReporterTest, TellsWhatMustBeKnownOfAReportAboveItsPages)
 {
-    writeTemplate("{\\rtf1 half of #X");
-    reporter->newreportnew(path);
-    EXPECT_EQ(shownText().toStdString(), "half of #X\n");
+    for (const QString &notice : {QString(), QStringLiteral("This report is incomplete.")}) {
+        reporter->NewReport();
+        reporter->PrintText(QStringLiteral("a line"));
+        reporter->SetNotice(notice);
+        reporter->ShowReport(false);
+        const auto *label = host.shown.back()->findChild<QLabel *>(QStringLiteral("lblNotice"));
+        EXPECT_EQ(label->text(), notice);
+        EXPECT_EQ(label->isVisibleTo(host.shown.back()), !notice.isEmpty());
+    }
 }
 
-TEST_F(StockReporterTest, WithoutATemplateNothingIsShownNorSaved)
+TEST_F(StockReporterTest, WithoutAWholeTemplateNothingIsShownNorSaved)
 {
-    writeTemplate("{\\rtf1 former\\par}");
-    reporter->newreportnew(path);
-    reporter->newreportnew(folder.filePath(QStringLiteral("Missing.doc")));
-    reporter->SetText(QStringLiteral("#X#"), QStringLiteral("x"));
-    EXPECT_EQ(shownText(), QString());
-    reporter->SaveToPDF(folder.filePath(QStringLiteral("a.pdf")), 12);
-    EXPECT_FALSE(QFile::exists(folder.filePath(QStringLiteral("a.pdf"))));
+    const QString cut = folder.filePath(QStringLiteral("Cut.doc"));
+    ASSERT_TRUE(QFile(cut).open(QIODevice::NewOnly));
+    for (const QString &bad : {folder.filePath(QStringLiteral("Missing.doc")), cut}) {
+        writeTemplate("{\\rtf1 former\\par}");
+        reporter->newreportnew(path);
+        reporter->newreportnew(bad);
+        EXPECT_NE(reporter->LastError(), QString());
+        reporter->SetText(QStringLiteral("#X#"), QStringLiteral("x"));
+        EXPECT_EQ(shownText(), QString());
+        reporter->SaveToPDF(folder.filePath(QStringLiteral("a.pdf")), 12);
+        EXPECT_FALSE(QFile::exists(folder.filePath(QStringLiteral("a.pdf"))));
+    }
 }
 
 TEST_F(StockReporterTest, SavesAsPdf)
@@ -406,6 +417,32 @@ TEST_F(StockReporterTest, ARunJoinsItsDocumentsOnPagesOfTheFirst)
     EXPECT_EQ(pages.paper(2).width(), 8000);
     EXPECT_NEAR(pages[1]->drawing.texts[0].baseline.y(), pages[0]->drawing.texts[0].baseline.y(), 60);
     EXPECT_EQ(host.shown.back()->windowTitle().toStdString(), "Preview - Bill 7 and 2 more");
+}
+
+TEST_F(StockReporterTest, EachDocumentOfARunCountsItsOwnPages)
+{
+    const QString rtf = folder.filePath(QStringLiteral("Bill.rtf"));
+    writeTemplate("{\\rtf1\\sectd\\titlepg{\\header #BILL_NO#: {\\field{\\*\\fldinst PAGE}} of {\\field{\\*\\fldinst "
+                  "NUMPAGES}}\\par}a\\par\\page b\\par}");
+    for (const char *number : {"7", "8"}) {
+        reporter->initReport(*number == '7', false);
+        if (*number != '7')
+            reporter->SetFontSizeBeforeAppendFile(QStringLiteral("\f\r\n"), 2);
+        reporter->OpenMasterFile(path);
+        reporter->NewSetText(QStringLiteral("#BILL_NO#"), QString::fromLatin1(number));
+        reporter->SaveMasterFile(rtf);
+        reporter->AppendFile(rtf);
+    }
+    reporter->SaveToRTF(folder.filePath(QStringLiteral("all.rtf")));
+    reporter->ShowReport(false);
+    QStringList shown;
+    const Pages pages = dynamic_cast<Viewer &>(*host.shown.back()).pages();
+    for (int page = 0; page < pages.size(); ++page)
+        shown << textOf(*pages[page]).simplified();
+    EXPECT_EQ(shown, (QStringList{"a", "7: 2 of 2 b", "a", "8: 2 of 2 b"}));
+    QFile saved(folder.filePath(QStringLiteral("all.rtf")));
+    ASSERT_TRUE(saved.open(QIODevice::ReadOnly));
+    EXPECT_EQ(saved.readAll().count("SECTIONPAGES"), 2);
 }
 
 TEST_F(StockReporterTest, WhatFailsInARunIsToldAndAbortingLeavesNothing)

@@ -43,6 +43,8 @@ TEST(TemplateCheck, NamesEachFaultOfATemplate)
         {"beyond the tenth row", inter, "#NOTE#", "#AMT_11#", "\"#AMT_11#\" is no field; did you mean \"#AMT_1#\"?"},
         {"another kind's", inter, "#NOTE#", "#GTCAMT#",
          "\"#GTCAMT#\" is not filled in this kind of document; its name would be printed"},
+        {"misspelt on further pages", inter, "page ", "page #BIL_NO# ",
+         "\"#BIL_NO#\" is no field; did you mean \"#BILL_NO#\"?"},
         {"a row left out", inter, "#DISC_7#", "", "\"#DISC_n#\" is missing in row 7"},
         {"a copy left out", "GST_Receipt_2Copy.doc", "#AMOUNT#\n", "\n", "\"#AMOUNT#\" does not stand in every copy"},
         {"no number", inter, "#BILL_NO#", "", "\"#BILL_NO#\" is missing: a tax invoice must show its number (rule 46)"},

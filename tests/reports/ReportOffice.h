@@ -108,7 +108,7 @@ protected:
     QString make(ReportKind kind)
     {
         request.kind = kind;
-        return makeReport(db(), request, report, unwatched());
+        return makeReport(db(), request, report, unwatched()).fault;
     }
     QStringList lines(ReportKind kind)
     {

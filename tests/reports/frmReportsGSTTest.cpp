@@ -252,6 +252,28 @@ TEST_F(ReportsScreen, ShowsTheReportAndKeepsAllChoices)
     EXPECT_EQ(shown().at(1), "Client Accounts for the Period From 01/04/2024 to 31/03/2025");
 }
 
+TEST_F(ReportsScreen, ShowsWhatCouldNotBeReadWholeAsIncomplete)
+{
+    failuresAreExpected();
+    const QString said = "This report is incomplete. The database failed: ";
+    data().run("Rename Table GST_RecpD To Away");
+    openParties(3);
+    press(Qt::Key_A, Qt::ControlModifier);
+    alt('P');
+    EXPECT_TRUE(NotingReporter::asked().contains("ShowReport"));
+    EXPECT_TRUE(NotingReporter::rows().notice().startsWith(said));
+    data().run("Rename Table Away To GST_RecpD");
+    alt('P');
+    EXPECT_EQ(NotingReporter::rows().notice(), "");
+    data().run("Rename Table GST_ClRegNo To Away"); // of the client list
+    openParties(3);
+    EXPECT_TRUE(find<QLabel>("lblTicked")->text().startsWith("Clients may be missing here"));
+    data().run("Rename Table Away To GST_ClRegNo");
+    press(Qt::Key_A, Qt::ControlModifier);
+    alt('P');
+    EXPECT_TRUE(NotingReporter::rows().notice().startsWith(said));
+}
+
 TEST_F(ReportsScreen, ShowsTheClientsOfAGroupAlone)
 {
     ASSERT_TRUE(createSchema(data().db(), "G"));

@@ -18,6 +18,8 @@ namespace {
 
 constexpr int worstCompany = 90;
 constexpr int firstWorst = 900;
+constexpr int sparseCompany = 91;
+constexpr int firstSparse = 950;
 
 QString worstLine(const QString &kind, int bill, int line)
 {
@@ -74,6 +76,28 @@ void addWorst(Connection &db)
         db.Execute(QString("Insert Into GST_RecpD Values (900,%1,%2,99999999,0,999999)").arg(line).arg(900 + line % 3));
 }
 
+/// A company and a client of which nothing but name and state is known.
+void addSparse(Connection &db)
+{
+    db.Execute("Insert Into GST_FirmMas Values (91,'RAO','','','','','','MAHARASHTRA','','','','','','','','','','','',"
+               "'','','','','','','','')");
+    db.Execute(
+        "Insert Into GST_OthCl Values (91,'BILL~OTHCL-000091','KIRAN','','','','','','','MAHARASHTRA','','','','',"
+        "'','','')");
+    int bill = firstSparse;
+    for (const char *kind : {"INTRA", "INTER", "NO"}) {
+        db.Execute(QString("Insert Into GST_BillM Values (%1,91,2024,'BILL~OTHCL-000091',0,%1,'2024-06-15',"
+                           "'MAHARASHTRA','%2','')")
+                       .arg(bill)
+                       .arg(kind));
+        db.Execute(
+            QString("Insert Into GST_BillD Values (%1,1,'Advice','','',0,500,0,500,'N',0,0,0,0,0,0,500)").arg(bill));
+        ++bill;
+    }
+    db.Execute(
+        "Insert Into GST_RecpM Values (950,91,2024,'BILL~OTHCL-000091',0,950,'2024-06-15',500,'0',0,'','','','','')");
+}
+
 /// Single or double copy of the bills and receipts of a company, each page a picture.
 QString picture(Connection &db, const QString &out, const QString &name, const QList<int> &bills,
                 const QList<int> &receipts)
@@ -108,10 +132,15 @@ QString picturePapers(const QString &officeFolder, const QString &outFolder)
     const app::Billing billing(office, nullptr);
     Connection &db = office.connection();
     addWorst(db);
+    addSparse(db);
     gFirmId = 1;
     QString fault = picture(db, outFolder, QStringLiteral("ordinary"), {1, 2, 3}, {4});
     gFirmId = worstCompany;
     if (fault.isEmpty())
         fault = picture(db, outFolder, QStringLiteral("worst"), {firstWorst, firstWorst + 1, firstWorst + 2}, {900});
+    gFirmId = sparseCompany;
+    if (fault.isEmpty())
+        fault =
+            picture(db, outFolder, QStringLiteral("sparse"), {firstSparse, firstSparse + 1, firstSparse + 2}, {950});
     return fault;
 }

@@ -20,6 +20,22 @@ bool hasMarginTexts(const Section &section)
 
 } // namespace
 
+namespace {
+
+/// "Page 2 of 3" goes on to speak of the one document, whatever stands before and behind it.
+void countPagesAlone(Document &document)
+{
+    document.sections.front().page.restartsPages = true;
+    everyParagraph(document, [](Paragraph &paragraph) {
+        for (Run &run : paragraph.runs) {
+            if (run.field == Field::PageCount)
+                run.field = Field::SectionPages;
+        }
+    });
+}
+
+} // namespace
+
 void CombinedReport::putBeforeNext(const QString &text, int fontSize)
 {
     Paragraph paragraph;
@@ -61,6 +77,8 @@ void CombinedReport::append(Document document, const QString &name)
     for (Section &section : document.sections)
         if (m_page && section.page == own)
             section.page = *m_page; // a page that its document turns on purpose stays as it is
+    if (ownSection)
+        countPagesAlone(document);
     first.blocks.insert(first.blocks.begin(), std::make_move_iterator(m_before.begin()),
                         std::make_move_iterator(m_before.end()));
     m_before.clear();

@@ -5,7 +5,8 @@
 namespace ledgora::reporter {
 
 /// A report put together from many documents, one behind the other, on the page that was set for it. A document that
-/// has headers or footers, which may speak of that document alone, gets a section of its own.
+/// has headers or footers, which may speak of that document alone, gets a section of its own, with its own page
+/// numbers.
 class CombinedReport
 {
 public:

@@ -52,6 +52,7 @@ struct CharFormat
     bool underline = false;
     bool strike = false;
     bool capitals = false; ///< shown in capitals, whatever the text holds
+    bool hidden = false;   ///< takes no room and is not shown, but a save keeps it
     Script script = Script::Normal;
     Colour colour;
     Colour background;
@@ -110,7 +111,7 @@ struct Anchor
     bool operator==(const Anchor &) const = default;
 };
 
-enum class Field { None, Page, PageCount };
+enum class Field { None, Page, PageCount, SectionPages };
 
 /// In a run's text a TAB moves to the next tab stop and `lineBreak` begins a new line of the same paragraph; it holds
 /// no other control characters.
@@ -279,7 +280,8 @@ struct PageSetup
     bool landscape = false;
     Twips headerDistance = 720; ///< from the paper's edge
     Twips footerDistance = 720;
-    bool titlePage = false; ///< the first page has its own header and footer
+    bool titlePage = false;     ///< the first page has its own header and footer
+    bool restartsPages = false; ///< its pages are numbered from 1
     int columns = 1;
     Twips columnGap = 720;
     Sides<BorderLine> borders = {}; ///< around the text, or along the paper's edge

@@ -125,12 +125,49 @@ int replaceInParagraph(Paragraph &paragraph, const QString &placeholder, const Q
     return static_cast<int>(found.size());
 }
 
+namespace {
+
+/// Stands as hidden text in a paragraph that is not wanted without a value.
+constexpr auto optionalMark = "[optional]";
+
+bool isOptional(const Paragraph &paragraph)
+{
+    QString hidden;
+    for (const Run &run : paragraph.runs) {
+        if (run.format.hidden)
+            hidden += run.text;
+    }
+    return hidden.contains(QLatin1String(optionalMark), Qt::CaseInsensitive);
+}
+
+/// Takes no more room than its end, which a template can make as small as it likes.
+void clear(Paragraph &paragraph)
+{
+    paragraph.runs.clear();
+    paragraph.format.spaceBefore = paragraph.format.spaceAfter = 0;
+    paragraph.format.lineSpacing = {};
+}
+
+} // namespace
+
 Filling::Filling(Document document) : m_document(std::move(document))
 {
     everyParagraph(m_document, [this](Paragraph &paragraph) {
         const auto &runs = paragraph.runs;
         if (std::any_of(runs.begin(), runs.end(), [](const Run &run) { return run.text.contains(u'#'); }))
-            m_open.push_back({&paragraph, paragraph.text()});
+            m_open.push_back({&paragraph, paragraph.text(), isOptional(paragraph)});
+    });
+}
+
+/// Paragraphs without a further "#" are done.
+void Filling::closeFilled()
+{
+    std::erase_if(m_open, [](const Open &open) {
+        if (open.text.contains(u'#'))
+            return false;
+        if (open.optional && !open.filled)
+            clear(*open.paragraph);
+        return true;
     });
 }
 
@@ -142,10 +179,11 @@ int Filling::setText(const QString &placeholder, const PlaceholderValue &value)
         if (!holds(open.text, placeholder))
             continue;
         count += replaceInParagraph(*open.paragraph, placeholder, text);
+        open.filled = open.filled || !text.trimmed().isEmpty();
         open.text = open.paragraph->text();
     }
     if (count > 0)
-        std::erase_if(m_open, [](const Open &open) { return !open.text.contains(u'#'); });
+        closeFilled();
     return count;
 }
 

@@ -13,6 +13,9 @@ namespace ledgora::reporter {
 /// in which the placeholder begins. CR LF, LF or CR in a value breaks the line, ESC E switches bold on and ESC F off
 /// again; other control characters are dropped. A value is text and never markup: braces and back-slashes stand as they
 /// are. What a replacement has inserted is searched by later replacements but not by itself.
+///
+/// A paragraph with the hidden text "[optional]" loses all of its text when its placeholders all came out empty, so
+/// that no label stands without its value. Any word processor can hide text, and keeps it.
 class Filling
 {
 public:
@@ -31,7 +34,10 @@ private:
     {
         Paragraph *paragraph;
         QString text;
+        bool optional;       ///< goes when all its values are empty
+        bool filled = false; ///< by a value that is not empty
     };
+    void closeFilled();
 
     Document m_document;
     std::vector<Open> m_open; ///< in reading order

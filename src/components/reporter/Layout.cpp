@@ -9,12 +9,13 @@ namespace ledgora::reporter {
 
 namespace {
 
-bool hasField(const std::vector<Block> &blocks, Field field)
+/// Whether the text tells how many pages there are, which is known only behind a first laying out.
+bool tellsTotals(const std::vector<Block> &blocks)
 {
     bool found = false;
     eachParagraph(blocks, [&](const Paragraph &paragraph) {
-        found = found || std::any_of(paragraph.runs.begin(), paragraph.runs.end(), [field](const Run &run) {
-                    return run.field == field;
+        found = found || std::any_of(paragraph.runs.begin(), paragraph.runs.end(), [](const Run &run) {
+                    return run.field == Field::PageCount || run.field == Field::SectionPages;
                 });
     });
     return found;
@@ -69,7 +70,7 @@ void drawPageBorders(Page &page, const Section &section)
 constexpr std::size_t blocksBetweenWords = 64;
 
 /// Lays the sections out; nothing when `progress` ends it.
-std::optional<Pager> paged(const Document &document, int pageCount, const Progress &progress)
+std::optional<Pager> paged(const Document &document, const PageTotals &totals, const Progress &progress)
 {
     qint64 done = 0;
     qint64 total = 0;
@@ -79,7 +80,7 @@ std::optional<Pager> paged(const Document &document, int pageCount, const Progre
         return block % blocksBetweenWords != 0
                || progress(done + static_cast<qint64>(block), total, QStringLiteral("Laying out pages"));
     };
-    Pager pager(pageCount);
+    Pager pager(totals);
     for (const Section &section : document.sections) {
         if (!pager.add(section, goesOn))
             return std::nullopt;
@@ -124,19 +125,18 @@ std::vector<Slice> layoutColumn(const std::vector<Block> &blocks, qreal width, c
 
 PageList layoutDocument(const Document &document, const Progress &progress)
 {
-    std::optional<Pager> pager = paged(document, 1, progress);
-    const bool tellsCount = std::any_of(document.sections.begin(), document.sections.end(), [](const Section &section) {
-        return hasField(section.blocks, Field::PageCount);
-    });
-    if (pager && tellsCount)
-        pager = paged(document, static_cast<int>(pager->owners().size()), progress);
+    std::optional<Pager> pager = paged(document, {}, progress);
+    const bool isKnownLate = std::any_of(document.sections.begin(), document.sections.end(),
+                                         [](const Section &section) { return tellsTotals(section.blocks); });
+    if (pager && isKnownLate)
+        pager = paged(document, pager->totals(), progress);
     if (!pager)
         return {};
     PageList pages = pager->takePages();
-    const int count = static_cast<int>(pages.size());
-    for (int i = 0; i < count; ++i) {
+    const PageTotals totals = pager->totals();
+    for (std::size_t i = 0; i < pages.size(); ++i) {
         const PageOwner &owner = pager->owners()[i];
-        drawMargins(pages[i], owner, {i + 1, count});
+        drawMargins(pages[i], owner, numbersOf(owner, totals));
         drawPageBorders(pages[i], *owner.section);
     }
     return pages;

@@ -74,6 +74,19 @@ QRectF roomOf(const Section &section, bool first)
     return room.height() < smallestRoom ? withinMargins(page) : room;
 }
 
+PageNumbers numbersOf(const PageOwner &owner, const PageTotals &totals)
+{
+    return {owner.number, totals.pages, totals.ofSections.value(owner.section, 1)};
+}
+
+PageTotals Pager::totals() const
+{
+    PageTotals totals{static_cast<int>(m_owners.size()), {}};
+    for (const PageOwner &owner : m_owners)
+        ++totals.ofSections[owner.section];
+    return totals;
+}
+
 bool Pager::add(const Section &section, const std::function<bool(std::size_t block)> &goesOn)
 {
     begin(section);
@@ -112,7 +125,8 @@ void Pager::begin(const Section &section)
 void Pager::newPage()
 {
     const bool first = m_owners.empty() || m_owners.back().section != m_section;
-    m_owners.push_back({m_section, first});
+    const bool restarts = m_owners.empty() || (first && m_section->page.restartsPages);
+    m_owners.push_back({m_section, first, restarts ? 1 : m_owners.back().number + 1});
     m_pages.push_back({QSizeF(m_section->page.width, m_section->page.height), {}});
     m_room = roomOf(*m_section, first);
     m_room.setWidth(columnWidth(m_section->page));

@@ -2,6 +2,7 @@
 
 #include "components/reporter/Slices.h"
 #include "components/reporter/TableLayout.h"
+#include <QHash>
 #include <functional>
 #include <variant>
 
@@ -12,25 +13,36 @@ struct PageOwner
 {
     const Section *section = nullptr;
     bool first = false;
+    int number = 1; ///< as its page number field shows it
 };
+
+/// How many pages there are, known behind a first laying out.
+struct PageTotals
+{
+    int pages = 1;
+    QHash<const Section *, int> ofSections; ///< counted by the section that a page shows in its margins
+};
+
+PageNumbers numbersOf(const PageOwner &owner, const PageTotals &totals);
 
 /// Fills page after page, and column after column of them, with slices and tables. The margins' texts only take their
 /// room here; they are drawn when all pages are known.
 class Pager
 {
 public:
-    explicit Pager(int pageCount) : m_pageCount(pageCount) {}
+    explicit Pager(PageTotals totals) : m_totals(std::move(totals)) {}
 
     /// Asks `goesOn` ahead of each block with its number; False when that ended it.
     bool add(const Section &section, const std::function<bool(std::size_t block)> &goesOn);
 
     PageList takePages() { return std::move(m_pages); }
     const std::vector<PageOwner> &owners() const { return m_owners; }
+    PageTotals totals() const;
 
 private:
     using Laid = std::variant<std::vector<Slice>, TableLayout>;
 
-    PageNumbers numbers() const { return {static_cast<int>(m_pages.size()), m_pageCount}; }
+    PageNumbers numbers() const { return numbersOf(m_owners.back(), m_totals); }
     void begin(const Section &section);
     void newPage();
     void nextColumn();
@@ -47,7 +59,7 @@ private:
     bool isFresh() const { return m_y <= m_room.top(); }
     bool isFirstOfAll() const { return m_pages.size() == 1 && isFresh(); }
 
-    int m_pageCount;
+    PageTotals m_totals;
     const Section *m_section = nullptr;
     QRectF m_room; ///< the column that is being filled
     qreal m_y = 0;

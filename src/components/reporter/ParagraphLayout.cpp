@@ -84,15 +84,17 @@ QFont fontOf(const Picture &picture, const CharFormat &format)
 
 QString shownText(const Run &run, const PageNumbers &numbers)
 {
+    if (run.anchor || run.format.hidden)
+        return {};
     if (run.picture)
         return QStringLiteral("M");
-    if (run.anchor)
-        return {};
     switch (run.field) {
     case Field::Page:
         return QString::number(numbers.page);
     case Field::PageCount:
         return QString::number(numbers.pages);
+    case Field::SectionPages:
+        return QString::number(numbers.sectionPages);
     default:
         return run.format.capitals ? run.text.toUpper() : run.text;
     }
@@ -166,7 +168,7 @@ ParagraphLayout::ParagraphLayout(const Paragraph &paragraph, qreal width, const 
         ranges.append(range);
     }
     m_layout.setText(m_text);
-    m_layout.setFont(m_fonts.empty() ? fontOf(paragraph.endFormat) : m_fonts.front());
+    m_layout.setFont(m_text.isEmpty() ? fontOf(paragraph.endFormat) : m_fonts.front());
     m_layout.setFormats(ranges);
     m_layout.setTextOption(optionOf(m_format));
 }

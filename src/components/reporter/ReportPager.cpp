@@ -12,10 +12,34 @@ constexpr qreal tableGap = 0.4;  ///< between a table and free lines, in lines
 
 } // namespace
 
+namespace {
+
+/// Whether an upright page would set some row too small to be read, in the pitch in which its kind first comes.
+bool wantsWidth(const ReportRows &rows, const std::vector<RowGrid> &grids)
+{
+    constexpr int smallestType = 100; // twips, 5 points
+    ReportFaces faces{ReportPaper(false)};
+    std::vector<bool> seen(grids.size());
+    PrintState print;
+    for (int entry = 0; entry < rows.size(); ++entry) {
+        if (rows.kind(entry) == ReportRows::Kind::Text)
+            print = afterLeadingCodes(rows.text(entry), print);
+        if (rows.kind(entry) != ReportRows::Kind::Row || seen[rows.formatNumber(entry)])
+            continue;
+        const int format = rows.formatNumber(entry);
+        seen[format] = true;
+        if (faces.face(grids[format], print.condensed).fonts[0].pixelSize() < smallestType)
+            return true;
+    }
+    return false;
+}
+
+} // namespace
+
 ReportPager::ReportPager(const ReportRows &rows)
     : m_rows(rows)
     , m_grids(gridsOf(rows))
-    , m_paper(rows.wide())
+    , m_paper(rows.wide() || wantsWidth(rows, m_grids))
     , m_faces(m_paper)
 {
 }
@@ -90,7 +114,7 @@ bool ReportPager::fill(ReportPlace &place, ReportCanvas *canvas)
 }
 
 /// A second call in the middle of a heading goes on with it.
-void ReportPager::takeTable(ReportPlace &place) const
+void ReportPager::takeTable(ReportPlace &place)
 {
     const bool goesOn = place.inHeading && place.headingFrom < place.headingTo;
     ++place.entry;
@@ -99,6 +123,15 @@ void ReportPager::takeTable(ReportPlace &place) const
     place.inHeading = true;
     place.headingFrom = place.headingTo = place.entry;
     place.headingPrint = place.print;
+    noteTitle(place);
+}
+
+/// What stands between the change of pitch and the table.
+void ReportPager::noteTitle(ReportPlace &place)
+{
+    place.titleTo = place.entry;
+    place.titleFrom = place.nextTitle < 0 ? place.titleTo : place.nextTitle;
+    place.nextTitle = -1;
 }
 
 void ReportPager::noteHeading(ReportPlace &place, int entry) const
@@ -152,6 +185,31 @@ qreal ReportPager::leadHeight(const ReportPlace &place)
     return 0; // no table
 }
 
+/// Height of the rows that end a table and of those that stay with them, when this is the first of these. A total on a
+/// page of its own would stand for nothing.
+qreal ReportPager::endHeight(const ReportPlace &place)
+{
+    constexpr int kept = 2;
+    int end = place.entry;
+    while (isTableRow(end) && !gridOf(end).hasTop()) {
+        if (++end - place.entry > kept)
+            return 0;
+    }
+    if (!isTableRow(end) || end == place.entry)
+        return 0;
+    while (isTableRow(end))
+        ++end;
+    const RowGrid *above = m_last;
+    PrintState print = place.print;
+    qreal height = 0;
+    for (int entry = place.entry; entry < end; ++entry) {
+        height += heightOf(entry, print).whole();
+        m_last = &gridOf(entry);
+    }
+    m_last = above;
+    return height;
+}
+
 bool ReportPager::takeRow(ReportPlace &place)
 {
     if (!place.pending.isEmpty())
@@ -193,9 +251,9 @@ ReportPager::Room ReportPager::roomFor(const ReportPlace &place, qreal height)
         return Room::NextPage;
     const bool begins = place.inHeading && place.headingFrom == place.headingTo;
     const bool goesOn = place.inTable && !begins && gridOf(place.entry).inTable;
-    if (goesOn || isFresh())
+    if (isFresh() || (goesOn && place.inHeading))
         return Room::Here;
-    const qreal lead = leadHeight(place);
+    const qreal lead = goesOn ? endHeight(place) : leadHeight(place);
     return lead > room && lead <= page ? Room::NextPage : Room::Here;
 }
 
@@ -232,10 +290,25 @@ bool ReportPager::splitRow(ReportPlace &place)
     return false;
 }
 
+/// The first line is the name; what may stand below it was told once.
+void ReportPager::repeatTitle(const ReportPlace &place)
+{
+    PrintState print = place.titlePrint;
+    for (int entry = place.titleFrom; entry < place.titleTo; ++entry) {
+        if (!isRow(entry))
+            continue;
+        const RowFace &face = faceOf(entry, print);
+        putRow(entry, print, heightOf(entry, print), 0, 1);
+        m_y += face.line * tableGap;
+        return;
+    }
+}
+
 void ReportPager::repeatHeading(const ReportPlace &place)
 {
+    repeatTitle(place);
     PrintState print = place.headingPrint;
-    qreal height = 0;
+    qreal height = m_y - m_paper.top;
     PrintState measured = print;
     for (int entry = place.headingFrom; entry < place.headingTo; ++entry)
         height += isRow(entry) ? heightOf(entry, measured).whole() : 0;
@@ -275,7 +348,7 @@ void ReportPager::drawRow(int entry, PrintState print, const Height &height, int
     if (gridOf(entry).hasTop() && grid.inTable)
         m_canvas->band(grid, face, m_y, down);
     m_canvas->rules(grid, face, m_y, down);
-    if (grid.inTable && m_goesOn && m_y <= m_paper.top)
+    if (grid.inTable && grid.hasSides() && m_goesOn && m_y <= m_paper.top)
         m_canvas->close(grid, face, m_y); // without a heading the box would be open above
     std::size_t next = 0;
     for (int i = 0; i < m_rows.cells(entry); ++i) {
@@ -312,8 +385,13 @@ bool ReportPager::takeText(ReportPlace &place)
     ++place.entry;
     place.pending += text;
     const bool onlyCodes = shownText(place.pending).isEmpty();
-    if (onlyCodes)
+    if (onlyCodes) {
         wrappedLines(std::exchange(place.pending, {}), 1, place.print);
+        if (!place.print.condensed) {
+            place.nextTitle = place.entry;
+            place.titlePrint = place.print;
+        }
+    }
     if (!goesOn && (feed < 0 || !onlyCodes))
         endLine(place);
     return true;
@@ -337,7 +415,7 @@ void ReportPager::endLine(ReportPlace &place)
 
 void ReportPager::closeTable()
 {
-    if (m_canvas && m_last && !m_last->hasBottom())
+    if (m_canvas && m_last && m_last->hasSides() && !m_last->hasBottom())
         m_canvas->close(*m_last, *m_lastFace, m_y);
 }
 

@@ -16,8 +16,12 @@ struct ReportPlace
     int headingFrom = 0; ///< rows that are repeated on each page which the table reaches; none when it is the end
     int headingTo = 0;
     PrintState headingPrint; ///< what was switched on ahead of them
-    bool inHeading = false;  ///< a table was begun and its heading is not through
-    bool inTable = false;    ///< the entry before is a row of a table
+    int titleFrom = 0; ///< free lines that name the table, from a change to the normal pitch on; none when the end
+    int titleTo = 0;
+    int nextTitle = -1; ///< where that of the next table would begin, or -1
+    PrintState titlePrint;
+    bool inHeading = false; ///< a table was begun and its heading is not through
+    bool inTable = false;   ///< the entry before is a row of a table
 
     bool hasHeading() const { return headingFrom < headingTo && !inHeading; }
 };
@@ -27,8 +31,9 @@ struct ReportPlace
 ///
 /// A row that does not fit moves to the next page, below the table's heading; only one taller than a page is split. The
 /// heading of a table are its first rows, from one with a rule above to one with a rule below, which two calls of
-/// createtable may part. Lines above a table stay with its heading and its first row. A table that goes on is closed
-/// with a rule at the page's end.
+/// createtable may part; ahead of them the first line of a title that was printed for this table alone. Lines above a
+/// table stay with its heading and its first row, the rows that end it with the two before them. A table that goes on
+/// is closed with a rule at the page's end. A report whose type an upright page would make too small lies on its side.
 class ReportPager
 {
 public:
@@ -54,14 +59,18 @@ private:
     bool isBlank(int entry) const;
 
     qreal leadHeight(const ReportPlace &place);
+    qreal endHeight(const ReportPlace &place);
+    bool isTableRow(int entry) const { return entry < m_rows.size() && isRow(entry) && gridOf(entry).inTable; }
     bool takeText(ReportPlace &place);
-    void takeTable(ReportPlace &place) const;
+    static void takeTable(ReportPlace &place);
     enum class Room { Here, NextPage, Nowhere };
     Room roomFor(const ReportPlace &place, qreal height);
     bool takeRow(ReportPlace &place);
     bool splitRow(ReportPlace &place);
     void leaveRow(ReportPlace &place, const PrintState &behind) const;
     void noteHeading(ReportPlace &place, int entry) const;
+    static void noteTitle(ReportPlace &place);
+    void repeatTitle(const ReportPlace &place);
     void repeatHeading(const ReportPlace &place);
     void putRow(int entry, PrintState &print, const Height &height, int firstLine, int lastLine);
     void drawRow(int entry, PrintState print, const Height &height, int firstLine, int lastLine);

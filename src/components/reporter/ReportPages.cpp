@@ -74,6 +74,7 @@ QString ReportPages::textOf(int page) const
                 text += shownText(m_rows->cell(entry, cell));
             }
     };
+    add(begin.titleFrom, begin.titleTo);
     add(begin.headingFrom, begin.headingTo);
     add(begin.entry, end);
     return text;

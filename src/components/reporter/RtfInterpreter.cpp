@@ -37,7 +37,7 @@ void RtfInterpreter::fail(const QString &what)
 RtfRead RtfInterpreter::read(QByteArrayView text)
 {
     if (!text.startsWith("{\\rtf")) {
-        fail(QStringLiteral("not an RTF document"));
+        fail(text.isEmpty() ? QStringLiteral("the file is empty") : QStringLiteral("not an RTF document"));
         return m_read;
     }
     if (text.size() > largestInput) {
@@ -50,7 +50,9 @@ RtfRead RtfInterpreter::read(QByteArrayView text)
         if (!take(token) || !withinLimits())
             break;
         if (m_saved.empty()) {
-            closed = true; // what stands behind the document's last brace is not part of it
+            closed = true;
+            if (tokens.rest().contains('\\')) // a brace too many would hide the rest; other litter is none of ours
+                fail(QStringLiteral("the document goes on behind its end"));
             break;
         }
     }

@@ -126,6 +126,8 @@ Field fieldOf(const QString &instruction)
     const QString name = instruction.trimmed().section(QLatin1Char(' '), 0, 0).toUpper();
     if (name == QStringLiteral("PAGE"))
         return Field::Page;
+    if (name == QStringLiteral("SECTIONPAGES"))
+        return Field::SectionPages;
     return name == QStringLiteral("NUMPAGES") ? Field::PageCount : Field::None;
 }
 

@@ -32,6 +32,7 @@ public:
     explicit RtfTokens(QByteArrayView input) : m_input(input) {}
 
     RtfToken next();
+    QByteArrayView rest() const { return m_input.sliced(m_at); } ///< what was not read yet
     const QString &error() const { return m_error; }
 
 private:

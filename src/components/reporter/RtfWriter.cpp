@@ -119,6 +119,7 @@ void Writer::page(const PageSetup &page)
               + rtfWord("\\colsx", page.columnGap);
     flag(page.landscape, "\\lndscpsxn");
     flag(page.titlePage, "\\titlepg");
+    flag(page.restartsPages, "\\pgnrestart");
     flag(page.bordersFromEdge, "\\pgbrdropt32");
     for (const auto &[side, letter] : sideLetters)
         border(QByteArray("\\pgbrdr") + letter, page.borders[side]);
@@ -224,6 +225,7 @@ void Writer::format(const CharFormat &format)
     flag(format.underline, "\\ul");
     flag(format.strike, "\\strike");
     flag(format.capitals, "\\caps");
+    flag(format.hidden, "\\v");
     flag(format.script == Script::Super, "\\super");
     flag(format.script == Script::Sub, "\\sub");
     words({{"\\cf", m_tables.colour(format.colour)}, {"\\chcbpat", m_tables.colour(format.background)}});
@@ -245,11 +247,23 @@ void Writer::run(const Run &run)
     m_text += "}";
 }
 
+QByteArray fieldName(Field field)
+{
+    switch (field) {
+    case Field::PageCount:
+        return QByteArrayLiteral("NUMPAGES");
+    case Field::SectionPages:
+        return QByteArrayLiteral("SECTIONPAGES");
+    default:
+        return QByteArrayLiteral("PAGE");
+    }
+}
+
 void Writer::field(const Run &run)
 {
     m_text += "{\\field{\\*\\fldinst{\\plain";
     format(run.format);
-    m_text += run.field == Field::Page ? " PAGE }}{\\fldrslt{\\plain" : " NUMPAGES }}{\\fldrslt{\\plain";
+    m_text += ' ' + fieldName(run.field) + " }}{\\fldrslt{\\plain";
     format(run.format);
     m_text += " 1}}}";
 }

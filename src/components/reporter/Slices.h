@@ -20,6 +20,7 @@ struct PageNumbers
 {
     int page = 1;
     int pages = 1;
+    int sectionPages = 1;
 };
 
 /// A paragraph as its lines, in a column of the given width.

@@ -59,28 +59,30 @@ Viewer::SaveAs csvOf(const std::shared_ptr<const ReportRows> &rows)
 
 } // namespace
 
+StockReporter::~StockReporter()
+{
+    for (const QPointer<Viewer> &viewer : m_viewers)
+        delete viewer;
+}
+
 void StockReporter::fail(qint64 number, const QString &description)
 {
     m_error = description;
     WriteErrLog(number, description, QString::fromLatin1(progId));
 }
 
-/// The template, as far as it could be read, or nothing; when it must be `whole`, also nothing if it has a fault.
-std::shared_ptr<const TemplateCache::Template> StockReporter::load(const QString &path, bool whole)
+/// The template, or nothing when it can not be read whole.
+std::shared_ptr<const TemplateCache::Template> StockReporter::load(const QString &path)
 {
     m_error.clear();
-    QString fault;
-    auto parsed = m_templates.load(path, fault);
-    if (!parsed) {
-        fail(unreadableFile, path + QStringLiteral(": ") + fault);
-        return nullptr;
-    }
-    if (!parsed->error.isEmpty()) {
-        fail(faultyTemplate, path + QStringLiteral(": ") + parsed->error);
-        if (whole)
-            return nullptr;
-    }
-    return parsed;
+    auto parsed = m_templates.load(path, m_error);
+    if (parsed)
+        m_error = parsed->error;
+    if (m_error.isEmpty())
+        return parsed;
+    WriteErrLog(parsed ? faultyTemplate : unreadableFile, path + QStringLiteral(": ") + m_error,
+                QString::fromLatin1(progId));
+    return nullptr;
 }
 
 void StockReporter::newreportnew(const QString &templatePath)
@@ -89,7 +91,7 @@ void StockReporter::newreportnew(const QString &templatePath)
     m_combined.reset();
     m_single.reset();
     m_rows.reset();
-    const auto parsed = load(templatePath, false);
+    const auto parsed = load(templatePath);
     if (!parsed)
         return;
     m_name = QFileInfo(templatePath).completeBaseName();
@@ -149,6 +151,10 @@ void StockReporter::ShowReport(bool)
     if (shown.empty())
         return failWithoutPages();
     auto *viewer = new Viewer(shown, reportName(), saveKinds());
+    m_viewers.removeAll(nullptr);
+    m_viewers.append(viewer);
+    if (m_rows)
+        viewer->setNotice(m_rows->notice());
     if (gMdi)
         gMdi->showScreen(*viewer);
     else
@@ -214,7 +220,7 @@ void StockReporter::initReport(bool fresh, bool)
 void StockReporter::LoadPageSetup(const QString &templatePath)
 {
     const ErrorSite site("REPORTER", "LOADPAGESETUP");
-    const auto parsed = load(templatePath, false);
+    const auto parsed = load(templatePath);
     if (parsed && m_combined)
         m_combined->setPage(parsed->document.sections.front().page);
 }
@@ -229,7 +235,7 @@ void StockReporter::OpenMasterFile(const QString &templatePath)
 {
     const ErrorSite site("REPORTER", "OPENMASTERFILE");
     m_master.reset();
-    const auto parsed = load(templatePath, true);
+    const auto parsed = load(templatePath);
     m_masterOpened = parsed != nullptr;
     if (!parsed)
         return;

@@ -7,17 +7,23 @@
 #include "components/reporter/Viewer.h"
 #include "platform/Reporter.h"
 #include "reports/ReportRows.h"
+#include <QPointer>
 #include <memory>
 #include <optional>
 
 namespace ledgora::reporter {
 
-/// The stock document engine: templates are RTF text. A template with a fault in it is filled and shown as far as it
-/// could be read, and the fault logged; as a master of a run, whose documents go out unseen, it is refused. Without a
-/// readable file there is no current report, and the operations on it do nothing but log.
+/// The stock document engine: templates are RTF text. One with a fault in it (cut, empty, in another format) is
+/// refused: half a bill looks like a whole one. There is then no current report or master, and the operations on it do
+/// nothing but log.
 class StockReporter final : public Reporter
 {
 public:
+    StockReporter() = default;
+    StockReporter(const StockReporter &) = delete;
+    StockReporter &operator=(const StockReporter &) = delete;
+    ~StockReporter() override;
+
     void newreportnew(const QString &templatePath) override;
     void SetText(const QString &placeholder, const PlaceholderValue &value) override;
     void ShowReport(bool flag) override;
@@ -29,6 +35,7 @@ public:
     void WriteToReport(const ReportRow &row) override { rows().WriteToReport(row); }
     void PrintText(const QString &text) override { rows().PrintText(text); }
     void createtable(int first, int cells) override { rows().createtable(first, cells); }
+    void SetNotice(const QString &text) override { rows().SetNotice(text); }
     void initReport(bool fresh, bool flag) override;
     void LoadPageSetup(const QString &templatePath) override;
     void SetFontSizeBeforeAppendFile(const QString &text, int fontSize) override;
@@ -45,7 +52,7 @@ public:
     QString LastError() const override { return m_error; }
 
 private:
-    std::shared_ptr<const TemplateCache::Template> load(const QString &path, bool whole);
+    std::shared_ptr<const TemplateCache::Template> load(const QString &path);
     void fail(qint64 number, const QString &description);
     void failWithoutPages();
     void tellPdfFaults();
@@ -65,6 +72,7 @@ private:
     bool m_nextWide = false;
     std::size_t m_toldFaults = 0; ///< of the run, those that were logged
     Progress m_progress = unwatched();
+    QList<QPointer<Viewer>> m_viewers; ///< those that are open; they go with the working period
     bool m_masterOpened = false;
     QString m_name; ///< what the document last filled is called in titles and file names
     QString m_error;

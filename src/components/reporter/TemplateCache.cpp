@@ -22,7 +22,7 @@ std::shared_ptr<const TemplateCache::Template> TemplateCache::load(const QString
     m_entries.remove(path);
     QFile file(path);
     if (!info.isFile()) {
-        fault = QStringLiteral("no such file");
+        fault = info.exists() ? QStringLiteral("it is a folder") : QStringLiteral("no such file");
         return nullptr;
     }
     if (!file.open(QIODevice::ReadOnly)) {

@@ -44,6 +44,13 @@ Viewer::Viewer(Pages pages, const QString &name, std::vector<SaveAs> kinds, QWid
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
     column->addWidget(makeTools());
+    m_notice = makeLabel(this, QStringLiteral("lblNotice"));
+    m_notice->setWordWrap(true);
+    m_notice->setMargin(8);
+    QFont loud = m_notice->font();
+    loud.setBold(true);
+    m_notice->setFont(loud);
+    m_notice->hide();
     m_find = new FindBar(this);
     column->addWidget(m_find);
     column->addWidget(makePages(), 1);
@@ -69,6 +76,12 @@ QWidget *Viewer::makePages()
     row->addWidget(m_view, 1);
     connect(m_strip, &PageStrip::pageChosen, this, &Viewer::choosePage);
     return area;
+}
+
+void Viewer::setNotice(const QString &text)
+{
+    m_notice->setText(text);
+    m_notice->setVisible(!text.isEmpty());
 }
 
 const Pages &Viewer::pages() const

@@ -40,6 +40,8 @@ public:
     Viewer(Pages pages, const QString &name, std::vector<SaveAs> kinds = {}, QWidget *parent = nullptr);
 
     const Pages &pages() const;
+    /// What must be known of the document, in a line above the pages; "" for nothing.
+    void setNotice(const QString &text);
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;
@@ -82,6 +84,7 @@ private:
     QLabel *m_zoom = nullptr;
     QLabel *m_page = nullptr;
     QLabel *m_done = nullptr;
+    QLabel *m_notice = nullptr;
 };
 
 /// Prints the pages (of the printer's range, when it has one) as often as the printer is told; answers "" or what went
