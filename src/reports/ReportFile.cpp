@@ -1,6 +1,8 @@
 #include "reports/ReportFile.h"
 
-#include <QSaveFile>
+#include <QFile>
+#include <filesystem>
+#include <system_error>
 
 namespace ledgora {
 
@@ -32,12 +34,23 @@ bool ReportSink::flush()
 
 QString saveReportFile(const QString &path, const std::function<bool(QIODevice &)> &write)
 {
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly))
-        return file.errorString();
-    if (write(file))
-        return file.commit() ? QString() : file.errorString();
-    return file.error() == QFileDevice::NoError ? QString::fromLatin1(cancelledText) : file.errorString();
+    QFile part(path + QStringLiteral(".part"));
+    part.remove(); // left over from a run that was broken off
+    if (!part.open(QIODevice::WriteOnly | QIODevice::NewOnly))
+        return part.errorString();
+    const bool written = write(part) && part.flush();
+    QString fault = part.error() == QFileDevice::NoError ? QString() : part.errorString();
+    if (!written && fault.isEmpty())
+        fault = QString::fromLatin1(cancelledText);
+    part.close();
+    std::error_code refused;
+    if (fault.isEmpty())
+        std::filesystem::rename(part.filesystemFileName(), QFile(path).filesystemFileName(), refused);
+    if (refused)
+        fault = QString::fromStdString(refused.message());
+    if (!fault.isEmpty())
+        part.remove();
+    return fault;
 }
 
 } // namespace ledgora

@@ -29,7 +29,7 @@ private:
 };
 
 /// Makes the file by `write`, which answers False when it was cancelled or the device failed. It appears as a whole or
-/// not at all. Answers "" or what went wrong.
+/// not at all, in place of a former one; a link of that name is replaced, not followed. Answers "" or what went wrong.
 QString saveReportFile(const QString &path, const std::function<bool(QIODevice &)> &write);
 
 } // namespace ledgora

@@ -1,22 +1,9 @@
 #include "components/reporter/PdfOutput.h"
 
 #include "components/reporter/PdfSheets.h"
-#include <QFile>
-#include <filesystem>
-#include <system_error>
+#include "reports/ReportFile.h"
 
 namespace ledgora::reporter {
-
-namespace {
-
-QString removed(QFile &part, const QString &reason)
-{
-    part.close();
-    part.remove();
-    return reason;
-}
-
-} // namespace
 
 QString writePdf(const Pages &pages, const QString &path, const QString &title, const Progress &progress)
 {
@@ -35,18 +22,7 @@ QString writePdf(const Pages &pages, const QString &path, const QString &title, 
 
 QString writeWhole(const QByteArray &content, const QString &path)
 {
-    QFile part(path + QStringLiteral(".part"));
-    part.remove(); // left over from a run that was broken off
-    if (!part.open(QIODevice::WriteOnly | QIODevice::NewOnly))
-        return part.errorString();
-    if (part.write(content) != content.size() || !part.flush() || part.error() != QFileDevice::NoError)
-        return removed(part, part.errorString());
-    part.close();
-    std::error_code fault;
-    std::filesystem::rename(part.filesystemFileName(), QFile(path).filesystemFileName(), fault);
-    if (fault)
-        return removed(part, QString::fromStdString(fault.message()));
-    return {};
+    return saveReportFile(path, [&content](QIODevice &out) { return out.write(content) == content.size(); });
 }
 
 } // namespace ledgora::reporter
