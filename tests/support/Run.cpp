@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QLocale>
 #include <QStyleFactory>
+#include <QTemporaryDir>
 #include <clocale>
 #include <cstdio>
 #include <gtest/gtest.h>
@@ -34,6 +35,8 @@ int ledgora::test::runTests(int argc, char **argv, const char *platform)
 {
     qputenv("QT_QPA_PLATFORM", platform);
     qputenv("TZ", "Asia/Kolkata");
+    const QTemporaryDir settings; // dialogs remember folders in the user's
+    qputenv("XDG_CONFIG_HOME", QFile::encodeName(settings.path()));
     qInstallMessageHandler(showMessage);
     QLocale::setDefault(QLocale::c());
     QApplication application(argc, argv);
