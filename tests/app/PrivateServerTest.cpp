@@ -3,7 +3,6 @@
 #include "app/ServerFolder.h"
 #include "app/Waiting.h"
 #include <QDir>
-#include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
 #include <QTemporaryDir>
