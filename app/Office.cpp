@@ -60,6 +60,7 @@ bool Office::open()
         m_error = QStringLiteral("The folder [") + m_dataFolder + QStringLiteral("] could not be made.");
         return false;
     }
+    makePrivate(m_dataFolder); // with a shared server others may have a reason to enter
     m_error = makeWhole();
     return m_error.isEmpty();
 }

@@ -97,6 +97,10 @@ int main(int argc, char *argv[])
     icon.addFile(QStringLiteral(":/icons/ledgora-128.png"));
     QApplication::setWindowIcon(icon);
     QApplication::setApplicationVersion(QStringLiteral(LEDGORA_VERSION));
+    for (const QString &out : {line.out, line.paper.out, line.report.out}) {
+        if (const QString fault = linkFault(out); !fault.isEmpty())
+            return failed(fault);
+    }
     if (line.command == CommandLine::Command::Balance)
         return printBalance(line);
     if (line.command == CommandLine::Command::Demo) {

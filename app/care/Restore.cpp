@@ -1,5 +1,6 @@
 #include "Restore.h"
 
+#include "DailyBackup.h"
 #include "OfficeFiles.h"
 #include "ScratchDatabase.h"
 #include "store/Dates.h"
@@ -9,6 +10,7 @@
 #include "store/SqlText.h"
 #include <QDateTime>
 #include <QDir>
+#include <QStorageInfo>
 
 namespace ledgora::app {
 
@@ -34,6 +36,12 @@ bool isOpenElsewhere(Connection &db)
     Recordset others = db.Open(QStringLiteral("Select 1 From information_schema.processlist Where DB=Database() And "
                                               "ID<>Connection_Id()"));
     return others.failed() || others.next();
+}
+
+/// On a shared server only some users see who else is connected.
+bool seesOthers(Connection &db)
+{
+    return db.Open("Select 1 From information_schema.user_privileges Where privilege_type='PROCESS'").next();
 }
 
 QString headFault(const BackupHead &head)
@@ -109,7 +117,9 @@ public:
         result.fault = keepFormer(result.former);
         if (result.fault.isEmpty())
             result.fault = replace();
-        if (!result.fault.isEmpty() && !mayHaveMark(m_office.db))
+        if (result.fault.isEmpty())
+            removeOutdatedBackups(m_office.folder, today()); // not before: the backup may be one of them
+        else if (!mayHaveMark(m_office.db))
             dropKept(m_office.folder);
         return result;
     }
@@ -196,8 +206,9 @@ BackupLook lookAtBackup(const QString &file, const Progress &progress)
     };
     const BackupContents contents = readBackup(file, visitor);
     if (contents.stopped)
-        return {QLatin1String(cancelledText), {}};
-    return {contents.fault.isEmpty() ? headFault(contents.head) : contents.fault, contents.head.hostCode};
+        return {QLatin1String(cancelledText), {}, 0};
+    return {contents.fault.isEmpty() ? headFault(contents.head) : contents.fault, contents.head.hostCode,
+            contents.unpacked};
 }
 
 RestoreResult restoreBackup(const OfficeData &office, const QString &file, const Progress &progress)
@@ -210,9 +221,21 @@ RestoreResult restoreBackup(const OfficeData &office, const QString &file, const
         return {QStringLiteral("The backup is of an office of host %1, this one is of host %2.")
                     .arg(backup.hostCode, office.hostCode),
                 {}};
+    constexpr qint64 megabyte = 1024 * 1024;
+    const QStorageInfo disk(office.folder);
+    if (backup.unpacked > disk.bytesAvailable())
+        return {QStringLiteral("The backup holds %1 MB, and there is no room for them on the disk %2.")
+                    .arg(backup.unpacked / megabyte)
+                    .arg(disk.rootPath()),
+                {}};
     const OfficeLock lock(office.db, "care");
     if (!lock.isHeld())
         return {QStringLiteral("Another backup or restore of this office is under way."), {}};
+    if (!seesOthers(office.db))
+        return {
+            QStringLiteral("The database user lacks the right PROCESS: whether the office is open elsewhere can not "
+                           "be seen."),
+            {}};
     if (isOpenElsewhere(office.db))
         return {QStringLiteral("The office is open in another program. Close it there first."), {}};
     return Restore(office, file, progress).run();

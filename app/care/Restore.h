@@ -7,8 +7,9 @@ namespace ledgora::app {
 /// What a backup file is.
 struct BackupLook
 {
-    QString fault;    ///< "" when it is a whole backup that this program can restore, else why not
-    QString hostCode; ///< of the office that it was made of
+    QString fault;       ///< "" when it is a whole backup that this program can restore, else why not
+    QString hostCode;    ///< of the office that it was made of
+    qint64 unpacked = 0; ///< bytes that it holds
 };
 
 /// Reads a backup file from its beginning to its end. Needs no database.

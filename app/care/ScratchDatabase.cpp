@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <map>
 #include <memory>
+#include <mysqld_error.h>
 
 namespace ledgora::app {
 
@@ -45,7 +46,11 @@ ScratchDatabase::ScratchDatabase(Connection &db, const QString &name, const QStr
     const bool whole =
         made && std::ranges::all_of(hosts, [&db](const QString &host) { return createSchema(db, host); });
     if (!whole)
-        m_fault = readFault(db);
+        m_fault = db.lastErrorNumber() == ER_DBACCESS_DENIED_ERROR
+                      ? QStringLiteral("The database user may not make the database %1, in which backups are proved. "
+                                       "The administrator can allow it (docs/shared-server.md).")
+                            .arg(name)
+                      : readFault(db);
     if (made && !db.Execute("Use " + sqlName(office)) && m_fault.isEmpty())
         m_fault = readFault(db);
 }

@@ -17,7 +17,9 @@
 #include <csignal>
 #include <gtest/gtest.h>
 #include <sys/mount.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 
 using namespace ledgora;
 using namespace ledgora::test;
@@ -302,6 +304,27 @@ TEST_F(Backup, DamagedForeignAndHostileFilesAreRefusedAndChangeNothing)
         refused(m.name, m.fault);
     }
     EXPECT_FALSE(QFile::exists(m_folder.path() + "/evil"));
+}
+
+/// A few megabytes that say they unpack to 256 bytes, and unpack to 700 MB.
+TEST_F(Backup, BombIsRefusedWithoutUnpackingIt)
+{
+    const char *const script = "import sys,zlib\n"
+                               "packed=b'\\0\\0\\1\\0'+zlib.compress(bytes(700<<20),1)\n"
+                               "sys.stdout.buffer.write(b'LEDGORA\\nH'+len(packed).to_bytes(4,'big')+packed)";
+    QProcess python;
+    python.setStandardOutputFile(file());
+    python.start("python3", {"-c", script});
+    ASSERT_TRUE(python.waitForFinished(60'000) && python.exitCode() == 0);
+    QProcess program;
+    program.start(LEDGORA_PROGRAM, {"restore", "--data", folder(), "--from", file()});
+    ASSERT_TRUE(program.waitForStarted());
+    rusage used{};
+    int status = 0;
+    ASSERT_EQ(::wait4(pid_t(program.processId()), &status, 0, &used), program.processId());
+    EXPECT_EQ(WEXITSTATUS(status), 1);
+    EXPECT_LT(used.ru_maxrss, 300'000) << "kilobytes";
+    EXPECT_FALSE(QFile::exists(folder()));
 }
 
 TEST_F(Backup, IsOfOneMomentKeepsNoSaveWaitingAndCanBeCancelled)

@@ -203,6 +203,7 @@ TEST(ProgramAsHost, OpensWithTheFoldersAndYearOfEach)
         EXPECT_EQ(gTmplPath, own + '/' + c.templates);
         EXPECT_TRUE(QFileInfo::exists(own + '/' + c.templates + "/GST_Intra_Bill.doc"));
         EXPECT_EQ(QFileInfo(gLogPath).fileName(), c.log);
+        EXPECT_EQ(int(QFile::permissions(gLogPath) & (QFile::ReadGroup | QFile::ReadOther)), 0);
         EXPECT_FALSE(office.connection().Open(QStringLiteral("Select * from ") + c.table).failed());
         EXPECT_EQ(window.findChild<QAction *>("actGroups") != nullptr, c.hasGroups);
         EXPECT_EQ(gMdi, &window);

@@ -2,6 +2,7 @@
 // are missing, changed or damaged. Each ends with a clear text, and what is there stays as it is.
 
 #include "app/Office.h"
+#include "app/PrivateServer.h"
 #include "bills/frmBillGST.h"
 #include "components/StockComponents.h"
 #include "components/reporter/Viewer.h"
@@ -171,6 +172,23 @@ TEST_F(OfficeTest, TemplatesThatAnOfficeChangedAreKeptAndMissingOnesComeBack)
     EXPECT_EQ(contentOf(templates + "/GST_Intra_Bill.doc"), "of the office");
     EXPECT_EQ(contentOf(templates + "/GST_Inter_Bill.doc"), stock);
     EXPECT_TRUE(stock.startsWith("{\\rtf"));
+}
+
+/// The server's data is there, tables and templates are still to be made.
+TEST_F(OfficeTest, ProgramsThatAreStartedAtOnceAllComeUp)
+{
+    app::PrivateServer server({.dataFolder = folder()});
+    ASSERT_TRUE(server.start()) << server.error().toStdString();
+    std::array<QProcess, 5> programs;
+    for (QProcess &program : programs)
+        program.start(LEDGORA_PROGRAM, {"balance", "--all", "--data", folder()});
+    for (QProcess &program : programs) {
+        ASSERT_TRUE(program.waitForFinished(60'000));
+        EXPECT_EQ(program.readAllStandardError(), "");
+        EXPECT_EQ(program.readAllStandardOutput(), "Total\t0\n");
+    }
+    EXPECT_EQ(listing(folder() + "/GST_Templates").size(), 8);
+    EXPECT_TRUE(contentOf(folder() + "/BrindleLogger.log").count('\n') <= 1) << "the first look at a new office";
 }
 
 TEST_F(OfficeTest, TemplateFolderThatIsAFileIsNamed)

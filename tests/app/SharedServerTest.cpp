@@ -6,6 +6,7 @@
 #include "app/Office.h"
 #include "app/PrivateServer.h"
 #include "app/ServerRights.h"
+#include "app/care/Restore.h"
 #include "store/Connection.h"
 #include "support/Print.h"
 #include <QDir>
@@ -245,6 +246,48 @@ TEST_F(SharedServerTest, OfficeWorksThereAndTheWayIsEncryptedWhereTheServerOffer
     startServer(true);
     EXPECT_EQ(office.keepConnected(), Office::Server::Reopened);
     EXPECT_EQ(office.connection().Open("Select * From GST_Series").recordCount(), 1);
+}
+
+/// The statements that the page for administrators tells, each on a line of its own.
+QStringList documentedStatements()
+{
+    QFile page(QStringLiteral(LEDGORA_SOURCES "/docs/shared-server.md"));
+    EXPECT_TRUE(page.open(QIODevice::ReadOnly));
+    QStringList statements;
+    const QStringList parts = QString::fromUtf8(page.readAll()).split("```");
+    for (const QString &part : parts) {
+        if (part.startsWith("sql\n"))
+            statements << part.mid(4).split(";\n", Qt::SkipEmptyParts);
+    }
+    return statements;
+}
+
+TEST_F(SharedServerTest, ClerksWorkAndTheKeeperBacksUpAndRestoresWithTheDocumentedRights)
+{
+    startServer(true);
+    ASSERT_TRUE(run({"Drop Database ledgora"}));
+    ASSERT_TRUE(run(documentedStatements()));
+    const auto opened = [&](const char *user) {
+        ServerAddress where = address("?tls=required");
+        where.user = user;
+        auto office = std::make_unique<Office>(file("shared"), "", std::make_unique<SharedServer>(where, "..."));
+        EXPECT_TRUE(office->open()) << office->error().toStdString();
+        return office;
+    };
+    auto clerk = opened("ram");
+    ASSERT_TRUE(clerk->connection().Execute("Insert Into GST_Series Values (1,'B',2024,'A/','P')"));
+    const auto keeper = opened("keeper");
+    const OfficeData data{keeper->connection(), keeper->hostCode(), keeper->dataFolder()};
+    ASSERT_EQ(makeBackup(data, file("copy.ledgora"), unwatched()), "");
+    EXPECT_EQ(makeBackup({clerk->connection(), "C", clerk->dataFolder()}, file("clerk.ledgora"), unwatched()),
+              "The database user may not make the database ledgora_scratch, in which backups are proved. The "
+              "administrator can allow it (docs/shared-server.md).");
+    ASSERT_TRUE(clerk->connection().Execute("Delete From GST_Series"));
+    EXPECT_EQ(restoreBackup(data, file("copy.ledgora"), unwatched()).fault,
+              "The office is open in another program. Close it there first.");
+    clerk.reset();
+    EXPECT_EQ(restoreBackup(data, file("copy.ledgora"), unwatched()).fault, "");
+    EXPECT_EQ(keeper->connection().Open("Select * From GST_Series").recordCount(), 1);
 }
 
 TEST_F(SharedServerTest, ServerWithoutTlsIsTakenUnlessTheOfficeAsksForIt)
