@@ -235,12 +235,6 @@ bool Screen::event(QEvent *event)
     return QWidget::event(event);
 }
 
-void Screen::closeEvent(QCloseEvent *event)
-{
-    QWidget::closeEvent(event);
-    m_closed = event->isAccepted();
-}
-
 bool Screen::eventFilter(QObject *watched, QEvent *event)
 {
     const auto rules = m_fields.constFind(watched);
@@ -273,7 +267,8 @@ void Screen::keyPressEvent(QKeyEvent *event)
 void Screen::closeEvent(QCloseEvent *event)
 {
     QWidget::closeEvent(event);
-    if (QWidget *here = focusWidget(); here && event->isAccepted())
+    m_closed = event->isAccepted();
+    if (QWidget *here = focusWidget(); here && m_closed)
         here->clearFocus();
 }
 
