@@ -118,6 +118,7 @@ private:
         bool left;
     };
     void focusMoved(QWidget *now);
+    void settleOn(QWidget *field);
     bool applyFocusChanges();
     void enter(QWidget *widget);
     void mark(QWidget *field);
