@@ -1,8 +1,11 @@
 #include "CommandLine.h"
 
-#include "Office.h"
+#include "store/Schema.h"
 #include <QCommandLineParser>
 #include <QStandardPaths>
+#include <algorithm>
+#include <iterator>
+#include <vector>
 
 namespace ledgora::app {
 
@@ -101,9 +104,11 @@ void addOptions(QCommandLineParser &parser, CommandLine::Command command)
                           QStringLiteral("File of mode 0600 whose first line is the password; without it you are "
                                          "asked."),
                           QStringLiteral("FILE")});
-        parser.addOption({QStringLiteral("host"),
-                          QStringLiteral("Host to play, with its clients and folders: C, G or T (default C)."),
-                          QStringLiteral("CODE")});
+        parser.addOption(
+            {QStringLiteral("host"),
+             QStringLiteral("Kind of host, with its clients and folders: C, G or T. An office is of one of them "
+                            "and refuses another (default: the office's own, C for a new one)."),
+             QStringLiteral("CODE")});
     }
     switch (command) {
     case CommandLine::Command::Demo:
@@ -139,6 +144,38 @@ void addOptions(QCommandLineParser &parser, CommandLine::Command command)
             {QStringLiteral("open"), QStringLiteral("Open a home screen at once: gst."), QStringLiteral("SCREEN")});
         parser.addOption({QStringLiteral("version"), QStringLiteral("Show the version.")});
     }
+}
+
+/// Whether the next word belongs to this one, since an option of some command takes it as its value.
+bool takesNext(const QString &word)
+{
+    std::vector<CommandLine::Command> all{CommandLine::Command::Window};
+    for (const Words &known : commands)
+        all.push_back(known.command);
+    return std::ranges::any_of(all, [&word](CommandLine::Command command) {
+        QCommandLineParser parser;
+        addOptions(parser, command);
+        return !parser.parse({QStringLiteral("ledgora"), word}) && parser.unknownOptionNames().isEmpty();
+    });
+}
+
+/// Takes the command from among the words; options may stand before it.
+CommandLine::Command takeCommand(QStringList &words)
+{
+    for (qsizetype place = 1; place < words.size(); ++place) {
+        const QString word = words.at(place);
+        if (word.startsWith(u'-')) {
+            place += takesNext(word) ? 1 : 0;
+            continue;
+        }
+        const auto *known =
+            std::ranges::find_if(commands, [&word](const Words &each) { return word == QLatin1String(each.name); });
+        if (known == std::end(commands))
+            break;
+        words.removeAt(place);
+        return known->command;
+    }
+    return CommandLine::Command::Window;
 }
 
 QString helpText(const QCommandLineParser &parser, CommandLine::Command command)
@@ -236,11 +273,16 @@ QString fault(const CommandLine &line, const QCommandLineParser &parser)
         line.command == CommandLine::Command::Template || line.command == CommandLine::Command::Report;
     if (!parser.positionalArguments().isEmpty() && !takesWords)
         return QStringLiteral("unknown command \"") + parser.positionalArguments().first() + u'"';
+    for (const char *name : {"data", "connect", "password-file"}) {
+        const QString option = QLatin1String(name);
+        if (parser.optionNames().contains(option) && parser.value(option).isEmpty())
+            return QStringLiteral("--") + option + QStringLiteral(" has an empty value");
+    }
     if (parser.isSet(QStringLiteral("today")) && !line.today.isValid())
         return QStringLiteral("--today takes a date, DD/MM/YYYY or YYYY-MM-DD");
     if (!line.open.isEmpty() && line.open != QLatin1String("gst"))
         return QStringLiteral("--open takes gst");
-    if (!Office::hostCodes().contains(line.host))
+    if (parser.optionNames().contains(QStringLiteral("host")) && !schemaHosts().contains(line.host))
         return QStringLiteral("--host takes C, G or T");
     ServerAddress address;
     if (const QString said = parser.optionNames().contains(QStringLiteral("connect"))
@@ -270,13 +312,7 @@ CommandLine readCommandLine(const QStringList &arguments)
 {
     CommandLine line;
     QStringList words = arguments;
-    for (const Words &known : commands) {
-        if (words.size() > 1 && words.at(1) == QLatin1String(known.name)) {
-            line.command = known.command;
-            words.removeAt(1);
-            break;
-        }
-    }
+    line.command = takeCommand(words);
     QCommandLineParser parser;
     parser.setApplicationDescription(
         QStringLiteral("Ledgora, billing for Indian tax practitioners and small accounting offices."));
@@ -287,8 +323,7 @@ CommandLine readCommandLine(const QStringList &arguments)
         const QString option = QLatin1String(name);
         return parser.optionNames().contains(option) ? parser.value(option) : QString();
     };
-    if (parser.optionNames().contains(QStringLiteral("host")))
-        line.host = value("host");
+    line.host = value("host");
     line.open = value("open");
     line.out = value("out");
     line.party = value("party");

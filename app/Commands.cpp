@@ -4,7 +4,11 @@
 #include "CommandLine.h"
 #include "Office.h"
 #include "store/FailureWatch.h"
+#include <QDir>
+#include <QFile>
 #include <cstdio>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace ledgora::app {
 
@@ -12,6 +16,16 @@ int failed(QString why)
 {
     std::fprintf(stderr, "ledgora: %s\n", qPrintable(why.replace(u'\n', u' ')));
     return 1;
+}
+
+QString linkFault(const QString &path)
+{
+    struct stat state = {};
+    const bool isLink =
+        ::lstat(QFile::encodeName(QDir::cleanPath(path)).constData(), &state) == 0 && S_ISLNK(state.st_mode);
+    return isLink && state.st_uid != ::geteuid()
+               ? QStringLiteral("[") + path + QStringLiteral("] is a link that another user has made.")
+               : QString();
 }
 
 int inBilling(const CommandLine &line, Folder folder, const std::function<int(Office &, ClsGST &)> &work)

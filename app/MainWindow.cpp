@@ -3,31 +3,45 @@
 #include "ClientEditor.h"
 #include "GroupEditor.h"
 #include "Office.h"
+#include "ScreenArea.h"
 #include "ServerDialog.h"
+#include "StatusLine.h"
 #include "care/CareMenu.h"
 #include "controls/WaitBar.h"
 #include "host/WorkingState.h"
 #include <QApplication>
 #include <QCloseEvent>
-#include <QMdiArea>
+#include <QKeyEvent>
 #include <QMdiSubWindow>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QScreen>
 #include <QStatusBar>
 
 namespace ledgora::app {
 
-MainWindow::MainWindow(Office &office) : m_office(office), m_billing(office, this), m_area(new QMdiArea(this))
+namespace {
+
+constexpr QSize smallestWindow(1280, 720); // what every screen fits into at 96 dpi
+constexpr QSize roomForFrame(16, 40);      // that a window manager puts around it
+
+} // namespace
+
+MainWindow::MainWindow(Office &office)
+    : m_office(office)
+    , m_billing(office, this)
+    , m_area(new ScreenArea(this))
+    , m_status(new StatusLine(this))
 {
     setObjectName(QStringLiteral("mainWindow"));
     setWindowTitle(QStringLiteral("Ledgora"));
-    setMinimumSize(1280, 720);
-    m_area->setObjectName(QStringLiteral("screens"));
-    m_area->setBackground(palette().window());
-    m_area->setActivationOrder(QMdiArea::ActivationHistoryOrder); // a closed preview gives way to its bill
+    setMinimumSize(smallestWindow.boundedTo(screen()->availableSize() - roomForFrame));
     setCentralWidget(m_area);
     makeMenu();
-    statusBar()->showMessage(QStringLiteral("Office: ") + office.server().place());
+    for (const QMenu *menu : menuBar()->findChildren<QMenu *>())
+        connect(menu, &QMenu::aboutToHide, this, &MainWindow::giveKeysBack, Qt::QueuedConnection);
+    statusBar()->addWidget(m_status, 1);
+    m_status->setStanding(placeText());
     installWaitBar(office.connection());
     qApp->installEventFilter(this);
 }
@@ -62,11 +76,11 @@ void MainWindow::makeMenu()
             CompanyState().apply(); // the chosen company may not be there any more
             ReloadMenu();
         });
-    QMenu *window = menuBar()->addMenu(QStringLiteral("&Window"));
-    window->addAction(QStringLiteral("&Next Screen"), QKeySequence(Qt::CTRL | Qt::Key_Tab), m_area,
-                      &QMdiArea::activateNextSubWindow);
-    window->addAction(QStringLiteral("&Tile"), m_area, &QMdiArea::tileSubWindows);
+    makeWindowMenu();
     QMenu *help = menuBar()->addMenu(QStringLiteral("He&lp"));
+    // Not a shortcut of the menu: each screen takes the key itself, boxes and previews too.
+    help->addAction(QStringLiteral("&Keys of this Screen\tF1"), this, &MainWindow::showKeysOfScreen)
+        ->setObjectName(QStringLiteral("actKeys"));
     help->addAction(QStringLiteral("&About Ledgora"), this, [this] {
         QMessageBox::about(
             this, QStringLiteral("Ledgora"),
@@ -74,6 +88,41 @@ void MainWindow::makeMenu()
                            "Copyright the Ledgora authors. Licence: GPL, version 3 or later.")
                 .arg(QStringLiteral(LEDGORA_VERSION)));
     });
+}
+
+void MainWindow::makeWindowMenu()
+{
+    QMenu *window = menuBar()->addMenu(QStringLiteral("&Window"));
+    window->addAction(QStringLiteral("&Next Screen"), QKeySequence(Qt::CTRL | Qt::Key_Tab), m_area,
+                      &QMdiArea::activateNextSubWindow);
+    window->addAction(QStringLiteral("&Tile"), m_area, &QMdiArea::tileSubWindows);
+    window->addSeparator();
+    const qsizetype own = window->actions().size();
+    connect(window, &QMenu::aboutToShow, this, [this, window, own] {
+        for (QAction *screen : window->actions().mid(own))
+            delete screen;
+        m_area->listScreens(*window);
+    });
+}
+
+void MainWindow::showKeysOfScreen()
+{
+    if (QWidget *screen = m_area->front())
+        QApplication::postEvent(screen, new QKeyEvent(QEvent::KeyPress, Qt::Key_F1, Qt::NoModifier));
+    else
+        QMessageBox::information(this, QStringLiteral("Keys"),
+                                 QStringLiteral("Ctrl+G opens GST billing, Ctrl+L the clients of the office, Ctrl+Q "
+                                                "ends the program. F1 shows the keys of each screen."));
+}
+
+QString MainWindow::placeText() const
+{
+    return QStringLiteral("Office: ") + m_office.server().place();
+}
+
+void MainWindow::note(const QString &text)
+{
+    m_status->note(text);
 }
 
 void MainWindow::openGst()
@@ -101,24 +150,21 @@ void MainWindow::openGroups()
 
 void MainWindow::showScreen(QWidget &screen)
 {
-    QMdiSubWindow *child = nullptr;
-    for (QMdiSubWindow *window : m_area->subWindowList()) {
-        if (window->widget() == &screen)
-            child = window;
-    }
-    if (!child) {
-        child = m_area->addSubWindow(&screen);
-        child->setAttribute(Qt::WA_DeleteOnClose);
-        connect(&screen, &QObject::destroyed, child, &QWidget::close); // a screen closes itself; its frame goes with it
-    }
-    screen.show();
-    child->showMaximized();
-    m_area->setActiveSubWindow(child);
+    m_area->showScreen(screen);
+}
+
+/// After a menu the keys are where they were; by itself the menu bar keeps them, and knows no longer whose they were.
+void MainWindow::giveKeysBack()
+{
+    const QMdiSubWindow *screen = m_area->activeSubWindow();
+    QWidget *field = screen ? screen->focusWidget() : nullptr;
+    if (field && !QApplication::activePopupWidget() && !QApplication::activeModalWidget())
+        field->setFocus(Qt::MenuBarFocusReason);
 }
 
 void MainWindow::ReloadMenu()
 {
-    statusBar()->showMessage(QStringLiteral("Press Ctrl+G for GST billing."));
+    m_status->clearNote(); // of a billing that has closed
 }
 
 /// Looks after the connection before a key or click can start a command, so never in the middle of a save.
@@ -133,12 +179,13 @@ void MainWindow::keepConnected()
 {
     switch (m_office.keepConnected()) {
     case Office::Server::There:
-        return;
+        return m_status->setStanding(placeText());
     case Office::Server::Reopened:
-        return statusBar()->showMessage(QStringLiteral("The database server is back."));
+        m_status->setStanding(placeText());
+        return m_status->note(QStringLiteral("The database server is back."));
     case Office::Server::Away:
-        return statusBar()->showMessage(
-            QStringLiteral("The database server is away. Ledgora tries again with every key."));
+        m_status->setStanding(QStringLiteral("The database server is away. Ledgora tries again with every key."));
+        return m_status->clearNote();
     }
 }
 

@@ -5,13 +5,13 @@
 #include <QMainWindow>
 #include <QPointer>
 
-class QMdiArea;
-
 namespace ledgora::app {
 
 class ClientEditor;
 class GroupEditor;
 class Office;
+class ScreenArea;
+class StatusLine;
 
 /// The reference host's main window: takes the library's screens as its children and keeps the connection alive
 /// between commands.
@@ -30,6 +30,9 @@ public:
     /// Shows the groups of clients, which host "G" has.
     void openGroups();
 
+    /// Says in the status line, for some seconds, what has happened.
+    void note(const QString &text);
+
     void showScreen(QWidget &screen) override;
     void ReloadMenu() override;
 
@@ -39,11 +42,16 @@ protected:
 
 private:
     void makeMenu();
+    void makeWindowMenu();
+    void showKeysOfScreen();
+    QString placeText() const;
     void keepConnected();
+    void giveKeysBack();
 
     Office &m_office;
     Billing m_billing;
-    QMdiArea *m_area;
+    ScreenArea *m_area;
+    StatusLine *m_status;
     QPointer<ClientEditor> m_clients;
     QPointer<GroupEditor> m_groups;
 };

@@ -1,8 +1,10 @@
 #include "Office.h"
 
 #include "Aside.h"
+#include "OfficeLock.h"
 #include "PrivateServer.h"
 #include "ServerFolder.h"
+#include "care/OfficeFiles.h"
 #include "care/Restore.h"
 #include "store/ErrorLog.h"
 #include "store/Schema.h"
@@ -10,8 +12,8 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QSaveFile>
 #include <QScopedValueRollback>
-#include <algorithm>
 #include <mysql.h>
 #include <sys/socket.h>
 
@@ -22,17 +24,13 @@ namespace {
 constexpr int silenceMilliseconds = 2000; ///< an attempt that took longer met silence, not a refusal
 constexpr QFile::Permissions ownerOnly = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
 constexpr int letAloneMilliseconds = 10000;
+constexpr int makingSeconds = 60; ///< how long another program may take to make the same office
 
 } // namespace
 
 bool Office::exists(const QString &dataFolder)
 {
     return ServerFolder(dataFolder).isInitialised();
-}
-
-QStringList Office::hostCodes()
-{
-    return {QStringLiteral("C"), QStringLiteral("G"), QStringLiteral("T")};
 }
 
 Office::Office(const QString &dataFolder, QString hostCode, std::unique_ptr<OfficeServer> server)
@@ -62,17 +60,25 @@ bool Office::open()
         m_error = QStringLiteral("The folder [") + m_dataFolder + QStringLiteral("] could not be made.");
         return false;
     }
-    m_error = finishRestore(m_connection, m_dataFolder); // one that was ended between tables and files
-    if (!m_error.isEmpty())
-        return false;
-    m_error = schemaFault(m_connection);
-    if (!m_error.isEmpty())
-        return false;
-    if (!createSchema(m_connection, m_hostCode)) {
-        m_error = QStringLiteral("The tables of the office could not be made: ") + m_connection.lastError();
-        return false;
-    }
-    return installTemplates();
+    makePrivate(m_dataFolder); // with a shared server others may have a reason to enter
+    m_error = makeWhole();
+    return m_error.isEmpty();
+}
+
+/// Programs that are started at once do it one after the other: the first makes, the others find it made.
+QString Office::makeWhole()
+{
+    const OfficeLock lock(m_connection, "open", makingSeconds);
+    if (!lock.isHeld())
+        return QStringLiteral("Another program is still opening this office.");
+    QString fault = finishRestore(m_connection, m_dataFolder);
+    if (fault.isEmpty())
+        fault = schemaFault(m_connection);
+    if (fault.isEmpty())
+        fault = settleHost(m_connection, m_hostCode);
+    if (fault.isEmpty() && !createSchema(m_connection, m_hostCode))
+        fault = QStringLiteral("The tables of the office could not be made: ") + m_connection.lastError();
+    return fault.isEmpty() ? installTemplates() : fault;
 }
 
 bool Office::reachServer()
@@ -123,27 +129,26 @@ Office::Server Office::keepConnected()
     return Server::Away;
 }
 
-/// The default templates are copied once; an office may change its copies.
-bool Office::installTemplates()
+/// The default templates are copied once; an office may change its copies. Each comes as a whole: a program that is
+/// killed leaves no half of one.
+QString Office::installTemplates()
 {
-    const bool isT = m_hostCode == QLatin1String("T");
-    const QString folder =
-        joinPath(m_dataFolder, isT ? QStringLiteral("MiscSoftData/GST_Templates") : QStringLiteral("GST_Templates"));
-    if (!QDir().mkpath(folder)) {
-        m_error = QStringLiteral("The folder [") + folder + QStringLiteral("] could not be made.");
-        return false;
-    }
+    const QString folder = joinPath(m_dataFolder, templateFolder(m_hostCode));
+    if (!QDir().mkpath(folder))
+        return QStringLiteral("The folder [") + folder + QStringLiteral("] could not be made.");
     const QDir stock(QStringLiteral(":/templates"));
-    return std::ranges::all_of(stock.entryList(QDir::Files), [&](const QString &name) {
-        const QString copy = joinPath(folder, name);
-        if (QFile::exists(copy))
-            return true;
-        const bool copied = QFile::copy(stock.filePath(name), copy)
-                            && QFile::setPermissions(copy, QFile::ReadOwner | QFile::WriteOwner);
-        if (!copied)
-            m_error = QStringLiteral("The template [") + copy + QStringLiteral("] could not be written.");
-        return copied;
-    });
+    for (const QString &name : stock.entryList(QDir::Files)) {
+        const QString path = joinPath(folder, name);
+        if (QFile::exists(path))
+            continue;
+        QFile from(stock.filePath(name));
+        QSaveFile copy(path);
+        if (!from.open(QIODevice::ReadOnly) || !copy.open(QIODevice::WriteOnly)
+            || !copy.setPermissions(QFile::ReadOwner | QFile::WriteOwner) || copy.write(from.readAll()) != from.size()
+            || !copy.commit())
+            return QStringLiteral("The template [") + path + QStringLiteral("] could not be written.");
+    }
+    return {};
 }
 
 } // namespace ledgora::app

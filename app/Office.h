@@ -4,26 +4,22 @@
 #include "store/Connection.h"
 #include <QDeadlineTimer>
 #include <QString>
-#include <QStringList>
 #include <memory>
 #include <stop_token>
 
 namespace ledgora::app {
 
 /// The office of one data folder: its server, the one connection of this program, its tables and templates as the host
-/// has them. An office may be opened as several hosts in turn; each has client tables of its own.
+/// has them. The office knows which kind of host it is of.
 class Office
 {
 public:
     /// True when an office was made in the folder before; makes nothing.
     static bool exists(const QString &dataFolder);
 
-    /// Host codes that the program plays: "C", "G", "T".
-    static QStringList hostCodes();
-
     /// On the folder's private server, or on another one; templates, settings and log lie in the folder either way.
-    explicit Office(const QString &dataFolder, QString hostCode = QStringLiteral("C"),
-                    std::unique_ptr<OfficeServer> server = {});
+    /// `hostCode` is the host that the office must be of, "" for whichever it is ("C" for a new one).
+    explicit Office(const QString &dataFolder, QString hostCode = {}, std::unique_ptr<OfficeServer> server = {});
     Office(const Office &) = delete;
     Office &operator=(const Office &) = delete;
     ~Office();
@@ -35,7 +31,7 @@ public:
     Connection &connection() { return m_connection; }
     const OfficeServer &server() const { return *m_server; }
     QString dataFolder() const { return m_dataFolder; }
-    QString hostCode() const { return m_hostCode; }
+    QString hostCode() const { return m_hostCode; } ///< of the open office: "C", "G" or "T"
 
     enum class Server { There, Reopened, Away };
     /// Before a command: when the server went away, starts or attaches to it again and hands the connection a new
@@ -47,7 +43,8 @@ public:
 private:
     bool reachServer();
     void interrupt();
-    bool installTemplates();
+    QString makeWhole();
+    QString installTemplates();
     void closeHandle();
 
     QString m_dataFolder;

@@ -104,11 +104,18 @@ QString PrivateServer::bringUp(const std::stop_token &stop)
 {
     const ServerFolder &folder = m_visit->folder;
     // A server whose starter was killed may still be coming up, one that was told to stop may still be going down.
-    const auto answeredOrGone = [&] { return answers(stop) || !folder.serverLives() || stop.stop_requested(); };
+    const auto answeredOrGone = [&] {
+        return answers(stop) || !folder.serverLives() || folder.socketIsGone() || stop.stop_requested();
+    };
     waitUntil(answeredOrGone, m_settings.limit);
     m_attached = answers(stop);
     if (m_attached)
         return {};
+    if (folder.socketIsGone())
+        return QStringLiteral(
+                   "The database server of this folder runs, but its socket %1 was removed. Close the office "
+                   "in all other programs, then start again.")
+            .arg(socketPath());
     if (folder.serverLives())
         return failureText(QStringLiteral("The database server of this folder runs but does not answer."), folder,
                            folder.logSize());

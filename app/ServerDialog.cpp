@@ -1,5 +1,6 @@
 #include "ServerDialog.h"
 
+#include "controls/KeyGuard.h"
 #include "ui_ServerDialog.h"
 #include <QFileDialog>
 #include <QInputDialog>
@@ -20,6 +21,7 @@ ServerDialog::ServerDialog(QString dataFolder, QWidget *parent)
     , m_dataFolder(std::move(dataFolder))
 {
     ui->setupUi(this);
+    keepCommandsOutOfText(*this);
     ui->txtServerPort->setValidator(new QIntValidator(1, lastPort, this));
     const auto showKind = [this] {
         ui->famServer->setEnabled(ui->optServerShared->isChecked());

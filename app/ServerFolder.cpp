@@ -4,6 +4,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QStringList>
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstring>
@@ -11,6 +12,7 @@
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <sys/un.h>
+#include <unistd.h>
 
 namespace ledgora::app {
 
@@ -20,6 +22,25 @@ namespace {
 constexpr int longestFolder = 400;
 constexpr qint64 largestLog = qint64(1024) * 1024;
 constexpr qint64 longestTail = 1500;
+
+/// By which of them a folder is an office's.
+constexpr std::array officeNames{"server", "server.ini", "GST_Templates", "MiscSoftData/GST_Templates"};
+
+/// The sockets on which any program listens, by the names that /proc/PID/fd gives them.
+QStringList listeningSockets()
+{
+    QFile table(QStringLiteral("/proc/net/unix"));
+    QStringList sockets;
+    if (!table.open(QIODevice::ReadOnly))
+        return sockets;
+    // Num RefCount Protocol Flags Type St Inode Path; the flag stands for a socket that accepts connections.
+    for (const QByteArray &line : table.readAll().split('\n')) {
+        const QByteArrayList words = line.simplified().split(' ');
+        if (words.value(3) == "00010000")
+            sockets << QStringLiteral("socket:[") + QString::fromLatin1(words.value(6)) + u']';
+    }
+    return sockets;
+}
 
 QString systemText(int error)
 {
@@ -36,6 +57,28 @@ QString makeFolder(const QString &path)
 
 } // namespace
 
+QString makePrivate(const QString &dataFolder)
+{
+    const QByteArray name = QFile::encodeName(dataFolder);
+    struct stat state = {};
+    if (::stat(name.constData(), &state) != 0 || !S_ISDIR(state.st_mode))
+        return {}; // told when it is used
+    if (state.st_uid != ::geteuid())
+        return QStringLiteral("The folder %1 belongs to another user.").arg(dataFolder);
+    if ((state.st_mode & (S_IRWXG | S_IRWXO)) == 0)
+        return {};
+    const QDir folder(dataFolder);
+    const bool isOffice = std::ranges::any_of(officeNames, [&](const char *each) { return folder.exists(each); });
+    if (!isOffice && !folder.isEmpty(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot))
+        return QStringLiteral(
+                   "Other users may enter the folder %1, which holds other files. Make it private (chmod 700) "
+                   "or choose another one for the office.")
+            .arg(dataFolder);
+    return ::chmod(name.constData(), S_IRWXU) == 0
+               ? QString()
+               : QStringLiteral("The folder %1 can not be made private: %2.").arg(dataFolder, systemText(errno));
+}
+
 ServerFolder::ServerFolder(const QString &dataFolder)
     : m_dataFolder(QDir::cleanPath(QDir(dataFolder).absolutePath()))
     , m_path(QString(m_dataFolder + QStringLiteral("/server")))
@@ -47,9 +90,13 @@ QString ServerFolder::open()
     const QFileInfo above(m_dataFolder);
     if (!QDir().mkpath(above.path()))
         return QStringLiteral("The folder %1 can not be made.").arg(above.path());
-    for (const QString &folder : {m_dataFolder, m_path})
-        if (const QString fault = makeFolder(folder); !fault.isEmpty())
+    for (const QString &folder : {m_dataFolder, m_path}) {
+        QString fault = makeFolder(folder);
+        if (fault.isEmpty() && folder == m_dataFolder)
+            fault = makePrivate(folder);
+        if (!fault.isEmpty())
             return fault;
+    }
     if (QFile::encodeName(QFileInfo(m_path).canonicalFilePath()).size() > longestFolder)
         return QStringLiteral("The name of the folder %1 is too long for the database server (%2 bytes at most).")
             .arg(m_path)
@@ -113,6 +160,21 @@ qint64 ServerFolder::serverProcess() const
     if (!serverLives() || !file.open(QIODevice::ReadOnly))
         return 0;
     return file.readAll().trimmed().toLongLong();
+}
+
+bool ServerFolder::socketIsGone() const
+{
+    const qint64 process = serverProcess();
+    if (process <= 0 || QFileInfo::exists(path(QStringLiteral("ledgora.sock"))))
+        return false;
+    const QStringList listening = listeningSockets();
+    const QDir open(QStringLiteral("/proc/%1/fd").arg(process));
+    return std::ranges::any_of(open.entryList(QDir::System | QDir::Files), [&](const QString &number) {
+        std::array<char, 64> target{};
+        const QByteArray link = QFile::encodeName(open.filePath(number));
+        const ssize_t length = ::readlink(link.constData(), target.data(), target.size());
+        return length > 0 && listening.contains(QString::fromLatin1(target.data(), length));
+    });
 }
 
 Descriptor ServerFolder::openLog() const

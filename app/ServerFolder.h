@@ -6,6 +6,10 @@
 
 namespace ledgora::app {
 
+/// Makes an office's folder DIR its owner's alone (mode 0700) where others may enter it. "" or why not: a folder with
+/// files of other kinds, as a user's home, is left as it is and refused.
+QString makePrivate(const QString &dataFolder);
+
 /// The folder DIR/server of a private database server: who may enter it, its lock files, its log, its settings.
 ///
 /// `start.lock` is held exclusively around check, initialising, starting and stopping, `users.lock` shared while a
@@ -17,8 +21,8 @@ class ServerFolder
 public:
     explicit ServerFolder(const QString &dataFolder);
 
-    /// Makes DIR and DIR/server where they are missing, mode 0700, and opens DIR/server. A folder of another user, or
-    /// one that others may enter, is refused: the server asks no password.
+    /// Makes DIR and DIR/server where they are missing, mode 0700, and opens DIR/server. One of another user, or a
+    /// server folder that others may enter, is refused: the server asks no password.
     QString open();
 
     QString path(const QString &name) const;
@@ -35,6 +39,8 @@ public:
     bool isInitialised() const;   ///< the data was made whole once
     bool serverLives() const;     ///< a server, or its first initialising, runs on the folder
     qint64 serverProcess() const; ///< its process number, 0 when none runs
+    /// A server runs and listens, and nobody can reach it, since its socket was removed from the folder.
+    bool socketIsGone() const;
 
     /// The log, locked, for a new server's output; begins afresh when it has grown large.
     Descriptor openLog() const;

@@ -12,6 +12,16 @@ constexpr unsigned connectSeconds = 10;
 constexpr unsigned endSeconds = 2;
 constexpr int lookAtStopMilliseconds = 100;
 
+/// They prove that the password is known without showing it, to whomever they speak.
+constexpr auto readableByNobody = "mysql_native_password,client_ed25519";
+/// These show it to the other end of the encrypted way, which must be the office's own server then.
+constexpr auto readableByTheServer = "mysql_native_password,client_ed25519,caching_sha2_password,sha256_password";
+
+void restrictMethods(st_mysql *handle, const char *methods)
+{
+    mysql_optionsv(handle, MARIADB_OPT_RESTRICTED_AUTH, methods);
+}
+
 const char *orNone(const QByteArray &text)
 {
     return text.isEmpty() ? nullptr : text.constData();
@@ -51,6 +61,8 @@ st_mysql *newHandle(int lockWaitSeconds)
     MYSQL *handle = mysql_init(nullptr);
     if (!handle)
         return nullptr;
+    restrictMethods(handle, readableByNobody);
+    mysql_optionsv(handle, MYSQL_DEFAULT_AUTH, "mysql_native_password"); // whatever the server greets with
     const unsigned localInfile = 0;
     const my_bool reconnect = 0;
     mysql_optionsv(handle, MYSQL_OPT_NONBLOCK, nullptr);
@@ -63,6 +75,14 @@ st_mysql *newHandle(int lockWaitSeconds)
                              + QByteArray::number(lockWaitSeconds);
     mysql_optionsv(handle, MYSQL_INIT_COMMAND, modes.constData());
     return handle;
+}
+
+void verifyServer(st_mysql *handle, const QByteArray &caFile)
+{
+    const my_bool yes = 1;
+    mysql_optionsv(handle, MYSQL_OPT_SSL_CA, caFile.constData());
+    mysql_optionsv(handle, MYSQL_OPT_SSL_VERIFY_SERVER_CERT, &yes);
+    restrictMethods(handle, readableByTheServer);
 }
 
 unsigned long connectFlags()

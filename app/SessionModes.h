@@ -15,8 +15,13 @@ struct Login
 };
 
 /// A handle for a connection that is still to be made: non-blocking calls allowed, no silent reconnect, and the modes
-/// that the statements need are set as soon as it connects. nullptr when memory is exhausted.
+/// that the statements need are set as soon as it connects. It proves the password only in ways that do not show it: a
+/// false server could ask for it in clear. nullptr when memory is exhausted.
 st_mysql *newHandle(int lockWaitSeconds);
+
+/// The handle will take only a server whose certificate the authority (a PEM file) signed for the server's name. Such a
+/// one may ask for the password in the ways that only the server itself can read.
+void verifyServer(st_mysql *handle, const QByteArray &caFile);
 
 /// Flags that a connection must be made with.
 unsigned long connectFlags();

@@ -57,10 +57,8 @@ st_mysql *SharedServer::prepared() const
         return nullptr;
     const my_bool yes = 1;
     mysql_optionsv(handle, MYSQL_OPT_SSL_ENFORCE, &yes);
-    if (!m_address.caFile.isEmpty()) {
-        mysql_optionsv(handle, MYSQL_OPT_SSL_CA, QFile::encodeName(m_address.caFile).constData());
-        mysql_optionsv(handle, MYSQL_OPT_SSL_VERIFY_SERVER_CERT, &yes);
-    }
+    if (!m_address.caFile.isEmpty())
+        verifyServer(handle, QFile::encodeName(m_address.caFile));
     return handle;
 }
 
@@ -97,6 +95,10 @@ QString SharedServer::faultOf(st_mysql *handle) const
     case ER_DBACCESS_DENIED_ERROR:
         return QStringLiteral("The database server %1 has no database \"%2\" for the user \"%3\".")
             .arg(m_address.host, m_address.database, m_address.user);
+    case CR_PLUGIN_NOT_ALLOWED:
+        return QStringLiteral("The database server %1 asks for the password in a way that would show it to a false "
+                              "server. With the server's authority in the address (ca=FILE) that is allowed.")
+            .arg(m_address.host);
     case CR_SSL_CONNECTION_ERROR:
         return unprotected(said);
     default:

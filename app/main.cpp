@@ -13,7 +13,6 @@
 #include <QApplication>
 #include <QIcon>
 #include <QMessageBox>
-#include <QStatusBar>
 #include <cstdio>
 
 using namespace ledgora;
@@ -61,10 +60,8 @@ int runWindow(const CommandLine &line)
     window.showMaximized();
     if (line.open == QLatin1String("gst"))
         window.openGst();
-    else
-        window.ReloadMenu();
     if (line.server.address.isEmpty()) // a shared server is its administrator's to back up
-        dailyBackup(*office, today(), [&window](const QString &text) { window.statusBar()->showMessage(text); });
+        dailyBackup(*office, today(), [&window](const QString &text) { window.note(text); });
     return QApplication::exec();
 }
 
@@ -100,6 +97,10 @@ int main(int argc, char *argv[])
     icon.addFile(QStringLiteral(":/icons/ledgora-128.png"));
     QApplication::setWindowIcon(icon);
     QApplication::setApplicationVersion(QStringLiteral(LEDGORA_VERSION));
+    for (const QString &out : {line.out, line.paper.out, line.report.out}) {
+        if (const QString fault = linkFault(out); !fault.isEmpty())
+            return failed(fault);
+    }
     if (line.command == CommandLine::Command::Balance)
         return printBalance(line);
     if (line.command == CommandLine::Command::Demo) {

@@ -93,7 +93,7 @@ private:
 QString makeBackup(const OfficeData &office, const QString &file, const Progress &progress)
 {
     const ErrorSite site("CARE", "MAKEBACKUP");
-    const CareLock lock(office.db);
+    const OfficeLock lock(office.db, "care");
     if (!lock.isHeld())
         return QStringLiteral("Another backup or restore of this office is under way.");
     ScratchDatabase scratch(office.db, databaseOf(office.db) + QStringLiteral("_scratch"), office.hostCode);

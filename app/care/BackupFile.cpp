@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <cstring>
 #include <fcntl.h>
+#include <zlib.h>
 
 namespace ledgora::app {
 
@@ -15,7 +16,7 @@ namespace {
 constexpr QByteArrayView magic("LEDGORA\n");
 constexpr quint32 formatVersion = 1;
 constexpr qsizetype rowsABlock = 1'000'000; // bytes
-constexpr quint32 longestBlock = 256U * 1024U * 1024U;
+constexpr quint32 longestBlock = 128U * 1024U * 1024U;
 constexpr int fast = 1; // of zlib's levels: three times as fast as the usual one, a seventh larger
 
 void putNumber(QByteArray &bytes, quint32 value)
@@ -68,6 +69,25 @@ private:
     bool m_whole = true;
 };
 
+/// The content of a packed block, nothing when it is damaged. The unpacked length is what the block says, and never
+/// more: a few bytes may unpack to gigabytes.
+std::optional<QByteArray> unpacked(QByteArrayView packed)
+{
+    constexpr qsizetype lengthBytes = sizeof(quint32);
+    if (packed.size() < lengthBytes)
+        return std::nullopt;
+    uLongf length = qFromBigEndian<quint32>(packed.data());
+    if (length > longestBlock)
+        return std::nullopt;
+    QByteArray content(qsizetype(length), Qt::Uninitialized);
+    const QByteArrayView stream = packed.sliced(lengthBytes);
+    const int status = ::uncompress(reinterpret_cast<Bytef *>(content.data()), &length,
+                                    reinterpret_cast<const Bytef *>(stream.data()), uLong(stream.size()));
+    if (status != Z_OK || qsizetype(length) != content.size())
+        return std::nullopt;
+    return content;
+}
+
 QString damaged(const QString &path)
 {
     return QStringLiteral("The file [") + path
@@ -102,13 +122,11 @@ private:
         const QByteArray head = m_file.read(5);
         const quint32 length = head.size() == 5 ? qFromBigEndian<quint32>(head.constData() + 1) : 0;
         const QByteArray packed = length <= longestBlock ? m_file.read(length) : QByteArray();
-        // The unpacked length is believed by the unpacker, which takes so much memory at once.
-        const bool sane = packed.size() == qsizetype(length) && length >= sizeof(quint32)
-                          && qFromBigEndian<quint32>(packed.constData()) <= longestBlock;
-        const QByteArray content = sane ? qUncompress(packed) : QByteArray();
-        const char kind = sane ? head.at(0) : '\0';
+        const auto content = packed.size() == qsizetype(length) ? unpacked(packed) : std::nullopt;
+        const char kind = content ? head.at(0) : '\0';
         const bool isFirst = !std::exchange(m_begun, true);
-        if (isFirst != (kind == 'H') || !take(kind, content)) {
+        m_contents.unpacked += content ? content->size() : 0;
+        if (isFirst != (kind == 'H') || !take(kind, content.value_or(QByteArray()))) {
             if (m_contents.fault.isEmpty() && !m_contents.stopped)
                 m_contents.fault = damaged(m_file.fileName());
             return;
@@ -265,6 +283,10 @@ void BackupWriter::addFile(const QString &path, const QByteArray &content)
     flushRows();
     QByteArray block;
     putText(block, path);
+    if (content.size() > qsizetype(longestBlock) - block.size() - qsizetype(sizeof(quint32))) {
+        m_fault = QStringLiteral("The file [") + path + QStringLiteral("] is too large for a backup.");
+        return;
+    }
     appendCell(block, content);
     writeBlock('F', block);
     ++m_files;

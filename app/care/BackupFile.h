@@ -22,7 +22,8 @@ namespace ledgora::app {
 //   E  end: number of tables (four bytes), of each one its name, number of rows and checksum (eight bytes each); number
 //      of files (four bytes); SHA-256 of all bytes before this block. Nothing follows.
 //
-// A text or content is four bytes of length and so many bytes, texts in UTF-8.
+// A text or content is four bytes of length and so many bytes, texts in UTF-8. No block comes to more than 128 MB,
+// packed or unpacked: what a damaged or hostile file can make a reader hold.
 
 struct BackupHead
 {
@@ -44,6 +45,7 @@ public:
 
     void beginTable(const QString &table, const QStringList &columns);
     void addRow(const QByteArray &row);
+    /// A file that does not go into one block is a failure.
     void addFile(const QString &path, const QByteArray &content);
     /// Writes the end and waits until the disk has all.
     void finish();
@@ -89,6 +91,7 @@ struct BackupContents
     bool stopped = false; ///< by the visitor
     BackupHead head;
     std::vector<TableSum> tables;
+    qint64 unpacked = 0; ///< bytes of all rows and files
 };
 
 /// Reads a backup file. What the visitor has taken counts only when there is no fault in the end.

@@ -11,6 +11,7 @@
 #include "store/Dates.h"
 #include "store/Settings.h"
 #include <QElapsedTimer>
+#include <QFile>
 #include <cstdio>
 
 namespace ledgora::app {
@@ -19,13 +20,22 @@ namespace {
 
 constexpr double millisecondsASecond = 1000;
 
-int runSample(const CommandLine &line, Connection &db)
+/// Single copies of the common templates, unless the office has chosen: with that its bills can be opened at once.
+bool chooseTemplates()
 {
+    return QFile::exists(joinPath(gTmplPath, QStringLiteral("Settings.txt"))) || saveTemplateSetup(false, false, 0, 0);
+}
+
+int runSample(SamplePlan plan, Connection &db)
+{
+    plan.host = gHostCode;
     QElapsedTimer clock;
     clock.start();
-    const SampleResult result = writeSample(db, line.sample);
+    const SampleResult result = writeSample(db, plan);
     if (!result.fault.isEmpty())
         return failed(result.fault);
+    if (!chooseTemplates())
+        return failed(QStringLiteral("The choice of templates could not be written to [") + gTmplPath + u']');
     std::printf("%lld companies, %lld clients, %lld bills with %lld lines, %lld receipts written in %.1f s.\n",
                 static_cast<long long>(result.companies), static_cast<long long>(result.parties),
                 static_cast<long long>(result.bills), static_cast<long long>(result.lines),
@@ -70,20 +80,24 @@ int runRestore(const CommandLine &line, const OfficeData &office)
 
 } // namespace
 
-int runCareCommand(const CommandLine &line)
+int runCareCommand(CommandLine line)
 {
     // Only what writes into an office may make one: a mistyped folder must not become one, nor a bad backup an empty
     // one.
     const bool restores = line.command == CommandLine::Command::Restore;
-    QString fault = restores ? backupFault(line.from, line.host, unwatched()) : QString();
-    if (!fault.isEmpty())
-        return failed(fault);
+    if (restores) {
+        const BackupLook backup = lookAtBackup(line.from, unwatched());
+        if (!backup.fault.isEmpty())
+            return failed(backup.fault);
+        if (line.host.isEmpty()) // an office that is new or empty becomes one of the backup's host
+            line.host = backup.hostCode;
+    }
     const Folder folder =
         restores || line.command == CommandLine::Command::Sample ? Folder::MayBeMade : Folder::MustBeThere;
     return inBilling(line, folder, [&line](Office &office, ClsGST &) {
         switch (line.command) {
         case CommandLine::Command::Sample:
-            return runSample(line, office.connection());
+            return runSample(line.sample, office.connection());
         case CommandLine::Command::Check:
             return runCheck(line, office.connection());
         case CommandLine::Command::Backup:

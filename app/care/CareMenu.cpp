@@ -32,9 +32,9 @@ OfficeData dataOf(Office &office)
 void check(QWidget &window, Office &office)
 {
     const QString title = QStringLiteral("Check the Data");
-    WorkBar bar(&window, title);
-    const CheckResult result = checkData(office.connection(), gHostCode, 0, bar.progress());
-    bar.hide();
+    const CheckResult result = withWorkBar(&window, title, [&office](const Progress &progress) {
+        return checkData(office.connection(), gHostCode, 0, progress);
+    });
     if (!result.fault.isEmpty())
         QMessageBox::warning(&window, title, result.fault);
     else if (result.findings.empty())
@@ -52,9 +52,8 @@ void backUp(QWidget &window, Office &office)
     const QString path = QFileDialog::getSaveFileName(&window, title, joinPath(QDir::homePath(), name), fileKind());
     if (path.isEmpty())
         return;
-    WorkBar bar(&window, title);
-    const QString fault = makeBackup(dataOf(office), path, bar.progress());
-    bar.hide();
+    const QString fault = withWorkBar(
+        &window, title, [&](const Progress &progress) { return makeBackup(dataOf(office), path, progress); });
     if (fault.isEmpty())
         QMessageBox::information(&window, title,
                                  QStringLiteral("The backup [") + path + QStringLiteral("] is written and proved."));
@@ -81,9 +80,8 @@ bool restore(QWidget &window, Office &office, const std::function<bool()> &close
         &window, title, joinPath(office.dataFolder(), QStringLiteral("backups")), fileKind());
     if (path.isEmpty() || !isAgreed(window, title, path) || !closeScreens())
         return false;
-    WorkBar bar(&window, title);
-    const RestoreResult result = restoreBackup(dataOf(office), path, bar.progress());
-    bar.hide();
+    const RestoreResult result = withWorkBar(
+        &window, title, [&](const Progress &progress) { return restoreBackup(dataOf(office), path, progress); });
     if (!result.fault.isEmpty()) {
         QMessageBox::warning(&window, title, result.fault);
         return false;

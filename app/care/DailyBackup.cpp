@@ -1,9 +1,9 @@
 #include "DailyBackup.h"
 
-#include "SampleData.h"
-#include "ScratchDatabase.h"
 #include "app/Office.h"
+#include "app/OfficeLock.h"
 #include "store/ErrorLog.h"
+#include "store/Schema.h"
 #include "store/Settings.h"
 #include <QCoreApplication>
 #include <QDir>
@@ -47,14 +47,6 @@ void keepForTheWeek(const QString &daily, const QString &weekly)
                     QStringLiteral("Backup"));
 }
 
-void removeOutdated(const QDir &folder)
-{
-    const QStringList outdated = outdatedBackups(folder.entryList(QDir::Files));
-    // Parts are what a backup left that was killed: none is under way, since this one holds the lock.
-    for (const QString &name : outdated + folder.entryList({QStringLiteral("*.ledgora.part")}, QDir::Files))
-        QFile::remove(folder.filePath(name));
-}
-
 void logFailure(const QString &text, const std::function<void(const QString &)> &tell)
 {
     const ErrorSite site("CARE", "DAILYBACKUP");
@@ -80,7 +72,7 @@ QString weeklyBackupName(QDate day)
     return dated("weekly-", day.addDays(1 - day.dayOfWeek()));
 }
 
-QStringList outdatedBackups(const QStringList &names)
+QStringList outdatedBackups(const QStringList &names, QDate day)
 {
     QStringList outdated;
     for (const Kept &kind : keptKinds) {
@@ -88,9 +80,20 @@ QStringList outdatedBackups(const QStringList &names)
             QStringLiteral("^%1\\d{4}-\\d\\d-\\d\\d(-\\d{6})?\\.ledgora$").arg(QLatin1String(kind.prefix)));
         QStringList found = names.filter(shape);
         std::ranges::sort(found, std::greater());
-        outdated += found.mid(kind.count);
+        const QString next = QLatin1String(kind.prefix) + day.addDays(1).toString(Qt::ISODate);
+        const auto upToDay = std::ranges::find_if(found, [&next](const QString &name) { return name < next; });
+        const qsizetype later = upToDay - found.begin();
+        outdated += found.first(later).mid(kind.count) + found.sliced(later).mid(kind.count);
     }
     return outdated;
+}
+
+void removeOutdatedBackups(const QString &dataFolder, QDate day)
+{
+    const QDir folder(backupFolder(dataFolder));
+    const QStringList outdated = outdatedBackups(folder.entryList(QDir::Files), day);
+    for (const QString &name : outdated + folder.entryList({QStringLiteral("*.ledgora.part")}, QDir::Files))
+        QFile::remove(folder.filePath(name));
 }
 
 QString makeDailyBackup(const OfficeData &office, QDate day)
@@ -98,7 +101,7 @@ QString makeDailyBackup(const OfficeData &office, QDate day)
     const ErrorSite site("CARE", "MAKEDAILYBACKUP");
     const QDir folder(backupFolder(office.folder));
     const QString daily = folder.filePath(dailyBackupName(day));
-    const CareLock lock(office.db);
+    const OfficeLock lock(office.db, "care");
     if (!lock.isHeld() || QFile::exists(daily) || filledTable(office.db).isEmpty())
         return {};
     if (!folder.exists() && !QDir().mkdir(folder.path(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner))
@@ -106,7 +109,7 @@ QString makeDailyBackup(const OfficeData &office, QDate day)
     if (QString fault = makeBackup(office, daily, unwatched()); !fault.isEmpty())
         return fault;
     keepForTheWeek(daily, folder.filePath(weeklyBackupName(day)));
-    removeOutdated(folder);
+    removeOutdatedBackups(office.folder, day);
     return {};
 }
 

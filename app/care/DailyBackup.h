@@ -12,9 +12,13 @@ class Office;
 QString dailyBackupName(QDate day);
 QString weeklyBackupName(QDate day);
 
-/// Which of the files in the folder of backups have had their day: all but the latest 7 daily and 8 weekly ones, by
-/// their names, and all but the latest 3 from before a restore. Files of other names are none of ours.
-QStringList outdatedBackups(const QStringList &names);
+/// Which of the files in the folder of backups have had their day: all but the latest 7 daily and 8 weekly ones up to
+/// the day, by their names, and all but the latest 3 from before a restore. Those of later days, of a clock that was
+/// wrong, push none of them out; of these as many are kept. Files of other names are none of ours.
+QStringList outdatedBackups(const QStringList &names, QDate day);
+
+/// Removes those from the folder of backups, and the parts of backups that were killed. Under the lock of backups.
+void removeOutdatedBackups(const QString &dataFolder, QDate day);
 
 /// Makes the day's backup in DIR/backups unless it is there, keeps it as the week's when it is the first of the week,
 /// and removes outdated ones once it is proved. An office without any data needs none; one that another program backs

@@ -14,7 +14,8 @@ namespace ledgora::app {
 namespace {
 
 constexpr std::array singleFiles{"Confg.ini", "ifsc.csv"};
-constexpr auto templates = "GST_Templates";
+/// Of hosts "C" and "G", and of "T".
+constexpr std::array templateFolders{"GST_Templates", "MiscSoftData/GST_Templates"};
 constexpr auto aside = "restore.new";  ///< what a restore will put in place
 constexpr auto former = "restore.old"; ///< what it replaced, until it is done
 
@@ -48,6 +49,11 @@ bool removeAll(const QString &path)
 
 } // namespace
 
+QString templateFolder(const QString &hostCode)
+{
+    return QLatin1String(templateFolders.at(hostCode == QLatin1String("T") ? 1 : 0));
+}
+
 QStringList officeFiles(const QString &dataFolder)
 {
     QStringList files;
@@ -56,10 +62,13 @@ QStringList officeFiles(const QString &dataFolder)
             files << QLatin1String(name);
     }
     const QDir office(dataFolder);
-    QDirIterator found(below(dataFolder, templates), QDir::Files | QDir::Hidden | QDir::NoSymLinks,
-                       QDirIterator::Subdirectories);
-    while (found.hasNext())
-        files << office.relativeFilePath(found.next());
+    for (const char *folder : templateFolders) {
+        // Links too: an office may have its templates on a share.
+        QDirIterator found(below(dataFolder, folder), QDir::Files | QDir::Hidden,
+                           QDirIterator::Subdirectories | QDirIterator::FollowSymlinks);
+        while (found.hasNext())
+            files << office.relativeFilePath(found.next());
+    }
     files.sort();
     return files;
 }
@@ -72,9 +81,9 @@ bool isOfficeFile(const QString &path)
     });
     if (!plain)
         return false;
-    if (parts.size() > 1)
-        return parts.front() == QLatin1String(templates);
-    return std::ranges::any_of(singleFiles, [&](const char *name) { return path == QLatin1String(name); });
+    const auto isHere = [&](const char *name) { return path == QLatin1String(name); };
+    const auto isBelow = [&](const char *folder) { return path.startsWith(QLatin1String(folder) + u'/'); };
+    return std::ranges::any_of(singleFiles, isHere) || std::ranges::any_of(templateFolders, isBelow);
 }
 
 QString beginKeeping(const QString &dataFolder)
@@ -103,13 +112,14 @@ QString takeKept(const QString &dataFolder)
     const QString kept = below(dataFolder, aside);
     if (!isThere(kept))
         return {};
-    QDir().mkpath(below(dataFolder, former));
-    for (const char *name : {singleFiles[0], singleFiles[1], templates}) {
+    for (const char *name : {singleFiles[0], singleFiles[1], templateFolders[0], templateFolders[1]}) {
         const QString from = below(kept, name);
         const QString place = below(dataFolder, name);
         const QString away = below(below(dataFolder, former), name);
         if (!isThere(from))
             continue;
+        QDir().mkpath(QFileInfo(place).path());
+        QDir().mkpath(QFileInfo(away).path());
         if (isThere(place) && !(removeAll(away) && QDir().rename(place, away)))
             return unwritable(place);
         if (!QDir().rename(from, place))
@@ -119,6 +129,11 @@ QString takeKept(const QString &dataFolder)
         return unwritable(dataFolder);
     dropKept(dataFolder);
     return {};
+}
+
+bool hasKept(const QString &dataFolder)
+{
+    return isThere(below(dataFolder, aside)) || isThere(below(dataFolder, former));
 }
 
 void dropKept(const QString &dataFolder)

@@ -6,8 +6,11 @@
 
 namespace ledgora::app {
 
-/// The files of an office's folder that belong to its data: settings, branches for the bank look-up, templates. Paths
-/// below the folder, with "/"; in order.
+/// Where an office of that host has its templates, below its folder.
+QString templateFolder(const QString &hostCode);
+
+/// The files of an office's folder that belong to its data: settings, branches for the bank look-up, the templates of
+/// any host. Paths below the folder, with "/"; in order.
 QStringList officeFiles(const QString &dataFolder);
 
 /// Whether a path from a backup names one of them and nothing outside.
@@ -20,6 +23,8 @@ QString beginKeeping(const QString &dataFolder);
 /// Puts what was kept in place of the office's own; can be run again after it was cut short. Files that the backup did
 /// not have stay. "" or what went wrong.
 QString takeKept(const QString &dataFolder);
+/// Whether a restore has left anything there.
+bool hasKept(const QString &dataFolder);
 /// Throws away what was kept and not taken.
 void dropKept(const QString &dataFolder);
 

@@ -1,7 +1,7 @@
 #include "Restore.h"
 
+#include "DailyBackup.h"
 #include "OfficeFiles.h"
-#include "SampleData.h"
 #include "ScratchDatabase.h"
 #include "store/Dates.h"
 #include "store/ErrorLog.h"
@@ -10,6 +10,7 @@
 #include "store/SqlText.h"
 #include <QDateTime>
 #include <QDir>
+#include <QStorageInfo>
 
 namespace ledgora::app {
 
@@ -37,16 +38,22 @@ bool isOpenElsewhere(Connection &db)
     return others.failed() || others.next();
 }
 
-QString headFault(const BackupHead &head, const QString &hostCode)
+/// On a shared server only some users see who else is connected.
+bool seesOthers(Connection &db)
+{
+    return db.Open("Select 1 From information_schema.user_privileges Where privilege_type='PROCESS'").next();
+}
+
+QString headFault(const BackupHead &head)
 {
     if (head.schemaVersion > schemaVersion)
         return QStringLiteral("The backup was made by a newer version of Ledgora (data version %1, this program knows "
                               "%2). Please update Ledgora on this machine.")
             .arg(head.schemaVersion)
             .arg(schemaVersion);
-    if (head.hostCode != hostCode)
-        return QStringLiteral("The backup is of an office of host %1, this one is of host %2.")
-            .arg(head.hostCode, hostCode);
+    if (!schemaHosts().contains(head.hostCode))
+        return QStringLiteral("The backup is of an office of host %1, which this program does not know.")
+            .arg(head.hostCode);
     return {};
 }
 
@@ -56,6 +63,41 @@ bool mayHaveMark(Connection &db)
     Recordset marks = db.Open("Select 1 From information_schema.tables Where table_schema=Database() And table_name="
                               + quoted(QLatin1String(mark)));
     return marks.failed() || marks.next();
+}
+
+/// The databases beside the office's that a backup or restore works with, as far as they are there: a clerk of a shared
+/// server neither sees nor may drop them.
+QStringList besideOf(Connection &db)
+{
+    const QString office = databaseOf(db);
+    QStringList names;
+    for (const char *suffix : {"_scratch", "_restore", "_former"})
+        names << quoted(office + QLatin1String(suffix));
+    QStringList found;
+    Recordset rows =
+        db.Open("Select schema_name From information_schema.schemata Where schema_name In (" + names.join(u',') + ')');
+    while (rows.next())
+        found << rows.text(0);
+    return found;
+}
+
+void dropBeside(Connection &db)
+{
+    for (const QString &name : besideOf(db))
+        db.Execute("Drop Database If Exists " + sqlName(name));
+}
+
+/// What was left by a backup or restore that was killed before it changed anything. One that is under way holds the
+/// lock.
+void clearLeftovers(Connection &db, const QString &dataFolder)
+{
+    if (besideOf(db).isEmpty() && !hasKept(dataFolder))
+        return;
+    const OfficeLock lock(db, "care");
+    if (!lock.isHeld() || mayHaveMark(db))
+        return;
+    dropBeside(db);
+    dropKept(dataFolder);
 }
 
 class Restore
@@ -75,7 +117,9 @@ public:
         result.fault = keepFormer(result.former);
         if (result.fault.isEmpty())
             result.fault = replace();
-        if (!result.fault.isEmpty() && !mayHaveMark(m_office.db))
+        if (result.fault.isEmpty())
+            removeOutdatedBackups(m_office.folder, today()); // not before: the backup may be one of them
+        else if (!mayHaveMark(m_office.db))
             dropKept(m_office.folder);
         return result;
     }
@@ -116,11 +160,13 @@ private:
         if (!fault.isEmpty())
             return fault;
         const QString former = formerDatabase(db);
-        const bool ready = db.Execute("Create Table " + sqlName(scratch.name()) + '.' + sqlName(QLatin1String(mark))
-                                      + " (Id int) Engine=InnoDB")
+        const QStringList replaced = scratch.tables() + QStringList{"ledgora_schema", "ledgora_host"};
+        const bool ready = scratch.dropUnused()
+                           && db.Execute("Create Table " + sqlName(scratch.name()) + '.' + sqlName(QLatin1String(mark))
+                                         + " (Id int) Engine=InnoDB")
                            && db.Execute("Drop Database If Exists " + sqlName(former))
                            && db.Execute("Create Database " + sqlName(former));
-        if (!ready || !db.Execute(swap(scratch.name(), former)))
+        if (!ready || !db.Execute(swap(replaced, scratch.name(), former)))
             return databaseFault(db);
         fault = finishRestore(db, m_office.folder);
         return fault.isEmpty() ? fault
@@ -128,15 +174,17 @@ private:
     }
 
     /// All tables change places in one statement, which the server carries out whole or not at all, even when it is
-    /// killed.
-    QString swap(const QString &scratch, const QString &former)
+    /// killed. Those that are none of ours stay.
+    QString swap(const QStringList &replaced, const QString &scratch, const QString &former)
     {
         QStringList moves;
         const auto move = [&](const QString &table, const QString &from, const QString &to) {
             moves << sqlName(from) + '.' + sqlName(table) + " To " + sqlName(to) + '.' + sqlName(table);
         };
-        for (const QString &table : tablesOf(m_office.db, m_database))
-            move(table, m_database, former);
+        for (const QString &table : tablesOf(m_office.db, m_database)) {
+            if (replaced.contains(table))
+                move(table, m_database, former);
+        }
         for (const QString &table : tablesOf(m_office.db, scratch))
             move(table, scratch, m_database);
         return "Rename Table " + moves.join(u',');
@@ -150,7 +198,7 @@ private:
 
 } // namespace
 
-QString backupFault(const QString &file, const QString &hostCode, const Progress &progress)
+BackupLook lookAtBackup(const QString &file, const Progress &progress)
 {
     BackupVisitor visitor;
     visitor.pause = [&](qint64 done, qint64 total) {
@@ -158,18 +206,36 @@ QString backupFault(const QString &file, const QString &hostCode, const Progress
     };
     const BackupContents contents = readBackup(file, visitor);
     if (contents.stopped)
-        return QLatin1String(cancelledText);
-    return contents.fault.isEmpty() ? headFault(contents.head, hostCode) : contents.fault;
+        return {QLatin1String(cancelledText), {}, 0};
+    return {contents.fault.isEmpty() ? headFault(contents.head) : contents.fault, contents.head.hostCode,
+            contents.unpacked};
 }
 
 RestoreResult restoreBackup(const OfficeData &office, const QString &file, const Progress &progress)
 {
     const ErrorSite site("CARE", "RESTOREBACKUP");
-    if (const QString fault = backupFault(file, office.hostCode, progress); !fault.isEmpty())
-        return {fault, {}};
-    const CareLock lock(office.db);
+    const BackupLook backup = lookAtBackup(file, progress);
+    if (!backup.fault.isEmpty())
+        return {backup.fault, {}};
+    if (backup.hostCode != office.hostCode)
+        return {QStringLiteral("The backup is of an office of host %1, this one is of host %2.")
+                    .arg(backup.hostCode, office.hostCode),
+                {}};
+    constexpr qint64 megabyte = 1024 * 1024;
+    const QStorageInfo disk(office.folder);
+    if (backup.unpacked > disk.bytesAvailable())
+        return {QStringLiteral("The backup holds %1 MB, and there is no room for them on the disk %2.")
+                    .arg(backup.unpacked / megabyte)
+                    .arg(disk.rootPath()),
+                {}};
+    const OfficeLock lock(office.db, "care");
     if (!lock.isHeld())
         return {QStringLiteral("Another backup or restore of this office is under way."), {}};
+    if (!seesOthers(office.db))
+        return {
+            QStringLiteral("The database user lacks the right PROCESS: whether the office is open elsewhere can not "
+                           "be seen."),
+            {}};
     if (isOpenElsewhere(office.db))
         return {QStringLiteral("The office is open in another program. Close it there first."), {}};
     return Restore(office, file, progress).run();
@@ -178,9 +244,11 @@ RestoreResult restoreBackup(const OfficeData &office, const QString &file, const
 QString finishRestore(Connection &db, const QString &dataFolder)
 {
     const ErrorSite site("CARE", "FINISHRESTORE");
-    if (!mayHaveMark(db))
+    if (!mayHaveMark(db)) {
+        clearLeftovers(db, dataFolder);
         return {};
-    const CareLock lock(db, waitForOther);
+    }
+    const OfficeLock lock(db, "care", waitForOther);
     if (!lock.isHeld())
         return QStringLiteral("Another program is restoring this office.");
     if (!mayHaveMark(db)) // it has completed it meanwhile
@@ -189,8 +257,7 @@ QString finishRestore(Connection &db, const QString &dataFolder)
         return fault;
     if (!db.Execute("Drop Table " + sqlName(QLatin1String(mark))))
         return databaseFault(db);
-    db.Execute("Drop Database If Exists " + sqlName(formerDatabase(db)));
-    db.Execute("Drop Database If Exists " + sqlName(databaseOf(db) + QStringLiteral("_restore")));
+    dropBeside(db);
     return {};
 }
 

@@ -4,8 +4,16 @@
 
 namespace ledgora::app {
 
-/// "" when the file is a whole backup that this program can restore for the host, else why not. Needs no database.
-QString backupFault(const QString &file, const QString &hostCode, const Progress &progress);
+/// What a backup file is.
+struct BackupLook
+{
+    QString fault;       ///< "" when it is a whole backup that this program can restore, else why not
+    QString hostCode;    ///< of the office that it was made of
+    qint64 unpacked = 0; ///< bytes that it holds
+};
+
+/// Reads a backup file from its beginning to its end. Needs no database.
+BackupLook lookAtBackup(const QString &file, const Progress &progress);
 
 struct RestoreResult
 {
@@ -18,7 +26,8 @@ struct RestoreResult
 /// the new, never a mixture, files included (`finishRestore` at the next start). Nobody else may have the office open.
 RestoreResult restoreBackup(const OfficeData &office, const QString &file, const Progress &progress);
 
-/// When opening an office: completes a restore whose tables were swapped and that was ended then. "" or what is wrong.
+/// When opening an office: completes a restore whose tables were swapped and that was ended then, and clears what a
+/// restore or backup left that was ended before. "" or what is wrong.
 QString finishRestore(Connection &db, const QString &dataFolder);
 
 } // namespace ledgora::app

@@ -9,6 +9,9 @@
 #include "store/Connection.h"
 #include "store/Dates.h"
 #include "store/ErrorLog.h"
+#include "store/Schema.h"
+#include <algorithm>
+#include <map>
 
 namespace ledgora::app {
 
@@ -35,23 +38,18 @@ bool writeMasters(Connection &db, const SamplePlan &plan, SampleResult &result)
 
 bool writeParties(Connection &db, const SamplePlan &plan, SampleResult &result)
 {
-    RowWriter companies(db, QStringLiteral("Comp_Master"));
-    RowWriter partnerships(db, QStringLiteral("LLP_Master"));
-    RowWriter others(db, QStringLiteral("GST_OthCl"));
-    RowWriter registered(db, QStringLiteral("GST_ClRegNo"));
+    std::map<QString, RowWriter> writers; // by table
+    const auto add = [&](const QString &table, const QString &row) {
+        return writers.try_emplace(table, db, table).first->second.add(row);
+    };
     for (int index = 0; index < plan.parties; ++index) {
         const SampleParty party = sampleParty(plan, index);
-        if (party.table == QLatin1String("GST_OthCl"))
-            others.add(party.row);
-        else if (party.table == QLatin1String("LLP_Master"))
-            partnerships.add(party.row);
-        else
-            companies.add(party.row);
-        if (!party.gstinRow.isEmpty())
-            registered.add(party.gstinRow);
+        if (!add(party.table, party.row)
+            || (!party.gstinRow.isEmpty() && !add(QStringLiteral("GST_ClRegNo"), party.gstinRow)))
+            return false;
     }
-    result.parties = companies.rows() + partnerships.rows() + others.rows();
-    return companies.finish() && partnerships.finish() && others.finish() && registered.finish();
+    result.parties = plan.parties;
+    return std::ranges::all_of(writers, [](auto &writer) { return writer.second.finish(); });
 }
 
 /// Writes the receipts on one company's bills, bills after bills.
@@ -121,16 +119,6 @@ bool writeDocuments(Connection &db, const SamplePlan &plan, SampleResult &result
 
 } // namespace
 
-QString filledTable(Connection &db)
-{
-    for (const char *table : {"GST_BillM", "GST_RecpM", "GST_FirmMas", "GST_OthCl", "GST_Series", "GST_ClRegNo",
-                              "Comp_Master", "LLP_Master", "GST_BillD", "GST_RecpD"}) {
-        if (db.Open(QStringLiteral("Select 1 From ") + QLatin1String(table) + QStringLiteral(" Limit 1")).next())
-            return QLatin1String(table);
-    }
-    return {};
-}
-
 SamplePlan settledPlan(SamplePlan plan)
 {
     if (!plan.today.isValid())
@@ -176,6 +164,8 @@ SampleResult writeSample(Connection &db, const SamplePlan &plan)
     if (!whole) {
         result.fault = QStringLiteral("The sample data could not be written: ") + db.lastError();
         db.Execute(QStringLiteral("Rollback"));
+    } else {
+        refreshStatistics(db);
     }
     return result;
 }

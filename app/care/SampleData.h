@@ -15,11 +15,8 @@ struct SampleResult
     qint64 companies = 0, parties = 0, bills = 0, lines = 0, receipts = 0;
 };
 
-/// The first table of companies, clients, series, bills or receipts that has rows, "" when none has.
-QString filledTable(Connection &db);
-
-/// Fills an office of host "C" that has no company, client, series, bill or receipt yet: all rows in one transaction,
-/// so that a run that fails or is ended leaves the office empty. The plan must be settled and without a fault.
+/// Fills an empty office of the plan's host: all rows in one transaction, so that a run that fails or is ended leaves
+/// the office empty. The plan must be settled and without a fault.
 SampleResult writeSample(Connection &db, const SamplePlan &plan);
 
 } // namespace ledgora::app

@@ -82,31 +82,71 @@ SampleParty hostClient(const char *table, const QString &code, const Holder &mad
             made.gstin.isEmpty() ? QString() : row({}, {code, made.gstin, {}})};
 }
 
-SampleParty hostCompany(Dice &dice, const SamplePlace &place, int index)
+/// A firm or company of the hosts that keep all of them in one table.
+SampleParty hostFirm(const SamplePlan &plan, const QString &code, const Holder &made)
+{
+    QStringList texts{code, made.name};
+    const QStringList address{made.house, {}, made.street, {}, made.city, made.state, made.pin};
+    const QStringList contacts{made.phone, {}, {}, made.email};
+    const bool isT = plan.host == QLatin1String("T");
+    if (isT)
+        texts << made.pan << address;
+    else
+        texts << address << made.pan;
+    return hostClient(isT ? "Main_Info" : "Main_Info1", code, made, row({}, texts + contacts));
+}
+
+SampleParty hostIndividual(const QString &code, const Holder &made)
+{
+    const QStringList texts{code,
+                            made.name.section(u' ', 0, 0),
+                            made.name.section(u' ', 1, 1),
+                            made.name.section(u' ', 2),
+                            made.house,
+                            {},
+                            made.street,
+                            {},
+                            made.city,
+                            made.state,
+                            made.pin,
+                            made.pan,
+                            {},
+                            made.phone,
+                            {},
+                            {},
+                            made.email};
+    return hostClient("Owner1", code, made, row({}, texts));
+}
+
+SampleParty hostCompany(const SamplePlan &plan, Dice &dice, const SamplePlace &place, int index)
 {
     constexpr int registered = 85;
     const QString name = sampleBusiness(index) + QStringLiteral(" PVT. LTD.");
     const Holder made = holder(dice, place, name, 'C', name.at(0), registered);
     const QString code = QStringLiteral("C%1").arg(index + 1, 5, 10, QLatin1Char('0'));
+    if (plan.host != QLatin1String("C"))
+        return hostFirm(plan, code, made);
     const QStringList texts{code, name, made.pan, made.house, {}, made.street, {}, made.city};
     return hostClient(
         "Comp_Master", code, made,
         row(number(index + 1), texts + QStringList{made.state, made.pin, made.phone, {}, {}, made.email}));
 }
 
-SampleParty hostPartnership(Dice &dice, const SamplePlace &place, int index)
+SampleParty hostPartnership(const SamplePlan &plan, Dice &dice, const SamplePlace &place, int index)
 {
     constexpr int registered = 75;
     const QString name = sampleBusiness(index) + QStringLiteral(" LLP");
     const Holder made = holder(dice, place, name, 'F', name.at(0), registered);
     const QString code = QStringLiteral("L%1").arg(index + 1, 5, 10, QLatin1Char('0'));
+    if (plan.host != QLatin1String("C"))
+        return hostFirm(plan, code, made);
     const QStringList texts{code, name, made.pan, made.house, made.street, made.city};
     return hostClient("LLP_Master", QStringLiteral("LLP!~!") + code, made,
                       row({}, texts + QStringList{made.state, made.pin, made.phone, {}, {}, made.email}));
 }
 
-/// Persons, families, firms and trusts in turn.
-SampleParty otherClient(Dice &dice, const SamplePlace &place, int index)
+/// Persons, families, firms and trusts in turn. Host "G" has persons among its own clients.
+SampleParty otherClient(const SamplePlan &plan, Dice &dice, const SamplePlace &place, int index)
 {
     constexpr int registeredFirms = 70;
     constexpr int registeredPersons = 25;
@@ -121,6 +161,8 @@ SampleParty otherClient(Dice &dice, const SamplePlace &place, int index)
         name += kind == 7 ? QStringLiteral(" TRUST") : QStringLiteral(" AND SONS");
     const char panKind = "PPPPHFFT"[kind];
     const Holder made = holder(dice, place, name, panKind, initial, isPerson ? registeredPersons : registeredFirms);
+    if (kind < 4 && plan.host == QLatin1String("G"))
+        return hostIndividual(QStringLiteral("P%1").arg(id, 5, 10, QLatin1Char('0')), made);
     const QString code = otherClientCode(id);
     return {QStringLiteral("GST_OthCl"),
             code,
@@ -200,8 +242,9 @@ SampleParty sampleParty(const SamplePlan &plan, int index)
     const SamplePlace &place = dice.chance(atHome) ? companyPlace(plan, index % plan.companies + 1) : samplePlace(dice);
     const Turn turn = turnOf(index);
     if (turn.kind == 'C')
-        return hostCompany(dice, place, turn.index);
-    return turn.kind == 'L' ? hostPartnership(dice, place, turn.index) : otherClient(dice, place, turn.index);
+        return hostCompany(plan, dice, place, turn.index);
+    return turn.kind == 'L' ? hostPartnership(plan, dice, place, turn.index)
+                            : otherClient(plan, dice, place, turn.index);
 }
 
 int sampleSeriesId(const SamplePlan &plan, int year, int place)

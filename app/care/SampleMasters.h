@@ -22,8 +22,9 @@ struct SampleParty
     QString row;      ///< its values in the table, in brackets
     QString gstinRow; ///< its values in `GST_ClRegNo`; "" for an other client, or without a GSTIN
 };
-/// `index` from 0. Of twenty clients nine are companies, three partnerships, eight other clients. Clients belong to the
-/// companies in turn; two of three live where their company has its office.
+/// `index` from 0. Of twenty clients nine are companies, three partnerships, eight other clients, of whom host "G"
+/// counts the persons among its own. Clients belong to the companies in turn; two of three live where their company has
+/// its office.
 SampleParty sampleParty(const SamplePlan &plan, int index);
 
 /// Series of each year: three of bills and one of receipts. `place` 0 .. 3 within the year.

@@ -10,12 +10,14 @@ struct SamplePlan
 {
     int seed = 1; ///< from 0 on
     int companies = 2;
-    int parties = 200; ///< clients: companies, partnerships and other clients
+    int parties = 200; ///< clients: the host's own and other clients
     int bills = 1000;  ///< of all companies and years together, in even shares
     int receipts = 85; ///< of a hundred bills, those on which something was received
     int from = 2017;   ///< first financial year, by its starting year
     int to = 0;        ///< last one; 0 for that of `today`
     QDate today;       ///< no bill is dated later
+    // NOLINTNEXTLINE(readability-redundant-member-init): initialisers may leave it out
+    QString host = QStringLiteral("C"); ///< whose clients: "C", "G", "T"
 
     int years() const { return to - from + 1; }
 };

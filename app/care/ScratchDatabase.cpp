@@ -3,8 +3,10 @@
 #include "RowWriter.h"
 #include "store/Schema.h"
 #include "store/SqlText.h"
+#include <algorithm>
 #include <map>
 #include <memory>
+#include <mysqld_error.h>
 
 namespace ledgora::app {
 
@@ -28,31 +30,51 @@ QString values(const RowCells &row)
 
 } // namespace
 
-QString databaseOf(Connection &db)
-{
-    Recordset rows = db.Open(QStringLiteral("Select Database()"));
-    return rows.next() ? rows.text(0) : QString();
-}
-
-ScratchDatabase::ScratchDatabase(Connection &db, const QString &name, const QString &hostCode) : m_db(db), m_name(name)
+ScratchDatabase::ScratchDatabase(Connection &db, const QString &name, const QString &hostCode)
+    : m_db(db)
+    , m_name(name)
+    , m_hostCode(hostCode)
+    , m_tables(dataTables())
 {
     const QString office = databaseOf(db);
     // The connection is in the other database only while its tables are made: no event can come in between.
     const bool made = !office.isEmpty() && db.Execute("Drop Database If Exists " + sqlName(name))
                       && db.Execute("Create Database " + sqlName(name)) && db.Execute("Use " + sqlName(name));
-    const bool whole = made && createSchema(db, hostCode);
-    if (!office.isEmpty() && !(db.Execute("Use " + sqlName(office)) && whole))
+    QStringList hosts = schemaHosts();
+    hosts.removeOne(hostCode);
+    hosts.prepend(hostCode); // the first one is noted
+    const bool whole =
+        made && std::ranges::all_of(hosts, [&db](const QString &host) { return createSchema(db, host); });
+    if (!whole)
+        m_fault = db.lastErrorNumber() == ER_DBACCESS_DENIED_ERROR
+                      ? QStringLiteral("The database user may not make the database %1, in which backups are proved. "
+                                       "The administrator can allow it (docs/shared-server.md).")
+                            .arg(name)
+                      : readFault(db);
+    if (made && !db.Execute("Use " + sqlName(office)) && m_fault.isEmpty())
         m_fault = readFault(db);
-    if (!whole && m_fault.isEmpty())
-        m_fault = readFault(db);
-    m_tables = tablesOf(db, name);
-    m_tables.removeIf([](const QString &table) { return table.toLower() == QLatin1String("ledgora_schema"); });
 }
 
 ScratchDatabase::~ScratchDatabase()
 {
     if (!m_released && !m_db.isLost())
         m_db.Execute("Drop Database If Exists " + sqlName(m_name));
+}
+
+bool ScratchDatabase::dropUnused()
+{
+    const QStringList own = clientTables(m_hostCode);
+    for (const QString &host : schemaHosts()) {
+        for (const QString &table : clientTables(host)) {
+            if (own.contains(table))
+                continue;
+            const QString name = sqlName(m_name) + '.' + sqlName(table);
+            Recordset row = m_db.Open("Select 1 From " + name + " Limit 1");
+            if (row.failed() || (!row.next() && !m_db.Execute("Drop Table " + name)))
+                return false;
+        }
+    }
+    return true;
 }
 
 /// Puts the rows of a backup into the tables.
@@ -132,6 +154,7 @@ QString ScratchDatabase::load(const QString &backup,
 {
     std::vector<TableSum> told;
     const QString fault = Loading(*this, file, progress).run(backup, told);
+    refreshStatistics(m_db, m_name); // they go along when the tables do
     return fault.isEmpty() ? compare(told, progress) : fault;
 }
 
@@ -159,18 +182,6 @@ QString ScratchDatabase::compare(const std::vector<TableSum> &told, const Progre
             return QStringLiteral("The table %1 does not come out of the backup as it went in.").arg(sum.table);
     }
     return {};
-}
-
-CareLock::CareLock(Connection &db, int waitSeconds) : m_db(db), m_name(quoted(databaseOf(db) + "_care"))
-{
-    Recordset taken = db.Open("Select Get_Lock(" + m_name + ',' + number(waitSeconds) + ')');
-    m_held = taken.next() && taken.integer(0) == 1;
-}
-
-CareLock::~CareLock()
-{
-    if (m_held && !m_db.isLost())
-        m_db.Open("Select Release_Lock(" + m_name + ')');
 }
 
 } // namespace ledgora::app

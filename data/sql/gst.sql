@@ -6,6 +6,12 @@ CREATE TABLE IF NOT EXISTS Ledgora_Schema (
   Version int NOT NULL
 ) ENGINE=InnoDB DEFAULT CHARSET=utf8mb4 COLLATE=utf8mb4_unicode_520_ci;
 
+-- The kind of host whose office this is: one row. A table of its own, since a clerk's rights make tables but change none.
+CREATE TABLE IF NOT EXISTS Ledgora_Host (
+  Id int NOT NULL PRIMARY KEY,
+  Code varchar(1) NOT NULL
+) ENGINE=InnoDB DEFAULT CHARSET=utf8mb4 COLLATE=utf8mb4_unicode_520_ci;
+
 CREATE TABLE IF NOT EXISTS GST_FirmMas (
   FirmSrNo int NOT NULL PRIMARY KEY,
   Nm varchar(300), Desig varchar(150), Addr1 varchar(200), Addr2 varchar(200), City varchar(150), PinCode varchar(20),

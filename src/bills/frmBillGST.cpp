@@ -17,7 +17,6 @@ namespace ledgora {
 
 frmBillGST::frmBillGST(QWidget *parent) : DocumentScreen(parent), ui(std::make_unique<Ui::frmBillGST>())
 {
-    bindToCompany();
     ui->setupUi(this);
     FORM_LOAD();
 }
@@ -28,7 +27,7 @@ void frmBillGST::FORM_LOAD()
 {
     const ErrorSite site("frmBillGST", "FORM_LOAD");
     gHostObj->Resize_For_Resolution(*this);
-    setWindowTitle(QStringLiteral("GST Billing - ") + gFirmName);
+    tellCompany();
     setUpDocument({ui->cbofyr,        ui->cbosr,       ui->txtbillno, ui->txtbilldt, ui->txtpartynm,    ui->txtpartyPAN,
                    ui->txtpartygstin, ui->txtpartyadd, ui->txtNarr,   ui->famedit,   ui->chkClientWise, ui->lblKeys,
                    ui->lblStatus,     ui->cmdnext,     ui->cmdprev,   ui->cmdshlist, ui->cmdAdd,        ui->cmdmodify,
@@ -138,10 +137,7 @@ void frmBillGST::CMDUPDATE_CLICK()
 
 void frmBillGST::pointAt(const BillFault &fault)
 {
-    auto *target = findChild<QWidget *>(fault.field);
-    inform(fault.message, target);
-    if (auto *line = qobject_cast<QLineEdit *>(target))
-        line->selectAll();
+    inform(fault.message, findChild<QWidget *>(fault.field));
     if (fault.row >= 0)
         ui->vsB->setCursor(fault.row, fault.column);
 }
@@ -289,7 +285,7 @@ void frmBillGST::VSB_AFTEREDIT(int row, int column)
     if (changesBillTotals(column))
         recomputeTotals();
     if (message)
-        post(*message);
+        post(*message, [this, row, column] { ui->vsB->editCell(row, column); });
 }
 
 void frmBillGST::VSB_KEYPRESS_ENTER(int row, int column)
@@ -305,9 +301,11 @@ void frmBillGST::VSB_KEYPRESS_ENTER(int row, int column)
 
 void frmBillGST::GETLISTP()
 {
-    ui->vsB->commitEditor();
     if (m_particulars->count() == 0)
         m_particulars->addItems(earlierParticulars(*gCnn));
+    if (m_particulars->count() == 0)
+        return; // what is being typed goes on
+    ui->vsB->commitEditor();
     const QModelIndex cell = ui->vsB->currentIndex();
     showTexts(m_particulars, {}, ui->vsB->cells().text(cell.row(), cell.column()), ui->vsB->viewport(),
               ui->vsB->visualRect(cell));

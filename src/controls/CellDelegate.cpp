@@ -1,6 +1,6 @@
 #include "controls/CellDelegate.h"
 
-#include "controls/CommandButton.h"
+#include "controls/ChoiceBox.h"
 #include "controls/Grid.h"
 #include "controls/OneLine.h"
 #include <QApplication>
@@ -15,44 +15,13 @@ namespace ledgora {
 namespace {
 
 constexpr auto originalTextProperty = "originalText";
-
-/// An access key works through an open list: the entry it stands on is taken, and the command gets its click. The list
-/// is a window of its own, in which the keys of the screen's commands would be lost.
-class AccessKeysOfList : public QObject
-{
-public:
-    explicit AccessKeysOfList(QComboBox *box) : QObject(box), m_box(box) { box->view()->installEventFilter(this); }
-
-    bool eventFilter(QObject *, QEvent *event) override
-    {
-        if (event->type() != QEvent::KeyPress)
-            return false;
-        const auto *key = static_cast<QKeyEvent *>(event);
-        if (key->modifiers() != Qt::AltModifier)
-            return false;
-        const QKeySequence pressed(key->keyCombination());
-        for (CommandButton *button : m_box->window()->findChildren<CommandButton *>()) {
-            if (button->shortcut() != pressed || !button->isVisible() || !button->isEnabled())
-                continue;
-            m_box->setCurrentIndex(m_box->view()->currentIndex().row());
-            m_box->hidePopup();
-            button->setFocus(Qt::ShortcutFocusReason);
-            QMetaObject::invokeMethod(button, &QAbstractButton::click, Qt::QueuedConnection);
-            return true;
-        }
-        return false;
-    }
-
-private:
-    QComboBox *m_box;
-};
+constexpr int closedDarkness = 107; // of a hundred: a shade darker than what may be typed into
 
 QComboBox *pickEditor(QWidget *parent, const std::vector<Pick> &picks)
 {
-    auto *box = new QComboBox(parent);
+    auto *box = new ChoiceBox(parent);
     for (const Pick &pick : picks)
         box->addItem(pick.entry, pick.key);
-    new AccessKeysOfList(box); // owned by the box
     box->view()->setTextElideMode(Qt::ElideNone);
     box->view()->setMinimumWidth(box->minimumSizeHint().width());
     return box;
@@ -149,19 +118,24 @@ void CellDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option, 
     style->drawPrimitive(QStyle::PE_IndicatorItemViewItemCheck, &box, painter, m_grid);
 }
 
+void CellDelegate::initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const
+{
+    QStyledItemDelegate::initStyleOption(option, index);
+    if (!m_grid->isOpen(index))
+        option->backgroundBrush = option->palette.color(QPalette::Base).darker(closedDarkness);
+}
+
 bool CellDelegate::eventFilter(QObject *watched, QEvent *event)
 {
-    // Another window is no other cell: what is being typed stays open, and goes on where it was.
-    if (event->type() == QEvent::FocusOut && qobject_cast<QLineEdit *>(watched)
-        && static_cast<QFocusEvent *>(event)->reason() == Qt::ActiveWindowFocusReason)
-        return false;
     auto *editor = qobject_cast<QWidget *>(watched);
     if (editor && event->type() == QEvent::KeyPress && editorKeyPress(editor, static_cast<QKeyEvent *>(event)))
         return true;
-    // Switching windows ends no edit: what is half typed is neither judged nor lost.
-    if (editor && event->type() == QEvent::FocusOut
-        && static_cast<QFocusEvent *>(event)->reason() == Qt::ActiveWindowFocusReason)
-        return false;
+    // Switching windows or opening a menu ends no edit: what is half typed is neither judged nor lost.
+    if (editor && event->type() == QEvent::FocusOut) {
+        const Qt::FocusReason reason = static_cast<QFocusEvent *>(event)->reason();
+        if (reason == Qt::ActiveWindowFocusReason || reason == Qt::MenuBarFocusReason)
+            return false;
+    }
     return QStyledItemDelegate::eventFilter(watched, event);
 }
 

@@ -26,9 +26,15 @@ namespace {
 constexpr auto showListCaption = "S&how List";
 constexpr auto hideListCaption = "&Hide List";
 
+/// Host "C" knows names and addresses of former years: its directory is read when a year is chosen.
+bool directoryHangsOnYear()
+{
+    return gHostCode == QLatin1String("C");
+}
+
 } // namespace
 
-DocumentScreen::DocumentScreen(QWidget *parent) : Screen(parent) {}
+DocumentScreen::DocumentScreen(QWidget *parent) : CompanyScreen(parent) {}
 
 void DocumentScreen::setUpDocument(const DocumentFields &fields, Kind kind)
 {
@@ -124,13 +130,12 @@ void DocumentScreen::connectFields()
 
 void DocumentScreen::digitsOnly(QLineEdit *line)
 {
-    field(line).keyDown = [this, line](QKeyEvent *key) {
+    field(line).keyDown = [this](const QKeyEvent *key) {
         const QString typed = key->text();
         const bool digit = typed.size() == 1 && typed.at(0) >= u'0' && typed.at(0) <= u'9'; // no other script's
-        const bool refused =
-            isTypedCharacter(typed) && !digit && !(key->modifiers() & (Qt::ControlModifier | Qt::AltModifier));
+        const bool refused = isTypedCharacter(typed) && !digit && !key->modifiers().testFlag(Qt::ControlModifier);
         if (refused)
-            inform(QStringLiteral("Enter Numeric Value."), line);
+            inform(QStringLiteral("Enter Numeric Value."));
         return refused;
     };
 }
@@ -138,9 +143,8 @@ void DocumentScreen::digitsOnly(QLineEdit *line)
 void DocumentScreen::openYears()
 {
     SETBUTTONS(true);
-    // The directory of host "C" depends on the year and is read when that is chosen.
-    if (gHostCode != QLatin1String("C"))
-        m_parties->change([](Cells &parties) { LOADCLLIST(*gCnn, gHostCode, parties); });
+    if (!directoryHangsOnYear())
+        fillParties();
     m_fields.year->setHiddenValue({});
     m_fields.year->clear();
     m_fields.year->addItems(financialYears(gRegYr));
@@ -155,16 +159,34 @@ void DocumentScreen::CBOFYR_CLICK()
     if (m_fields.year->hiddenValue().isEmpty() || m_fields.year->hiddenValue() == index)
         return;
     m_fields.year->setHiddenValue(index);
-    if (gHostCode == QLatin1String("C"))
-        m_parties->change([this](Cells &parties) {
-            LOADCLLIST(*gCnn, gHostCode, parties);
-            CEF_UPDATEADDRESS(*gCnn, year(), parties);
-        });
+    if (directoryHangsOnYear())
+        fillParties();
     fillSeries();
     yearChanged(year());
     loadList(0);
     m_list->setRow(m_list->cells().hasData() ? m_list->cells().fixedRows() : -1);
     showCurrent();
+}
+
+void DocumentScreen::bringUpToDate()
+{
+    const QString shown = m_fields.number->hiddenValue();
+    fillParties();
+    fillSeries();
+    loadList(0);
+    const Cells &list = m_list->cells();
+    const int row = shown.isEmpty() ? -1 : list.find(shown, m_kind.list.columns.id);
+    m_list->setRow(row >= 0 ? row : list.hasData() ? list.fixedRows() : -1);
+    showCurrent();
+}
+
+void DocumentScreen::fillParties()
+{
+    m_parties->change([this](Cells &parties) {
+        LOADCLLIST(*gCnn, gHostCode, parties);
+        if (directoryHangsOnYear())
+            CEF_UPDATEADDRESS(*gCnn, year(), parties);
+    });
 }
 
 void DocumentScreen::fillSeries()
@@ -204,6 +226,9 @@ void DocumentScreen::CMDADD_CLICK()
     m_isAdding = true;
     m_editedId = 0;
     SETBUTTONS(false);
+    if (!m_parties->cells().hasData())
+        say(QStringLiteral("There is no client yet. Clients are made in the home screen, or in the program that opened "
+                           "it."));
     beginAdd();
 }
 
@@ -410,12 +435,12 @@ void DocumentScreen::closeEvent(QCloseEvent *event)
     if (!mayClose)
         event->ignore();
     else
-        Screen::closeEvent(event);
+        CompanyScreen::closeEvent(event);
 }
 
 void DocumentScreen::resizeEvent(QResizeEvent *event)
 {
-    Screen::resizeEvent(event);
+    CompanyScreen::resizeEvent(event);
     if (m_list && m_list->isVisible())
         placeList();
 }

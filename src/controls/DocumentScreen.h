@@ -2,7 +2,7 @@
 
 #include "bills/DocumentList.h"
 #include "bills/DocumentStore.h"
-#include "controls/Screen.h"
+#include "controls/CompanyScreen.h"
 #include "store/Cells.h"
 
 class QCheckBox;
@@ -36,7 +36,7 @@ struct DocumentFields
 /// The base of the entry screens for bills and receipts: year and series lists, type-ahead on the party directory,
 /// the list of the year's documents as cursor, the two modes, Next and Previous, the list of earlier narrations, Esc.
 /// A derived screen gives its tables and its own panel.
-class DocumentScreen : public Screen
+class DocumentScreen : public CompanyScreen
 {
     Q_OBJECT
 public:
@@ -137,6 +137,8 @@ protected:
     QListWidget *makeTextPopup(const QString &name, const QString &heading,
                                const std::function<void(const QString &)> &take);
 
+    bool hasOpenEntry() const override { return isEditing(); }
+    void bringUpToDate() override;
     void escapePressed() override;
     void resizeEvent(QResizeEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
@@ -145,6 +147,7 @@ private:
     void connectCommands();
     void connectFields();
     void connectParty();
+    void fillParties();
     void fillSeries();
     void moveTo(int delta);
     void hideDocumentList();

@@ -4,6 +4,7 @@
 #include "host/LiveObjects.h"
 #include "host/WorkingState.h"
 #include <QMessageBox>
+#include <QPointer>
 #include <QStringList>
 #include <QWidget>
 #include <deque>
@@ -18,8 +19,9 @@ namespace ledgora {
 /// command runs, the company that the screen was opened for, and the boundary at which a handler's failure ends.
 ///
 /// Handlers are connected through `on` and `command`, never directly: so each runs with the working state of the
-/// screen's own company. Focus events only queue what a field's leaving and entering causes; a box raised inside a
-/// focus event would fight it for the focus.
+/// screen's own company. A move of the focus only queues what a field's leaving and entering causes; a box raised in
+/// the middle of it would fight it for the focus. A field is left when another one of the screen has the keys: boxes,
+/// menus, drop-down lists, other screens and windows leave it as it is.
 class Screen : public QWidget
 {
     Q_OBJECT
@@ -30,7 +32,16 @@ public:
     /// left. False when the field refuses; then its message was shown and it has the focus again.
     bool settle();
 
-    /// A plain box with one OK button, with the focus back in `field` afterwards.
+    /// Shows the screen in the host's window, or as a window of its own where the host has none, and gives it the keys.
+    void present();
+    /// It was closed, and is there only until the present event is over.
+    bool isClosed() const { return m_closed; }
+    /// Ends the screen unasked, boxes above it included: at once, or, when it is called out of one of its own handlers,
+    /// as soon as that returns.
+    void dismiss();
+
+    /// A plain box with one OK button. `field`, when given, is entered afterwards as if by Tab: what stands in it is
+    /// typed over. Without one the cursor is where it was.
     void inform(const QString &text, QWidget *field = nullptr);
     void alarm(const QString &text);
     /// A plain box that comes when the present event is over; a command given meanwhile shows it at once and does not
@@ -83,8 +94,9 @@ protected:
     };
     void tellKeys(std::initializer_list<ScreenKey> keys);
 
-    /// Keeps the working state's company for every handler of this screen from now on.
-    void bindToCompany();
+    /// Every handler of this screen runs with this company from now on.
+    void bindToCompany(const CompanyState &company) { m_company = company; }
+    CompanyState boundCompany() const { return m_company.value_or(CompanyState()); }
 
     void run(const std::function<void()> &handler);
 
@@ -94,23 +106,36 @@ protected:
     /// Esc, when nothing above the screen took it.
     virtual void escapePressed() = 0;
 
+    bool event(QEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
+    void closeEvent(QCloseEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
+    void closeEvent(QCloseEvent *event) override;
 
 private:
     struct FocusChange
     {
-        QWidget *field;
+        QPointer<QWidget> field;
         bool left;
     };
-    void queueFocusChange(QWidget *field, bool left);
+    void focusMoved(QWidget *now);
     bool applyFocusChanges();
+    void enter(QWidget *widget);
+    void mark(QWidget *field);
     bool showPosted();
     bool leave(QWidget *widget);
     void showOwnKeys();
 
+    class InHand;
+
     LiveObject m_live;
+    bool m_closed = false;
+    bool m_dismissed = false;
+    int m_inHand = 0; ///< events and handlers of the screen that are running
     QHash<QObject *, Field> m_fields;
+    QPointer<QWidget> m_here; ///< what has the keys, or will have them when they come back to the screen
+    bool m_ranAway = false;   ///< the keys left it when the screen was hidden
+    QPointer<QWidget> m_refused;
     std::deque<FocusChange> m_focusChanges;
     bool m_applying = false;
     struct Posted

@@ -1,12 +1,11 @@
 #include "controls/WaitBar.h"
 
+#include "controls/WorkBar.h"
 #include "store/Connection.h"
 #include <QApplication>
 #include <QCloseEvent>
-#include <QDeadlineTimer>
 #include <QEventLoop>
 #include <QPointer>
-#include <QProgressDialog>
 #include <QPushButton>
 #include <QSocketNotifier>
 #include <QTimer>
@@ -15,8 +14,6 @@
 namespace ledgora {
 
 namespace {
-
-constexpr int quietMilliseconds = 300;
 
 short pollOnce(int socket, short events, int timeoutMs)
 {
@@ -53,18 +50,6 @@ protected:
         Q_EMIT canceled();
     }
 };
-
-/// The window that had the keys gets them back before the next key arrives: an access key finds its button only there.
-void giveKeysBack(const QPointer<QWidget> &window)
-{
-    constexpr int patienceMilliseconds = 500;
-    if (!window)
-        return;
-    window->activateWindow();
-    const QDeadlineTimer limit(patienceMilliseconds);
-    while (window && !window->isActiveWindow() && !limit.hasExpired())
-        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents, 1);
-}
 
 /// Lets the window paint and the bar take clicks until the socket is ready.
 void waitWithBar(Connection &connection, int socket, short events, int timeoutMs)

@@ -20,8 +20,8 @@ struct PartyBalance
     double amount = 0;
 };
 
-/// `balanceOf` of every company (one when `firmId` is not 0) and client that have any bill or receipt, in one query;
-/// by company, then code. Nothing when they could not be read.
+/// `balanceOf` of every company (one when `firmId` is not 0) and client that have any bill or receipt, by
+/// company, then code. Nothing when they could not be read.
 std::optional<std::vector<PartyBalance>> allBalances(Connection &db, int firmId);
 
 } // namespace ledgora

@@ -1,5 +1,6 @@
 #include "host/ClsGST.h"
 
+#include "controls/CompanyScreen.h"
 #include "host/Balance.h"
 #include "host/ClsOth.h"
 #include "host/HostAnswers.h"
@@ -44,7 +45,10 @@ ClsGST::ClsGST() = default;
 
 ClsGST::~ClsGST()
 {
+    if (m_home)
+        m_home->dismiss();
     if (m_reporter && gReporter == m_reporter.get()) {
+        CompanyScreen::dismissAll();
         gReporter = nullptr;
         gHostObj = nullptr;
         gHostCode.clear();
@@ -124,14 +128,9 @@ void ClsGST::OpenBilling()
     const ErrorSite site("CLSGST", "OPENBILLING");
     if (gHostCode.isEmpty())
         return;
-    QWidget *home = m_home;
-    if (!home || home->isHidden()) // a closed one is about to go
-        m_home = home = new frmMainGST;
-    if (gMdi)
-        return gMdi->showScreen(*home);
-    home->show();
-    home->raise();
-    home->activateWindow();
+    if (!m_home || m_home->isClosed()) // a closed one is about to go
+        m_home = new frmMainGST;
+    m_home->present();
 }
 
 double ClsGST::GetAmt(qint32 firmId, const QString &codeNo)

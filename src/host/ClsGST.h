@@ -6,18 +6,18 @@
 #include <QString>
 #include <memory>
 
-class QWidget;
-
 namespace ledgora {
 
 class Connection;
 class HostObject;
 class HostWindow;
 class Reporter;
+class Screen;
 
 /// Entry object of the GST side. A host sets the properties, calls `CallBilling` once to open the working period and
 /// `OpenBilling` to show the home screen; `GetAmt` answers a balance without any screen. The period ends when the
-/// object goes; the connection stays the host's.
+/// object goes, at any time, and closes the screens that are still open, entries included; the connection stays the
+/// host's and must outlive the object.
 class ClsGST
 {
 public:
@@ -56,7 +56,7 @@ private:
     float m_ratFS = 1;
     std::unique_ptr<HostObject> m_hostObject;
     std::unique_ptr<Reporter> m_reporter;
-    QPointer<QWidget> m_home;
+    QPointer<Screen> m_home;
 };
 
 } // namespace ledgora

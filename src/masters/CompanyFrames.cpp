@@ -2,7 +2,7 @@
 
 #include "masters/frmMainGST.h"
 
-#include "bills/frmBillGST.h"
+#include "controls/CompanyScreen.h"
 #include "masters/CompanyStore.h"
 #include "masters/frmLogin1.h"
 #include "platform/BankLookup.h"
@@ -12,6 +12,7 @@
 #include "store/ErrorLog.h"
 #include "store/Identifiers.h"
 #include "store/Settings.h"
+#include "store/StateList.h"
 #include "ui_frmMainGST.h"
 #include <QDir>
 #include <QFileInfo>
@@ -127,6 +128,8 @@ void frmMainGST::CMDFIRMSAVE_CLICK()
     if (keepsEntry(result.inserted, result.id))
         return;
     LOADGRIDFIRM(result.id);
+    CompanyScreen::renewOf(result.id, company.value(QStringLiteral("Nm")),
+                           GETSTATECODEFORNAMEONLYGST(company.value(QStringLiteral("StateNm"))));
     CMDFIRMCANCEL_CLICK();
 }
 
@@ -169,7 +172,7 @@ void frmMainGST::CMDFIRMDELETE_CLICK()
              QMessageBox::No, QMessageBox::Critical))
         return;
     const int id = chosenCompany();
-    delete s_billScreens.take(id); // ids are allotted anew, and what it still saved would belong to nobody
+    CompanyScreen::dismissOf(id); // ids are allotted anew, and what they still saved would belong to nobody
     QDir templates(joinPath(gTmplPath, QString::number(id)));
     if (templates.exists() && !templates.removeRecursively())
         WriteErrLog(75, QStringLiteral("The template folder of the company could not be deleted"),

@@ -74,8 +74,10 @@ bool takeOver(Connection &db, const Takeover &takeover)
                                    + QLatin1String(takeover.older) + " WRITE");
     const bool takenOver = locked && takeOverLocked(db, takeover);
     db.Execute(QStringLiteral("UNLOCK TABLES"));
-    if (takenOver)
+    if (takenOver) {
         db.Execute(QStringLiteral("flush tables"));
+        db.Execute("Analyze Table " + QLatin1String(takeover.table)); // many rows at once
+    }
     return takenOver;
 }
 

@@ -34,7 +34,7 @@ void frmMainGST::connectTemplates()
     on(ui->optSetupTmpl_1, &QRadioButton::toggled, [this, buttons](bool customized) {
         for (CommandButton *button : buttons)
             button->setVisible(customized);
-        ui->lblTmplStatus->clear();
+        tellTemplateChoice();
     });
     for (CommandButton *button : buttons)
         button->setVisible(false);
@@ -55,9 +55,18 @@ void frmMainGST::showTemplateSetup()
     (gTmplCustom == 1 ? ui->optSetupTmpl_1 : ui->optSetupTmpl_0)->setChecked(true);
     ui->cboCopyTmpl_0->setCurrentIndex(gBillCopy);
     ui->cboCopyTmpl_1->setCurrentIndex(gRecpCopy);
-    ui->lblTmplStatus->clear();
+    tellTemplateChoice();
     showFrame(ui->famTmplSetup);
     (gTmplCustom == 1 ? ui->optSetupTmpl_1 : ui->optSetupTmpl_0)->setFocus();
+}
+
+void frmMainGST::tellTemplateChoice()
+{
+    ui->lblTmplStatus->setText(
+        ui->optSetupTmpl_1->isChecked()
+            ? QStringLiteral("Choose single or double copy. Each button then makes the company's own copy of that "
+                             "template, which any word processor opens. Back keeps the choice.")
+            : QStringLiteral("Choose single or double copy, for bills and for receipts. Back keeps the choice."));
 }
 
 QString frmMainGST::templateFileName(int index) const

@@ -178,31 +178,18 @@ bool frmMainGST::CHECKTMPLSETUP()
     return false;
 }
 
-template<class CompanyScreen>
-void frmMainGST::openScreen(QHash<int, QPointer<CompanyScreen>> &screens)
-{
-    QPointer<CompanyScreen> &screen = screens[gFirmId];
-    if (!screen)
-        screen = new CompanyScreen;
-    if (gMdi)
-        return gMdi->showScreen(*screen);
-    screen->show();
-    screen->raise();
-    screen->activateWindow();
-}
-
 void frmMainGST::CMDBILLS_CLICK()
 {
     const ErrorSite site("frmMainGST", "CMDBILLS_CLICK");
     if (ISSELECTEDFIRM() && CHECKTMPLSETUP())
-        openScreen(s_billScreens);
+        CompanyScreen::open<frmBillGST>();
 }
 
 void frmMainGST::CMDRECPS_CLICK()
 {
     const ErrorSite site("frmMainGST", "CMDRECPS_CLICK");
     if (ISSELECTEDFIRM() && CHECKTMPLSETUP())
-        openScreen(s_receiptScreens);
+        CompanyScreen::open<frmRecpGST>();
 }
 
 void frmMainGST::CMDREPORTS_CLICK()
@@ -211,7 +198,7 @@ void frmMainGST::CMDREPORTS_CLICK()
     if (!ISSELECTEDFIRM())
         return;
     READTMPLSETUP(); // the case of names; which templates are chosen is no matter of reports
-    openScreen(s_reportScreens);
+    CompanyScreen::open<frmReportsGST>();
 }
 
 void frmMainGST::escapePressed()

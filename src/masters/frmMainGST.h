@@ -2,8 +2,6 @@
 
 #include "controls/Screen.h"
 #include "masters/FieldMap.h"
-#include <QHash>
-#include <QPointer>
 #include <memory>
 
 class QRadioButton;
@@ -13,9 +11,6 @@ namespace ledgora {
 class ChoiceBox;
 class CommandButton;
 class Grid;
-class frmBillGST;
-class frmRecpGST;
-class frmReportsGST;
 struct SeriesEntry;
 
 namespace Ui {
@@ -48,9 +43,6 @@ private:
     void CMDBILLS_CLICK();
     void CMDRECPS_CLICK();
     void CMDREPORTS_CLICK();
-    /// Behind the gates: the screen of the chosen company, one for each company.
-    template<class CompanyScreen>
-    void openScreen(QHash<int, QPointer<CompanyScreen>> &screens);
 
     // Companies (CompanyFrames.cpp).
     void connectCompanies();
@@ -113,6 +105,7 @@ private:
     // Choice of templates (TemplateFrame.cpp).
     void connectTemplates();
     void showTemplateSetup();
+    void tellTemplateChoice();
     void CMDTEMPLATESETUP_CLICK();
     void CMDSETUPTMPL_CLICK(int index);
     void CMDBACKTMPL_CLICK();
@@ -136,10 +129,6 @@ private:
     bool m_seriesBrowsing = true;
     bool m_gstinRefused = false;
     int m_editedId = 0;
-    /// By company, for all home screens of the program: one closed and opened again finds the screens of the former.
-    static inline QHash<int, QPointer<frmBillGST>> s_billScreens;
-    static inline QHash<int, QPointer<frmRecpGST>> s_receiptScreens;
-    static inline QHash<int, QPointer<frmReportsGST>> s_reportScreens;
 };
 
 } // namespace ledgora

@@ -13,7 +13,8 @@ namespace {
 using PaymentsByBill = QHash<int, std::vector<EarlierPayment>>;
 
 /// What counts before a receipt, bill by bill in order. Of its own day only lower numbers do; without a number all.
-PaymentsByBill earlierPayments(Connection &db, const QString &billIds, int receiptId, const QString &date, int number)
+PaymentsByBill earlierPayments(Connection &db, const QList<int> &billIds, int receiptId, const QString &date,
+                               int number)
 {
     const QString lastDate = CONVERTTOSAVE(date);
     const QDate day = dateFromStore(lastDate);
@@ -58,7 +59,7 @@ std::vector<PaymentSplit> splitOfReceipt(Connection &db, int receiptId, const QS
 {
     const ErrorSite site("MODGST", "CALCRECPTAXGST");
     std::vector<PaymentSplit> splits(rows.size());
-    const QString billIds = distinctIds(rows);
+    const QList<int> billIds = distinctIds(rows);
     const QHash<int, BillSums> sums = billSums(db, billIds);
     const PaymentsByBill earlier = earlierPayments(db, billIds, receiptId, date, number);
     const QHash<int, std::vector<size_t>> places = placesByBill(rows);

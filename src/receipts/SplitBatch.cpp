@@ -6,7 +6,7 @@
 #include "store/Dates.h"
 #include "store/ErrorLog.h"
 #include "store/SqlText.h"
-#include <QStringList>
+#include <algorithm>
 #include <span>
 #include <tuple>
 
@@ -17,22 +17,31 @@ namespace {
 using PaymentsByBill = QHash<int, std::vector<BillPayment>>;
 using PlacesByBill = QHash<int, std::vector<size_t>>;
 
-std::vector<SplitRow> storedRows(Connection &db, const QString &which)
+/// The rows of the receipts, by receipt and serial.
+std::vector<SplitRow> storedRows(Connection &db, std::vector<ReceiptHead> receipts)
 {
-    Recordset stored =
-        db.Open("Select GST_RecpM.RecpSrNo,RecpDt,RecpNo,SrNo,BillId,Amount,Discount,TDS from GST_RecpM INNER Join "
-                "GST_RecpD ON GST_RecpM.RecpSrNo=GST_RecpD.RecpId Where "
-                + which + " Order by RecpDt,RecpNo,RecpSrNo,SrNo");
+    std::ranges::sort(receipts);
+    QHash<int, size_t> places;
+    places.reserve(qsizetype(receipts.size()));
+    for (size_t place = 0; place < receipts.size(); ++place)
+        places.insert(receipts[place].id, place);
     std::vector<SplitRow> rows;
-    rows.reserve(size_t(stored.recordCount()));
-    while (stored.next())
-        rows.push_back({.receiptId = int(stored.integer(0)),
-                        .date = dateFromStore(stored.text(1)),
-                        .number = int(stored.integer(2)),
-                        .serial = int(stored.integer(3)),
-                        .row = {int(stored.integer(4)), stored.number(5), stored.number(6)},
-                        .tds = stored.number(7),
-                        .split = {}});
+    for (const QString &condition : amongIds(QStringLiteral("RecpId"), places.keys())) {
+        Recordset stored = db.Open("Select RecpId,SrNo,BillId,Amount,Discount,TDS from GST_RecpD Where " + condition);
+        while (stored.next()) {
+            const int id = int(stored.integer(0));
+            if (const auto place = places.constFind(id); place != places.cend())
+                rows.push_back({.receiptId = id,
+                                .date = dateFromStore(receipts[*place].day),
+                                .number = receipts[*place].number,
+                                .serial = int(stored.integer(1)),
+                                .row = {int(stored.integer(2)), stored.number(3), stored.number(4)},
+                                .tds = stored.number(5),
+                                .split = {}});
+        }
+    }
+    std::ranges::sort(rows, {},
+                      [&](const SplitRow &row) { return std::pair(places.value(row.receiptId), row.serial); });
     return rows;
 }
 
@@ -45,7 +54,7 @@ PlacesByBill placesByBill(const std::vector<SplitRow> &rows)
     return places;
 }
 
-PaymentsByBill paymentsByBill(Connection &db, const QString &billIds, const QString &lastDate)
+PaymentsByBill paymentsByBill(Connection &db, const QList<int> &billIds, const QString &lastDate)
 {
     PaymentsByBill byBill;
     for (const BillPayment &payment : paymentsOn(db, billIds, lastDate))
@@ -111,15 +120,12 @@ void splitOnBill(BillHistory history, std::span<const size_t> places, std::vecto
     }
 }
 
-std::vector<SplitRow> splitsWhere(Connection &db, const QString &which, const QString &lastDate)
+/// `lastDate`, as stored, leaves out payments that are dated later; "" none.
+std::vector<SplitRow> splitsOf(Connection &db, std::vector<ReceiptHead> receipts, const QString &lastDate)
 {
-    std::vector<SplitRow> rows = storedRows(db, which);
+    std::vector<SplitRow> rows = storedRows(db, std::move(receipts));
     const PlacesByBill places = placesByBill(rows);
-    QStringList ids;
-    ids.reserve(places.size());
-    for (auto bill = places.cbegin(); bill != places.cend(); ++bill)
-        ids << number(bill.key());
-    const QString billIds = ids.join(u',');
+    const QList<int> billIds = places.keys();
     const QHash<int, BillSums> sums = billSums(db, billIds);
     const PaymentsByBill payments = paymentsByBill(db, billIds, lastDate);
     for (auto bill = places.cbegin(); bill != places.cend(); ++bill) {
@@ -134,23 +140,14 @@ std::vector<SplitRow> splitsWhere(Connection &db, const QString &which, const QS
 std::vector<SplitRow> splitsOfReceipts(Connection &db, const QList<int> &receiptIds)
 {
     const ErrorSite site("MODGST", "CALCRECPTAXGST");
-    if (receiptIds.isEmpty())
-        return {};
-    QStringList ids;
-    ids.reserve(receiptIds.size());
-    for (const int id : receiptIds)
-        ids << number(id);
-    return splitsWhere(db, "GST_RecpM.RecpSrNo IN (" + ids.join(u',') + ')', {});
+    return splitsOf(db, receiptHeads(db, receiptIds, {}), {});
 }
 
 std::vector<SplitRow> splitsOfCompany(Connection &db, int firmId, const QString &upTo)
 {
     const ErrorSite site("MODGST", "CALCRECPTAXGST");
-    const QString lastDate = CONVERTTOSAVE(upTo);
-    return splitsWhere(db,
-                       "GST_RecpM.FirmId=" + number(firmId)
-                           + (upTo.isEmpty() ? QString() : QString(" and RecpDt<=" + quoted(lastDate))),
-                       lastDate);
+    const QString lastDate = upTo.isEmpty() ? QString() : CONVERTTOSAVE(upTo);
+    return splitsOf(db, receiptHeadsOf(db, firmId, lastDate), lastDate);
 }
 
 } // namespace ledgora

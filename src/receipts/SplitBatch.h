@@ -19,10 +19,10 @@ struct SplitRow
 };
 
 // The split of many stored receipts at once, for reports and documents: each row's split is what `splitOfReceipt` gives
-// for the receipt's id, date, number and rows. Three queries, however many receipts: their rows; the sums of the bills
-// that these settle; all payments on those bills, also of receipts that were not asked for. The work grows with the
-// rows read, not with the receipts of a bill times themselves. Rows come by date, number and id of the receipt, then by
-// serial. A row without a bill, or on a bill that is gone, has an empty split.
+// for the receipt's id, date, number and rows. A handful of queries, however many receipts: their rows; the sums of the
+// bills that these settle; all payments on those bills, also of receipts that were not asked for. The work grows with
+// the rows read, not with the receipts of a bill times themselves. Rows come by date, number and id of the receipt,
+// then by serial. A row without a bill, or on a bill that is gone, has an empty split.
 
 /// Receipts by their ids; one that is not there gives no rows.
 std::vector<SplitRow> splitsOfReceipts(Connection &db, const QList<int> &receiptIds);

@@ -66,11 +66,11 @@ AccountBook::AccountBook(Connection &db, const ReportRequest &request, const Pro
 {
     tellReading(progress);
     const QDate from = DateFromText(request.from);
-    const QString where = billsUpTo(request, request.to);
+    const std::vector<ReportDocument> bills = readBills(db, billsUpTo(request, request.to));
     const auto sums =
         sumsOf<4>(db, billLines,
-                  "SUM(TaxServAmt) AS TotTSA,SUM(CGST) AS TotCGST,SUM(SGST) AS TotSGST,SUM(IGST) AS TotIGST", where);
-    for (const ReportDocument &bill : readBills(db, where)) {
+                  "SUM(TaxServAmt) AS TotTSA,SUM(CGST) AS TotCGST,SUM(SGST) AS TotSGST,SUM(IGST) AS TotIGST", bills);
+    for (const ReportDocument &bill : bills) {
         const auto [net, cgst, sgst, igst] = sums.value(bill.id);
         addBill(bill, {net, cgst, sgst, igst}, from);
     }

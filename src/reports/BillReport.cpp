@@ -61,14 +61,10 @@ void REPBILLS(Connection &db, const ReportRequest &request, ReportWriter &writer
     ReportTable table(writer, columns);
     table.writeHeading();
     tellReading(progress);
-    const QString where = billsOfPeriod(request);
     const DocumentNumbers numbers(db);
-    Recordset stored = openBills(db, where);
-    PendingQuery answer = db.send(sumsQuery(billLines, sums, where)); // the server adds up meanwhile
-    const std::vector<ReportDocument> bills = takeBills(std::move(stored));
+    const std::vector<ReportDocument> bills = readBills(db, billsOfPeriod(request));
+    const auto sumsOfBills = sumsOf<BillSumCount>(db, billLines, sums, bills);
     PartyCells parties(request);
-    const auto sumsOfBills = takeSums<BillSumCount>(answer.answer());
-    checkWaitedFor(db);
     Amounts totals{};
     RowProgress rows(progress, bills.size());
     for (const ReportDocument &bill : bills) {

@@ -65,12 +65,13 @@ QString title(const ReportRequest &request)
 QSet<int> addBills(Connection &db, const ReportRequest &request, PartyTable &table)
 {
     const QString where = billsUpTo(request, request.limitsBills() ? request.billsUpTo : request.asOn);
+    const std::vector<ReportDocument> bills = readBills(db, where);
     const auto sums = sumsOf<5>(db, billLines,
                                 "SUM(TaxServAmt) AS TotTSA,SUM(CGST) AS TotCGST,SUM(SGST) AS TotSGST,"
                                 "SUM(IGST) AS TotIGST,SUM(TotalAmt) AS TotBillAmt",
-                                where);
+                                bills);
     QSet<int> ids;
-    for (const ReportDocument &bill : readBills(db, where)) {
+    for (const ReportDocument &bill : bills) {
         table.add(bill.code, sums.value(bill.id));
         ids.insert(bill.id);
     }

@@ -24,10 +24,10 @@ void REPDISCOUNT(Connection &db, const ReportRequest &request, ReportWriter &wri
     PartyCells parties(request);
     PartyTable table(db, "TempClDiscGST", {"Amt1", "Amt2"}, parties);
     tellReading(progress);
-    const QString where = billsOfPeriod(request);
-    const auto onBills = sumsOf<1>(db, billLines, "Sum(DiscAmt) as TotD", where);
-    const auto onReceipts = sumsOf<1>(db, settledOfBills, "Sum(Discount) as TotD", where);
-    for (const ReportDocument &bill : readBills(db, where)) {
+    const std::vector<ReportDocument> bills = readBills(db, billsOfPeriod(request));
+    const auto onBills = sumsOf<1>(db, billLines, "Sum(DiscAmt) as TotD", bills);
+    const auto onReceipts = sumsOf<1>(db, settledOfBills, "Sum(Discount) as TotD", bills);
+    for (const ReportDocument &bill : bills) {
         const double amounts[] = {onBills.value(bill.id)[0], onReceipts.value(bill.id)[0]};
         if (amounts[0] != 0 || amounts[1] != 0)
             table.add(bill.code, amounts);
@@ -42,9 +42,9 @@ void REPTDS(Connection &db, const ReportRequest &request, ReportWriter &writer, 
     PartyCells parties(request);
     PartyTable table(db, "TempClTdsGST", {"Amt"}, parties);
     tellReading(progress);
-    const QString where = receiptsOfPeriod(request);
-    const auto deducted = sumsOf<1>(db, receiptLines, "Sum(TDS) as TotD", where);
-    for (const ReportDocument &receipt : readReceipts(db, where)) {
+    const std::vector<ReportDocument> receipts = readReceipts(db, receiptsOfPeriod(request));
+    const auto deducted = sumsOf<1>(db, receiptLines, "Sum(TDS) as TotD", receipts);
+    for (const ReportDocument &receipt : receipts) {
         const std::array<double, 1> amount = deducted.value(receipt.id);
         if (amount[0] != 0)
             table.add(receipt.code, amount);

@@ -29,11 +29,10 @@ void REPPENDINGBILLS(Connection &db, const ReportRequest &request, ReportWriter 
     ReportTable table(writer, columns);
     table.writeHeading();
     tellReading(progress);
-    const QString where = billsOfPeriod(request);
-    const std::vector<ReportDocument> bills = readBills(db, where);
-    const auto totalsOfBills = sumsOf<1>(db, billLines, "SUM(TotalAmt) AS TotBillAmt", where);
+    const std::vector<ReportDocument> bills = readBills(db, billsOfPeriod(request));
+    const auto totalsOfBills = sumsOf<1>(db, billLines, "SUM(TotalAmt) AS TotBillAmt", bills);
     const auto settled = sumsOf<SettledSumCount>(db, settledOfBills,
-                                                 "Sum(Amount) AS TotA,Sum(Discount) AS TotD,Sum(TDS) AS TotT", where);
+                                                 "Sum(Amount) AS TotA,Sum(Discount) AS TotD,Sum(TDS) AS TotT", bills);
     const DocumentNumbers numbers(db);
     PartyCells parties(request);
     std::array<double, amountCount> totals{};

@@ -1,6 +1,8 @@
 #include "reports/ReportFile.h"
 
-#include <QSaveFile>
+#include <QFile>
+#include <filesystem>
+#include <system_error>
 
 namespace ledgora {
 
@@ -8,6 +10,12 @@ namespace {
 
 constexpr qsizetype pieceSize = 64LL * 1024;
 constexpr int rowsBetweenWords = 256;
+
+/// What is written until it is whole.
+QString partOf(const QString &path)
+{
+    return path + QStringLiteral(".part");
+}
 
 } // namespace
 
@@ -30,14 +38,36 @@ bool ReportSink::flush()
     return taken;
 }
 
+QString reportPlaceFault(const QString &path)
+{
+    QFile part(partOf(path));
+    part.remove(); // left over from a run that was broken off
+    if (!part.open(QIODevice::WriteOnly | QIODevice::NewOnly))
+        return part.errorString();
+    part.close();
+    part.remove();
+    return {};
+}
+
 QString saveReportFile(const QString &path, const std::function<bool(QIODevice &)> &write)
 {
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly))
-        return file.errorString();
-    if (write(file))
-        return file.commit() ? QString() : file.errorString();
-    return file.error() == QFileDevice::NoError ? QString::fromLatin1(cancelledText) : file.errorString();
+    QFile part(partOf(path));
+    part.remove(); // left over from a run that was broken off
+    if (!part.open(QIODevice::WriteOnly | QIODevice::NewOnly))
+        return part.errorString();
+    const bool written = write(part) && part.flush();
+    QString fault = part.error() == QFileDevice::NoError ? QString() : part.errorString();
+    if (!written && fault.isEmpty())
+        fault = QString::fromLatin1(cancelledText);
+    part.close();
+    std::error_code refused;
+    if (fault.isEmpty())
+        std::filesystem::rename(part.filesystemFileName(), QFile(path).filesystemFileName(), refused);
+    if (refused)
+        fault = QString::fromStdString(refused.message());
+    if (!fault.isEmpty())
+        part.remove();
+    return fault;
 }
 
 } // namespace ledgora

@@ -4,6 +4,7 @@
 #include "reports/ReportFrame.h"
 #include "store/SqlText.h"
 #include "store/Words.h"
+#include <QSet>
 #include <QStringList>
 #include <utility>
 
@@ -11,6 +12,7 @@ namespace ledgora {
 
 namespace {
 
+constexpr auto tickMark = "Y";
 constexpr std::pair<int, int> listed[] = {
     {ListedAddress, PartyAddress}, {ListedCode, PartyCode}, {ListedState, PartyState},   {ListedName, PartyName},
     {ListedPhone, PartyPhone},     {ListedFax, PartyFax},   {ListedMobile, PartyMobile}, {ListedEmail, PartyEmail},
@@ -90,6 +92,20 @@ void loadReportParties(Connection &db, const QString &hostCode, Cells &parties)
     }
 }
 
+void reloadReportParties(Connection &db, const QString &hostCode, Cells &parties)
+{
+    QSet<QString> ticked;
+    for (int row = parties.fixedRows(); row < parties.rows(); ++row) {
+        if (parties.text(row, ListedTick) == QLatin1String(tickMark))
+            ticked.insert(parties.text(row, ListedCode));
+    }
+    loadReportParties(db, hostCode, parties);
+    for (int row = parties.fixedRows(); row < parties.rows(); ++row) {
+        if (ticked.contains(parties.text(row, ListedCode)))
+            parties.setText(row, ListedTick, QLatin1String(tickMark));
+    }
+}
+
 QString codeList(const ReportRequest &request)
 {
     QStringList codes;
@@ -103,7 +119,7 @@ std::vector<int> tickedRows(const Cells &parties)
 {
     std::vector<int> rows;
     for (int row = parties.fixedRows(); row < parties.rows(); ++row) {
-        if (!parties.isHidden(row) && parties.text(row, ListedTick) == QLatin1String("Y"))
+        if (!parties.isHidden(row) && parties.text(row, ListedTick) == QLatin1String(tickMark))
             rows.push_back(row);
     }
     return rows;

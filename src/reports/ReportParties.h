@@ -27,6 +27,8 @@ enum ReportPartyColumn {
 Cells emptyReportParties();
 /// Fills the list from the party directory, sorted by name, nothing ticked.
 void loadReportParties(Connection &db, const QString &hostCode, Cells &parties);
+/// The same anew; parties that were ticked are ticked again.
+void reloadReportParties(Connection &db, const QString &hostCode, Cells &parties);
 
 /// The codes of the request's parties, quoted and joined by commas, ready for an SQL list.
 QString codeList(const ReportRequest &request);

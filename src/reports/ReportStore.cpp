@@ -4,6 +4,7 @@
 #include "store/Dates.h"
 #include "store/DocumentNumber.h"
 #include "store/SqlText.h"
+#include <QSet>
 #include <QStringList>
 
 namespace ledgora {
@@ -78,19 +79,10 @@ QString receiptsUpTo(const ReportRequest &request, const QString &day)
     return companyAndParties(request) + between("RecpDt", {}, day);
 }
 
-Recordset openBills(Connection &db, const QString &where)
-{
-    return readForReport(db, "Select * from GST_BillM Where " + where + " Order by BillDt,BillNo,BillSrNo");
-}
-
-std::vector<ReportDocument> takeBills(Recordset stored)
-{
-    return documentsOf(std::move(stored), billColumns);
-}
-
 std::vector<ReportDocument> readBills(Connection &db, const QString &where)
 {
-    return takeBills(openBills(db, where));
+    return documentsOf(readForReport(db, "Select * from GST_BillM Where " + where + " Order by BillDt,BillNo,BillSrNo"),
+                       billColumns);
 }
 
 std::vector<ReportDocument> readReceipts(Connection &db, const QString &where)
@@ -101,25 +93,31 @@ std::vector<ReportDocument> readReceipts(Connection &db, const QString &where)
 
 QHash<int, ReportDocument> readBillsById(Connection &db, const QList<int> &ids)
 {
+    const QSet<int> wanted(ids.begin(), ids.end());
     QHash<int, ReportDocument> bills;
-    if (ids.isEmpty())
-        return bills;
-    QStringList texts;
-    texts.reserve(ids.size());
-    for (const int id : ids)
-        texts << number(id);
-    for (const ReportDocument &bill : documentsOf(
-             readForReport(db, "Select * from GST_BillM Where BillSrNo in (" + texts.join(u',') + ')'), billColumns))
-        bills.insert(bill.id, bill);
+    for (const QString &condition : amongIds(QStringLiteral("BillSrNo"), ids)) {
+        for (const ReportDocument &bill :
+             documentsOf(readForReport(db, "Select * from GST_BillM Where " + condition), billColumns)) {
+            if (wanted.contains(bill.id))
+                bills.insert(bill.id, bill);
+        }
+    }
     return bills;
 }
 
-QString sumsQuery(const LineSums &of, const char *sums, const QString &where, const QString &onLine)
+QStringList sumsQueries(const LineSums &of, const char *sums, const std::vector<ReportDocument> &documents,
+                        const QString &onLine)
 {
-    const auto text = [](const char *name) { return QLatin1String(name); };
-    return "Select " + text(of.key) + ',' + text(sums) + " from " + text(of.header) + " INNER Join " + text(of.lines)
-           + " ON " + text(of.join) + (onLine.isEmpty() ? QString() : " and " + onLine) + " Where " + where
-           + " Group by " + text(of.key);
+    const QString key = QLatin1String(of.key);
+    QList<int> ids;
+    ids.reserve(qsizetype(documents.size()));
+    for (const ReportDocument &document : documents)
+        ids << document.id;
+    QStringList queries;
+    for (const QString &condition : amongIds(key, std::move(ids)))
+        queries << "Select " + key + ',' + QLatin1String(sums) + " from " + QLatin1String(of.lines) + " Where "
+                       + condition + (onLine.isEmpty() ? QString() : " and " + onLine) + " Group by " + key;
+    return queries;
 }
 
 DocumentNumbers::DocumentNumbers(Connection &db)

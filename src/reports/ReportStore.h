@@ -4,6 +4,7 @@
 #include "reports/ReportRun.h"
 #include <QDate>
 #include <QHash>
+#include <QSet>
 #include <array>
 
 namespace ledgora {
@@ -28,10 +29,6 @@ QString receiptsOfPeriod(const ReportRequest &request);
 QString billsUpTo(const ReportRequest &request, const QString &day);
 QString receiptsUpTo(const ReportRequest &request, const QString &day);
 
-/// Bills as stored, for a report that lets the server go on while it takes them apart.
-Recordset openBills(Connection &db, const QString &where);
-std::vector<ReportDocument> takeBills(Recordset stored);
-
 /// By date, then number, then id.
 std::vector<ReportDocument> readBills(Connection &db, const QString &where);
 std::vector<ReportDocument> readReceipts(Connection &db, const QString &where);
@@ -42,41 +39,39 @@ QHash<int, ReportDocument> readBillsById(Connection &db, const QList<int> &ids);
 template<size_t Count>
 using Sums = QHash<int, std::array<double, Count>>;
 
-/// Sums over the lines of each bill or receipt of a condition above. `sums` are the SQL sums, `onLine` a further
-/// condition on the line.
+/// Lines that are summed, and the column of their document's id.
 struct LineSums
 {
-    const char *header, *lines, *join; ///< tables, and how they belong together
-    const char *key;                   ///< column of the document's id in the lines
+    const char *lines, *key;
 };
-inline constexpr LineSums billLines{"GST_BillM", "GST_BillD", "GST_BillM.BillSrNo=GST_BillD.BillId",
-                                    "GST_BillD.BillId"};
-inline constexpr LineSums receiptLines{"GST_RecpM", "GST_RecpD", "GST_RecpM.RecpSrNo=GST_RecpD.RecpId",
-                                       "GST_RecpD.RecpId"};
+inline constexpr LineSums billLines{"GST_BillD", "BillId"};
+inline constexpr LineSums receiptLines{"GST_RecpD", "RecpId"};
 /// What receipts settled of bills, whenever they came.
-inline constexpr LineSums settledOfBills{"GST_BillM", "GST_RecpD", "GST_BillM.BillSrNo=GST_RecpD.BillId",
-                                         "GST_RecpD.BillId"};
+inline constexpr LineSums settledOfBills{"GST_RecpD", "BillId"};
 
-QString sumsQuery(const LineSums &of, const char *sums, const QString &where, const QString &onLine = {});
-/// The answer to such a query.
-template<size_t Count>
-Sums<Count> takeSums(Recordset rows)
-{
-    Sums<Count> byId;
-    byId.reserve(rows.recordCount());
-    while (rows.next()) {
-        std::array<double, Count> &sums = byId[int(rows.integer(0))];
-        for (size_t i = 0; i < Count; ++i)
-            sums[i] = rows.number(int(i) + 1);
-    }
-    return byId;
-}
+/// The queries for the sums over the lines of each document; lines of others may be among them. `sums` are the SQL
+/// sums, `onLine` a further condition on the line.
+QStringList sumsQueries(const LineSums &of, const char *sums, const std::vector<ReportDocument> &documents,
+                        const QString &onLine = {});
 
 template<size_t Count>
-Sums<Count> sumsOf(Connection &db, const LineSums &of, const char *sums, const QString &where,
+Sums<Count> sumsOf(Connection &db, const LineSums &of, const char *sums, const std::vector<ReportDocument> &documents,
                    const QString &onLine = {})
 {
-    return takeSums<Count>(readForReport(db, sumsQuery(of, sums, where, onLine)));
+    QSet<int> wanted;
+    for (const ReportDocument &document : documents)
+        wanted.insert(document.id);
+    Sums<Count> byId;
+    byId.reserve(wanted.size());
+    for (const QString &query : sumsQueries(of, sums, documents, onLine)) {
+        Recordset rows = readForReport(db, query);
+        while (rows.next()) {
+            const int id = int(rows.integer(0));
+            for (size_t i = 0; wanted.contains(id) && i < Count; ++i)
+                byId[id][i] = rows.number(int(i) + 1);
+        }
+    }
+    return byId;
 }
 
 /// Printed numbers of documents; the series are read once.

@@ -79,14 +79,13 @@ void REPSAC(Connection &db, const ReportRequest &request, ReportWriter &writer, 
     const ErrorSite site(reportScreen, "REPSAC");
     writeOpening(writer, request, periodTitle("SAC Wise Bill Details", request));
     tellReading(progress);
-    const QString where = billsOfPeriod(request);
-    SacBills shared{readBills(db, where), DocumentNumbers(db), PartyCells(request)};
+    SacBills shared{readBills(db, billsOfPeriod(request)), DocumentNumbers(db), PartyCells(request)};
     for (int entry = 1; entry < int(std::size(sacEntries)); ++entry) {
         if (request.sac != 0 && request.sac != entry)
             continue;
         const auto sums = sumsOf<sumCount>(
             db, billLines, "SUM(TaxServAmt) AS TotTSA,SUM(CGST) AS TotCGST,SUM(SGST) AS TotSGST,SUM(IGST) AS TotIGST",
-            where, "GST_BillD.SAC=" + quoted(sacOf(entry)));
+            shared.bills, "SAC=" + quoted(sacOf(entry)));
         if (!sums.isEmpty())
             writeSection(writer, QLatin1String(sacEntries[entry]), shared, sums, progress);
     }

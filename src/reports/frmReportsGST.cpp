@@ -21,9 +21,8 @@ constexpr auto selectEntry = "(Select)";
 
 } // namespace
 
-frmReportsGST::frmReportsGST(QWidget *parent) : Screen(parent), ui(std::make_unique<Ui::frmReportsGST>())
+frmReportsGST::frmReportsGST(QWidget *parent) : CompanyScreen(parent), ui(std::make_unique<Ui::frmReportsGST>())
 {
-    bindToCompany();
     ui->setupUi(this);
     FORM_LOAD();
 }
@@ -34,7 +33,7 @@ void frmReportsGST::FORM_LOAD()
 {
     const ErrorSite site("frmReportsGST", "FORM_LOAD");
     gHostObj->Resize_For_Resolution(*this);
-    setWindowTitle(QStringLiteral("Reports - ") + gFirmName);
+    tellCompany();
     ui->lblFirm->setText(gFirmName);
     const FailureWatch watch(*gCnn);
     connectChoice();
@@ -61,6 +60,17 @@ void frmReportsGST::fillLists()
         list->addItems({QLatin1String(selectEntry), QStringLiteral("> (Greater Than)"), QStringLiteral("< (Less Than)"),
                         QStringLiteral(">= (Greater Than Or Equal To)"), QStringLiteral("<= (Less Than Or Equal To)"),
                         QStringLiteral("= (Equal To)"), QStringLiteral("!= (Not Equal To)")});
+}
+
+void frmReportsGST::bringUpToDate()
+{
+    ui->lblFirm->setText(gFirmName);
+    const QString group = ui->vsfg->cells().text(groupRow, 0);
+    fillGroups();
+    const auto &offered = ui->vsfg->column(0).picks;
+    if (std::ranges::any_of(offered, [&group](const Pick &pick) { return pick.key == group; }))
+        ui->vsfg->change([&group](Cells &choice) { choice.setText(groupRow, 0, group); });
+    ui->vsfc->change([](Cells &parties) { reloadReportParties(*gCnn, gHostCode, parties); });
 }
 
 /// Only the clients of host "G" are in groups.

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "controls/Screen.h"
+#include "controls/CompanyScreen.h"
 #include "reports/ReportChoice.h"
 #include "reports/ReportRequest.h"
 #include <memory>
@@ -15,7 +15,7 @@ class frmReportsGST;
 
 /// Where a report of one company is chosen: on the first panel which one, its period and what is printed with the
 /// names, on the second the parties. It can run any number of them, and keeps all choices.
-class frmReportsGST : public Screen
+class frmReportsGST : public CompanyScreen
 {
     Q_OBJECT
 public:
@@ -54,6 +54,8 @@ private:
     PartyDetails details() const;
 
     bool onSecondPanel() const;
+    bool hasOpenEntry() const override { return onSecondPanel(); }
+    void bringUpToDate() override;
     void escapePressed() override;
 
     template<class Control>

@@ -215,11 +215,9 @@ void frmReportsGST::CMDPROCEEDC_CLICK()
     const ReportRequest asked = request();
     if (asked.rows.empty())
         return inform(QStringLiteral("No Client Selection !"), ui->vsfc);
-    ReportResult made;
-    {
-        WorkBar bar(this, ui->lblReport->text());
-        made = makeReport(*gCnn, asked, *gReporter, bar.progress());
-    }
+    const ReportResult made = withWorkBar(this, ui->lblReport->text(), [&asked](const Progress &progress) {
+        return makeReport(*gCnn, asked, *gReporter, progress);
+    });
     if (made.fault.isEmpty() || made.isPartly)
         return gReporter->ShowReport(false);
     gReporter->AbortReport();

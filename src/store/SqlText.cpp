@@ -1,5 +1,6 @@
 #include "store/SqlText.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -31,6 +32,23 @@ QString number(double value)
     std::array<char, 400> digits{}; // the smallest and the largest double need some 350 places without an exponent
     const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value, std::chars_format::fixed);
     return QString::fromLatin1(digits.data(), end.ptr - digits.data());
+}
+
+QStringList amongIds(const QString &column, QList<int> ids)
+{
+    constexpr qsizetype longest = 900; // the server makes a table of a longer list, and a join with it
+    constexpr qint64 sparse = 8;
+    std::ranges::sort(ids);
+    if (ids.size() > longest && qint64(ids.back()) - ids.front() < sparse * ids.size())
+        return {column + QStringLiteral(" Between ") + number(ids.front()) + " And " + number(ids.back())};
+    QStringList conditions;
+    for (qsizetype first = 0; first < ids.size(); first += longest) {
+        QStringList texts;
+        for (const int id : ids.mid(first, longest))
+            texts << number(id);
+        conditions << column + QStringLiteral(" In (") + texts.join(u',') + u')';
+    }
+    return conditions;
 }
 
 } // namespace ledgora

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <QList>
 #include <QString>
+#include <QStringList>
 
 namespace ledgora {
 
@@ -17,5 +19,11 @@ inline QString number(int value)
     return number(qint64(value));
 }
 QString number(double value);
+
+/// Conditions that together find every row whose whole-number column is one of the ids, for queries of one table: no
+/// plan of these costs more than reading the table, whatever the server's statistics say, which a join or a long list
+/// can not promise. Ids that lie close together are named by their bounds, so that rows of others come too. No
+/// conditions for no ids.
+QStringList amongIds(const QString &column, QList<int> ids);
 
 } // namespace ledgora

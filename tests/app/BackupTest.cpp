@@ -11,12 +11,15 @@
 #include <QDir>
 #include <QFile>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QScopeGuard>
 #include <QTemporaryDir>
 #include <csignal>
 #include <gtest/gtest.h>
 #include <sys/mount.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 
 using namespace ledgora;
 using namespace ledgora::test;
@@ -140,11 +143,83 @@ TEST_F(Backup, BringsEveryValueBack)
     const app::RestoreResult restored = app::restoreBackup(dataOf(office), file(), unwatched());
     ASSERT_EQ(restored.fault, "");
     EXPECT_EQ(checksums(office), stored);
+    Recordset known = office.connection().Open("Select n_rows From mysql.innodb_table_stats Where "
+                                               "database_name='ledgora' And table_name='gst_billd'");
+    EXPECT_TRUE(known.next() && known.integer(0) > 1000) << "the server knows how many rows there are";
     EXPECT_EQ(contentOf(folder() + "/ifsc.csv"), QByteArray("a\0b\xff", 4));
     EXPECT_EQ(leftovers(office), QStringList{"ledgora"});
     EXPECT_EQ(m_log.sites(), QStringList{"SCHEMA SCHEMAFAULT"}) << "the first look at a new office";
     ASSERT_EQ(restore(office, restored.former), "") << "the former data is kept";
     EXPECT_EQ(timeOf(office), "second");
+}
+
+/// What `ledgora` with these words says, with its exit status in front.
+QString said(const QStringList &words)
+{
+    QProcess program;
+    program.start(LEDGORA_PROGRAM, words);
+    program.waitForFinished(60'000);
+    return QString::number(program.exitCode()) + ' '
+           + QString::fromUtf8(program.readAllStandardOutput() + program.readAllStandardError()).trimmed();
+}
+
+/// Every table and template of an office comes back, whatever its host, which nobody tells the commands.
+TEST_F(Backup, OfficeOfAnyHostIsKeptWholeAndRefusesTheCommandsOfAnother)
+{
+    struct Case
+    {
+        const char *host, *clients, *templates, *other;
+        QStringList foreign; ///< client tables of other hosts
+    };
+    const Case cases[] = {
+        {"C", "llp_master", "GST_Templates", "G", {"grp_m", "main_info", "main_info1", "owner1"}},
+        {"G", "owner1", "GST_Templates", "C", {"comp_master", "llp_master", "main_info"}},
+        {"T", "main_info", "MiscSoftData/GST_Templates", "C", {"comp_master", "main_info1", "owner1"}},
+    };
+    const auto contents = [](Office &office) {
+        QStringList texts;
+        Recordset tables = office.connection().Open("Show Tables");
+        while (tables.next()) {
+            Recordset sum = office.connection().Open("Checksum Table " + tables.text(0));
+            texts << tables.text(0) + (sum.next() ? ' ' + sum.text(1) : QString());
+        }
+        return texts;
+    };
+    for (const Case &c : cases) {
+        SCOPED_TRACE(c.host);
+        const QString own = folder() + c.host;
+        const QString copy = own + ".ledgora";
+        const QString ownTemplate = '/' + QLatin1String(c.templates) + "/1/GST_Receipt.doc";
+        QStringList before;
+        {
+            Office office(own, c.host);
+            ASSERT_TRUE(office.open()) << office.error().toStdString();
+            Recordset columns = office.connection().Open(
+                "Select table_name,column_name From information_schema.columns Where table_schema=Database() And "
+                "ordinal_position=1 And table_name Not Like 'ledgora%'");
+            while (columns.next())
+                run(office, "Insert Into " + columns.text(0) + " (" + columns.text(1) + ") Values ('7')");
+            write(own + ownTemplate, "of the office");
+            before = contents(office);
+            ASSERT_FALSE(before.filter(QRegularExpression('^' + QLatin1String(c.clients) + ' ')).isEmpty());
+        }
+        EXPECT_FALSE(said({"check", "--data", own}).contains("ledgora:"));
+        EXPECT_EQ(said({"check", "--data", own, "--host", c.other}),
+                  QString("1 ledgora: This is an office of host %1. It can not be opened as one of host %2.")
+                      .arg(c.host, c.other));
+        EXPECT_TRUE(said({"backup", "--data", own, "--out", copy}).startsWith("0 "));
+        EXPECT_TRUE(said({"restore", "--data", own + "2", "--from", copy}).startsWith("0 "));
+        EXPECT_TRUE(said({"restore", "--data", own, "--from", copy}).startsWith("0 ")) << "by way of the former data";
+        for (const QString &restored : {QString(own + "2"), own}) {
+            Office office(restored);
+            ASSERT_TRUE(office.open()) << office.error().toStdString();
+            EXPECT_EQ(office.hostCode(), c.host);
+            EXPECT_EQ(contents(office), before);
+            for (const QString &table : c.foreign)
+                EXPECT_EQ(office.connection().Open("Show Tables Like '" + table + '\'').recordCount(), 0);
+            EXPECT_EQ(contentOf(restored + ownTemplate), "of the office");
+        }
+    }
 }
 
 TEST_F(Backup, DamagedForeignAndHostileFilesAreRefusedAndChangeNothing)
@@ -168,7 +243,7 @@ TEST_F(Backup, DamagedForeignAndHostileFilesAreRefusedAndChangeNothing)
         QByteArray changed = whole;
         changed[place] = char(changed[place] ^ 0x10);
         write(file(), changed);
-        EXPECT_NE(app::backupFault(file(), "C", unwatched()), "") << place;
+        EXPECT_NE(app::lookAtBackup(file(), unwatched()).fault, "") << place;
     }
     write(file(), whole + "x");
     refused("something behind the end", damaged);
@@ -229,6 +304,27 @@ TEST_F(Backup, DamagedForeignAndHostileFilesAreRefusedAndChangeNothing)
         refused(m.name, m.fault);
     }
     EXPECT_FALSE(QFile::exists(m_folder.path() + "/evil"));
+}
+
+/// A few megabytes that say they unpack to 256 bytes, and unpack to 700 MB.
+TEST_F(Backup, BombIsRefusedWithoutUnpackingIt)
+{
+    const char *const script = "import sys,zlib\n"
+                               "packed=b'\\0\\0\\1\\0'+zlib.compress(bytes(700<<20),1)\n"
+                               "sys.stdout.buffer.write(b'LEDGORA\\nH'+len(packed).to_bytes(4,'big')+packed)";
+    QProcess python;
+    python.setStandardOutputFile(file());
+    python.start("python3", {"-c", script});
+    ASSERT_TRUE(python.waitForFinished(60'000) && python.exitCode() == 0);
+    QProcess program;
+    program.start(LEDGORA_PROGRAM, {"restore", "--data", folder(), "--from", file()});
+    ASSERT_TRUE(program.waitForStarted());
+    rusage used{};
+    int status = 0;
+    ASSERT_EQ(::wait4(pid_t(program.processId()), &status, 0, &used), program.processId());
+    EXPECT_EQ(WEXITSTATUS(status), 1);
+    EXPECT_LT(used.ru_maxrss, 300'000) << "kilobytes";
+    EXPECT_FALSE(QFile::exists(folder()));
 }
 
 TEST_F(Backup, IsOfOneMomentKeepsNoSaveWaitingAndCanBeCancelled)
@@ -324,6 +420,7 @@ TEST_F(Backup, KilledOneLeavesTheFormerDataOrTheNewAndTheFormerFile)
         Office office(folder());
         ASSERT_TRUE(office.open()) << office.error().toStdString();
         EXPECT_TRUE(c.after.contains(timeOf(office))) << timeOf(office).toStdString();
+        EXPECT_EQ(leftovers(office), QStringList{"ledgora"}) << "opening it has cleared what was left";
         EXPECT_EQ(contentOf(file()), whole);
         EXPECT_EQ(restore(office, file()), "") << "and it can be done again";
         EXPECT_EQ(timeOf(office), "first");

@@ -115,11 +115,13 @@ TEST(Rotation, KeepsSevenDaysEightWeeksAndWhatIsNotOurs)
         names << app::weeklyBackupName(QDate(2024, 1, 3).addDays(qint64(7) * week));
     for (int hour = 0; hour < 4; ++hour)
         names << QString("before-restore-2024-06-15-%1.ledgora").arg(120000 + hour);
-    QStringList outdated = app::outdatedBackups(names);
+    for (int day = 1; day <= 8; ++day) // a clock that was wrong
+        names << QString("daily-2099-01-0%1.ledgora").arg(day);
+    QStringList outdated = app::outdatedBackups(names, QDate(2024, 6, 15));
     outdated.sort();
-    EXPECT_EQ(outdated,
-              (QStringList{"before-restore-2024-06-15-120000.ledgora", "daily-2024-06-01.ledgora",
-                           "daily-2024-06-02.ledgora", "weekly-2024-01-01.ledgora", "weekly-2024-01-08.ledgora"}));
+    EXPECT_EQ(outdated, (QStringList{"before-restore-2024-06-15-120000.ledgora", "daily-2024-06-01.ledgora",
+                                     "daily-2024-06-02.ledgora", "daily-2099-01-01.ledgora",
+                                     "weekly-2024-01-01.ledgora", "weekly-2024-01-08.ledgora"}));
 }
 
 TEST_F(CareWindow, DaysBackupIsMadeOnceAndKeptForTheWeek)
@@ -136,7 +138,7 @@ TEST_F(CareWindow, DaysBackupIsMadeOnceAndKeptForTheWeek)
     const QDateTime made = QFileInfo(path).lastModified();
     ASSERT_EQ(app::makeDailyBackup(data, QDate(2024, 6, 24)), "");
     EXPECT_EQ(QFileInfo(path).lastModified(), made);
-    EXPECT_EQ(app::backupFault(path, "C", unwatched()), "");
+    EXPECT_EQ(app::lookAtBackup(path, unwatched()).fault, "");
 }
 
 TEST_F(CareWindow, DaysBackupIsMadeBesideTheWorkAndAFailureIsTold)

@@ -193,15 +193,17 @@ TEST(ProgramAsHost, OpensWithTheFoldersAndYearOfEach)
                  {"T", "MiscSoftData/GST_Templates", "NestrelLogger.log", "Main_Info", false},
                  {"C", "GST_Templates", "BrindleLogger.log", "Comp_Master", false}};
     for (const auto &c : cases) {
-        app::Office office(folder.path(), c.host);
+        const QString own = folder.filePath(c.host);
+        app::Office office(own, c.host);
         ASSERT_TRUE(office.open()) << office.error().toStdString();
         app::MainWindow window(office);
         ASSERT_TRUE(window.isBillingOpen()) << c.host;
         EXPECT_EQ(gHostCode, c.host);
         EXPECT_EQ(gRegYr, 2024) << "all hosts count the same financial year in the end";
-        EXPECT_EQ(gTmplPath, folder.filePath(c.templates));
-        EXPECT_TRUE(QFileInfo::exists(folder.filePath(c.templates) + "/GST_Intra_Bill.doc"));
+        EXPECT_EQ(gTmplPath, own + '/' + c.templates);
+        EXPECT_TRUE(QFileInfo::exists(own + '/' + c.templates + "/GST_Intra_Bill.doc"));
         EXPECT_EQ(QFileInfo(gLogPath).fileName(), c.log);
+        EXPECT_EQ(int(QFile::permissions(gLogPath) & (QFile::ReadGroup | QFile::ReadOther)), 0);
         EXPECT_FALSE(office.connection().Open(QStringLiteral("Select * from ") + c.table).failed());
         EXPECT_EQ(window.findChild<QAction *>("actGroups") != nullptr, c.hasGroups);
         EXPECT_EQ(gMdi, &window);

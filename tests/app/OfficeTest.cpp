@@ -2,6 +2,7 @@
 // are missing, changed or damaged. Each ends with a clear text, and what is there stays as it is.
 
 #include "app/Office.h"
+#include "app/PrivateServer.h"
 #include "bills/frmBillGST.h"
 #include "components/StockComponents.h"
 #include "components/reporter/Viewer.h"
@@ -123,6 +124,20 @@ TEST_F(OfficeTest, BalanceMakesNoOfficeOfAFolderThatIsNone)
     EXPECT_EQ(listing(m_folder.path()), (QStringList{"file", "office"}));
 }
 
+TEST_F(OfficeTest, SampleCanBeBilledAtOnceAndKeepsAChoiceOfTemplates)
+{
+    const QString choice = folder() + "/GST_Templates/Settings.txt";
+    const auto sample = [this] {
+        return ledgoraProgram({"sample", "--bills", "1", "--parties", "1", "--companies", "1", "--data", folder()});
+    };
+    EXPECT_EQ(sample().status, 0);
+    EXPECT_EQ(contentOf(choice).simplified(), "B_COPY=0 R_COPY=0");
+    ASSERT_TRUE(QDir(folder() + "/server").removeRecursively()); // its data is empty again
+    write(choice, "B_COPY=1\r\nR_COPY=1\r\n");
+    EXPECT_EQ(sample().status, 0);
+    EXPECT_EQ(contentOf(choice).simplified(), "B_COPY=1 R_COPY=1");
+}
+
 TEST_F(OfficeTest, DataOfANewerVersionIsRefusedAndLeftAlone)
 {
     {
@@ -157,6 +172,23 @@ TEST_F(OfficeTest, TemplatesThatAnOfficeChangedAreKeptAndMissingOnesComeBack)
     EXPECT_EQ(contentOf(templates + "/GST_Intra_Bill.doc"), "of the office");
     EXPECT_EQ(contentOf(templates + "/GST_Inter_Bill.doc"), stock);
     EXPECT_TRUE(stock.startsWith("{\\rtf"));
+}
+
+/// The server's data is there, tables and templates are still to be made.
+TEST_F(OfficeTest, ProgramsThatAreStartedAtOnceAllComeUp)
+{
+    app::PrivateServer server({.dataFolder = folder()});
+    ASSERT_TRUE(server.start()) << server.error().toStdString();
+    std::array<QProcess, 5> programs;
+    for (QProcess &program : programs)
+        program.start(LEDGORA_PROGRAM, {"balance", "--all", "--data", folder()});
+    for (QProcess &program : programs) {
+        ASSERT_TRUE(program.waitForFinished(60'000));
+        EXPECT_EQ(program.readAllStandardError(), "");
+        EXPECT_EQ(program.readAllStandardOutput(), "Total\t0\n");
+    }
+    EXPECT_EQ(listing(folder() + "/GST_Templates").size(), 8);
+    EXPECT_TRUE(contentOf(folder() + "/BrindleLogger.log").count('\n') <= 1) << "the first look at a new office";
 }
 
 TEST_F(OfficeTest, TemplateFolderThatIsAFileIsNamed)

@@ -3,7 +3,6 @@
 #include "app/ServerFolder.h"
 #include "app/Waiting.h"
 #include <QDir>
-#include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
 #include <QTemporaryDir>
@@ -237,6 +236,40 @@ TEST_F(PrivateServerTest, PrivateFilesAreOfNobodyElse)
         EXPECT_FALSE(QFile::permissions(name)
                      & (QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther))
             << name.toStdString();
+}
+
+TEST_F(PrivateServerTest, FolderThatOthersMayEnterIsMendedUnlessItIsMoreThanAnOffice)
+{
+    const auto isPrivate = [](const QString &folder) {
+        return (QFile::permissions(folder) & (QFile::ReadGroup | QFile::ExeGroup | QFile::ReadOther | QFile::ExeOther))
+               == 0;
+    };
+    const auto open = [](const QString &folder) { ::chmod(QFile::encodeName(folder).constData(), 0755); };
+    ASSERT_TRUE(QDir().mkpath(data() + "/new") && QDir().mkpath(data() + "/home/letters"));
+    for (int time = 0; time < 2; ++time) {
+        open(data() + "/new");
+        PrivateServer server({.dataFolder = data() + "/new"});
+        EXPECT_TRUE(server.start()) << server.error().toStdString();
+        EXPECT_TRUE(isPrivate(data() + "/new")) << (time == 0 ? "an empty one" : "an office");
+    }
+    open(data() + "/home");
+    PrivateServer server({.dataFolder = data() + "/home"});
+    EXPECT_FALSE(server.start());
+    EXPECT_EQ(server.error(), "Other users may enter the folder " + data()
+                                  + "/home, which holds other files. Make it "
+                                    "private (chmod 700) or choose another one for the office.");
+    EXPECT_EQ(QDir(data() + "/home").entryList(QDir::AllEntries | QDir::NoDotAndDotDot), QStringList{"letters"});
+}
+
+TEST_F(PrivateServerTest, RemovedSocketIsToldAtOnce)
+{
+    PrivateServer first(settings());
+    ASSERT_TRUE(first.start()) << first.error().toStdString();
+    ASSERT_TRUE(QFile::remove(first.socketPath()));
+    PrivateServer second(settings());
+    EXPECT_FALSE(second.start());
+    EXPECT_EQ(second.error(), "The database server of this folder runs, but its socket " + first.socketPath()
+                                  + " was removed. Close the office in all other programs, then start again.");
 }
 
 TEST_F(PrivateServerTest, FaultsAreToldInWords)

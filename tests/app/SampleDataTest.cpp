@@ -2,6 +2,7 @@
 // the bill screen would have stored.
 
 #include "app/care/SampleData.h"
+#include "app/care/Check.h"
 #include "app/care/SampleNames.h"
 #include "controls/ChoiceBox.h"
 #include "tests/bills/BillScreen.h"
@@ -109,6 +110,26 @@ TEST_F(SampleData, ObeysTheRulesOfTheTrade)
               QStringList{"3|2|3|300"});
 }
 
+TEST(SampleOfHosts, FillsTheClientTablesOfItsHost)
+{
+    const struct
+    {
+        const char *host, *clients;
+        int count;
+    } cases[] = {{"G", "Select Count(*) From Owner1 Where l_nm<>'' And State<>''", 12},
+                 {"G", "Select Count(*) From Main_Info1 Where Nm<>'' And PAN<>''", 36},
+                 {"T", "Select Count(*) From Main_Info Where Name<>'' And PIN<>''", 36}};
+    for (const auto &c : cases) {
+        test::Database database(c.host);
+        SamplePlan plan = smallPlan();
+        plan.host = c.host;
+        ASSERT_EQ(app::writeSample(database.db(), plan).fault, "");
+        EXPECT_EQ(database.rows(c.clients), QStringList{QString::number(c.count)}) << c.clients;
+        const app::CheckResult checked = app::checkData(database.db(), c.host, 0, unwatched());
+        EXPECT_TRUE(checked.fault.isEmpty() && checked.findings.empty()) << "bills know their clients";
+    }
+}
+
 TEST_F(SampleData, IsTheSameForTheSameSeedAndGoesIntoAnEmptyOfficeOnly)
 {
     const QString sum =
@@ -117,8 +138,13 @@ TEST_F(SampleData, IsTheSameForTheSameSeedAndGoesIntoAnEmptyOfficeOnly)
     const auto sums = [&] { return data().rows(sum).replaceInStrings(QRegularExpression("^.*\\|"), ""); };
     ASSERT_EQ(app::writeSample(data().db(), smallPlan()).fault, "");
     const QStringList first = sums();
+    EXPECT_EQ(
+        data().rows("Select Count(*) From mysql.innodb_table_stats Where database_name=Database() And n_rows>0 And "
+                    "table_name In ('gst_billm','gst_billd','gst_recpm','gst_recpd')"),
+        QStringList{"4"})
+        << "the server knows how many rows there are";
     EXPECT_EQ(app::writeSample(data().db(), smallPlan()).fault,
-              "Sample data goes into an empty office only, and this one has rows in GST_BillM.");
+              "Sample data goes into an empty office only, and this one has rows in gst_firmmas.");
     EXPECT_EQ(sums(), first);
     data().empty();
     ASSERT_EQ(app::writeSample(data().db(), smallPlan()).fault, "");

@@ -2,9 +2,11 @@
 
 #include "app/SharedServer.h"
 
+#include "app/Descriptor.h"
 #include "app/Office.h"
 #include "app/PrivateServer.h"
 #include "app/ServerRights.h"
+#include "app/care/Restore.h"
 #include "store/Connection.h"
 #include "support/Print.h"
 #include <QDir>
@@ -15,6 +17,9 @@
 #include <QTest>
 #include <gtest/gtest.h>
 #include <mysql.h>
+#include <netinet/in.h>
+#include <sys/socket.h>
+#include <thread>
 
 namespace ledgora::app {
 namespace {
@@ -28,6 +33,103 @@ quint16 freePort()
     return server.serverPort();
 }
 
+/// A server that is not the office's: it greets with one method, and then asks for the password by another.
+class FalseServer
+{
+public:
+    FalseServer(QByteArray greeting, QByteArray method) : m_greeting(std::move(greeting)), m_method(std::move(method))
+    {
+        sockaddr_in address{.sin_family = AF_INET, .sin_port = 0, .sin_addr = {htonl(INADDR_LOOPBACK)}, .sin_zero = {}};
+        socklen_t size = sizeof address;
+        auto *named = reinterpret_cast<sockaddr *>(&address);
+        EXPECT_TRUE(::bind(m_listener.number(), named, size) == 0 && ::listen(m_listener.number(), 1) == 0
+                    && ::getsockname(m_listener.number(), named, &size) == 0);
+        m_port = ntohs(address.sin_port);
+        m_thread = std::thread([this] { serve(); });
+    }
+    FalseServer(const FalseServer &) = delete;
+    FalseServer &operator=(const FalseServer &) = delete;
+    ~FalseServer() { answer(); }
+
+    quint16 port() const { return m_port; }
+    /// What the client sent when it was asked, "" when it went away.
+    QByteArray answer()
+    {
+        if (m_thread.joinable())
+            m_thread.join();
+        return m_answer;
+    }
+
+private:
+    void serve()
+    {
+        const Descriptor client(::accept(m_listener.number(), nullptr, nullptr));
+        const QByteArray salt("abcdefgh");
+        const QByteArray rest("ijklmnopqrst");
+        // Capabilities: the protocol of today with named methods, no TLS.
+        send(client, 0,
+             "\x0a"
+             "10.11.6-MariaDB"
+                 + QByteArray(1, 0) + QByteArray("\x01\0\0\0", 4) + salt + QByteArray(1, 0)
+                 + QByteArray("\x0b\x82\x2d\x02\0\x08\0\x15", 8) + QByteArray(10, 0) + rest + QByteArray(1, 0)
+                 + m_greeting + QByteArray(1, 0));
+        if (receive(client).isEmpty())
+            return;
+        send(client, 2, "\xfe" + m_method + QByteArray(1, 0) + salt + rest + QByteArray(1, 0));
+        m_answer = receive(client);
+    }
+    static void send(const Descriptor &client, char serial, const QByteArray &content)
+    {
+        const QByteArray packet = QByteArray(1, char(content.size())) + QByteArray(2, 0) + serial + content;
+        EXPECT_EQ(::send(client.number(), packet.constData(), size_t(packet.size()), MSG_NOSIGNAL), packet.size());
+    }
+    static QByteArray receive(const Descriptor &client)
+    {
+        QByteArray bytes(4096, 0);
+        const ssize_t length = ::recv(client.number(), bytes.data(), size_t(bytes.size()), 0);
+        return bytes.first(std::max<ssize_t>(length, 0));
+    }
+
+    Descriptor m_listener{::socket(AF_INET, SOCK_STREAM, 0)};
+    QByteArray m_greeting, m_method, m_answer;
+    quint16 m_port = 0;
+    std::thread m_thread;
+};
+
+TEST(FalseServer, GetsNoPasswordThatItCouldRead)
+{
+    const QString shown = "The database server 127.0.0.1 asks for the password in a way that would show it to a false "
+                          "server. With the server's authority in the address (ca=FILE) that is allowed.";
+    const char *const native = "mysql_native_password";
+    const struct
+    {
+        const char *greeting, *method, *options;
+        bool isAnswered;
+        QString fault;
+    } cases[] = {
+        {native, native, "", true, "does not answer"},
+        {"caching_sha2_password", native, "", true, "does not answer"},
+        {native, "mysql_clear_password", "", false, shown},
+        {native, "mysql_clear_password", "?tls=required", false, shown},
+        {native, "dialog", "", false, shown},
+        {native, "mysql_old_password", "", false, shown},
+        {native, "sha256_password", "", false, shown},
+        {native, "caching_sha2_password", "", false, shown},
+        {native, "caching_sha2_password", "?ca=/etc/hostname", false, "(TLS)"},
+    };
+    for (const auto &c : cases) {
+        FalseServer server(c.greeting, c.method);
+        ServerAddress address;
+        const QString text = QStringLiteral("mysql://clerk@127.0.0.1:%1/ledgora").arg(server.port());
+        ASSERT_EQ(readAddress(text + c.options, address), "");
+        SharedServer office(address, "open sesame");
+        EXPECT_FALSE(office.start());
+        EXPECT_TRUE(office.error().contains(c.fault)) << office.error().toStdString();
+        EXPECT_EQ(!server.answer().isEmpty(), c.isAnswered) << c.greeting << c.method << c.options;
+        EXPECT_FALSE(server.answer().contains("sesame")) << c.method;
+    }
+}
+
 class SharedServerTest : public testing::Test
 {
 protected:
@@ -38,9 +140,11 @@ protected:
             PrivateServer first({.dataFolder = s_folder->path()});
             ASSERT_TRUE(first.start()) << first.error().toStdString();
         }
-        ASSERT_EQ(QProcess::execute("openssl", {"req", "-x509", "-newkey", "rsa:2048", "-nodes", "-days", "3", "-subj",
-                                                "/CN=localhost", "-keyout", file("key.pem"), "-out", file("ca.pem")}),
-                  0);
+        for (const char *name : {"other", "ca"})
+            ASSERT_EQ(QProcess::execute("openssl", {"req", "-x509", "-newkey", "rsa:2048", "-nodes", "-days", "3",
+                                                    "-subj", "/CN=localhost", "-keyout", file("key.pem"), "-out",
+                                                    file(QLatin1String(name) + ".pem")}),
+                      0);
         s_port = freePort();
     }
     static void TearDownTestSuite() { s_folder.reset(); }
@@ -124,9 +228,14 @@ TEST_F(SharedServerTest, OfficeWorksThereAndTheWayIsEncryptedWhereTheServerOffer
 
     SharedServer verified(address("?ca=" + file("ca.pem")), "open sesame");
     EXPECT_TRUE(verified.start()) << verified.error().toStdString();
-    SharedServer foreign(address("?ca=/etc/hostname"), "open sesame");
-    EXPECT_FALSE(foreign.start());
-    EXPECT_TRUE(foreign.error().contains("(TLS)")) << foreign.error().toStdString();
+    // No certificate, the one of another authority, and the right one for another name.
+    ServerAddress byNumber = address("?ca=" + file("ca.pem"));
+    byNumber.host = "127.0.0.1";
+    for (const ServerAddress &where : {address("?ca=/etc/hostname"), address("?ca=" + file("other.pem")), byNumber}) {
+        SharedServer foreign(where, "open sesame");
+        EXPECT_FALSE(foreign.start());
+        EXPECT_TRUE(foreign.error().contains("(TLS)")) << foreign.error().toStdString();
+    }
 
     Office office(file("clerk"), "C", std::make_unique<SharedServer>(address(), "open sesame"));
     ASSERT_TRUE(office.open()) << office.error().toStdString();
@@ -137,6 +246,48 @@ TEST_F(SharedServerTest, OfficeWorksThereAndTheWayIsEncryptedWhereTheServerOffer
     startServer(true);
     EXPECT_EQ(office.keepConnected(), Office::Server::Reopened);
     EXPECT_EQ(office.connection().Open("Select * From GST_Series").recordCount(), 1);
+}
+
+/// The statements that the page for administrators tells, each on a line of its own.
+QStringList documentedStatements()
+{
+    QFile page(QStringLiteral(LEDGORA_SOURCES "/docs/shared-server.md"));
+    EXPECT_TRUE(page.open(QIODevice::ReadOnly));
+    QStringList statements;
+    const QStringList parts = QString::fromUtf8(page.readAll()).split("```");
+    for (const QString &part : parts) {
+        if (part.startsWith("sql\n"))
+            statements << part.mid(4).split(";\n", Qt::SkipEmptyParts);
+    }
+    return statements;
+}
+
+TEST_F(SharedServerTest, ClerksWorkAndTheKeeperBacksUpAndRestoresWithTheDocumentedRights)
+{
+    startServer(true);
+    ASSERT_TRUE(run({"Drop Database ledgora"}));
+    ASSERT_TRUE(run(documentedStatements()));
+    const auto opened = [&](const char *user) {
+        ServerAddress where = address("?tls=required");
+        where.user = user;
+        auto office = std::make_unique<Office>(file("shared"), "", std::make_unique<SharedServer>(where, "..."));
+        EXPECT_TRUE(office->open()) << office->error().toStdString();
+        return office;
+    };
+    auto clerk = opened("ram");
+    ASSERT_TRUE(clerk->connection().Execute("Insert Into GST_Series Values (1,'B',2024,'A/','P')"));
+    const auto keeper = opened("keeper");
+    const OfficeData data{keeper->connection(), keeper->hostCode(), keeper->dataFolder()};
+    ASSERT_EQ(makeBackup(data, file("copy.ledgora"), unwatched()), "");
+    EXPECT_EQ(makeBackup({clerk->connection(), "C", clerk->dataFolder()}, file("clerk.ledgora"), unwatched()),
+              "The database user may not make the database ledgora_scratch, in which backups are proved. The "
+              "administrator can allow it (docs/shared-server.md).");
+    ASSERT_TRUE(clerk->connection().Execute("Delete From GST_Series"));
+    EXPECT_EQ(restoreBackup(data, file("copy.ledgora"), unwatched()).fault,
+              "The office is open in another program. Close it there first.");
+    clerk.reset();
+    EXPECT_EQ(restoreBackup(data, file("copy.ledgora"), unwatched()).fault, "");
+    EXPECT_EQ(keeper->connection().Open("Select * From GST_Series").recordCount(), 1);
 }
 
 TEST_F(SharedServerTest, ServerWithoutTlsIsTakenUnlessTheOfficeAsksForIt)

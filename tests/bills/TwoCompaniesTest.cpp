@@ -49,7 +49,7 @@ protected:
     void TearDown() override
     {
         delete m_home;
-        HomeScreen::TearDown();
+        ScreenTest::TearDown();
     }
 
     /// Chooses a company on the home screen and opens its bills; they have the keys then.
@@ -255,30 +255,101 @@ TEST_F(TwoCompanies, HomeScreenIsThereOnce)
 {
     alt('A');
     EXPECT_EQ(frame(), "famFirmEdit");
-    gst().OpenBilling();
-    const auto windows = QApplication::topLevelWidgets();
-    EXPECT_EQ(std::count_if(windows.begin(), windows.end(),
-                            [](const QWidget *w) { return w->objectName() == "frmMainGST" && w->isVisible(); }),
-              1);
-    EXPECT_EQ(frame(), "famFirmEdit") << "with what was being typed";
+    for (const bool behindAnother : {false, true}) {
+        m_home->setHidden(behindAnother);
+        gst().OpenBilling();
+        const auto windows = QApplication::topLevelWidgets();
+        EXPECT_EQ(std::count_if(windows.begin(), windows.end(),
+                                [](const QWidget *w) { return w->objectName() == "frmMainGST"; }),
+                  1);
+        EXPECT_EQ(frame(), "famFirmEdit") << "with what was being typed";
+    }
 }
 
-TEST_F(TwoCompanies, BillScreenGoesWithItsDeletedCompany)
+TEST_F(TwoCompanies, ScreensGoWithTheirDeletedCompany)
 {
-    const auto beta = openBills(Beta);
+    const auto bills = openBills(Beta);
     keyBill("GOMES");
+    QList<QPointer<QWidget>> screens{bills};
+    for (const char *command : {"cmdRecps", "cmdReports"}) {
+        show(m_home);
+        find<QWidget>(command)->setFocus();
+        press(Qt::Key_Return);
+        screens << QApplication::activeWindow();
+        EXPECT_EQ(screens.back()->windowTitle().section(" - ", 1), "BETA");
+    }
     show(m_home);
     boxes.expect("All the bills and receipts of the selected 'Company' will be deleted. Do you really want to "
                  "Delete the selected 'Company' ?",
                  QMessageBox::Yes);
     alt('D');
-    EXPECT_TRUE(beta.isNull()) << "else a bill could be saved under a company that is no more";
+    for (const QPointer<QWidget> &screen : screens)
+        EXPECT_TRUE(screen.isNull()) << "else a document could be saved under a company that is no more";
     addCompany(Beta, "GAMMA", "DELHI"); // ids are allotted anew
     delete m_home;
     open();
     m_home = screen();
     EXPECT_EQ(openBills(Beta)->windowTitle(), "GST Billing - GAMMA");
     EXPECT_EQ(gFirmStateCode, "07");
+}
+
+TEST_F(TwoCompanies, ScreenAskedForAgainIsUpToDateUnlessAnEntryIsOpenInIt)
+{
+    const auto beta = openBills(Beta);
+    data().run("Update GST_FirmMas Set StateNm='DELHI',Nm='BETA OF DELHI' Where FirmSrNo=2");
+    data().run("Insert Into GST_Series Values (1,'B',2024,'X/','P')");
+    addClient(3, "NAIR STORES", "DELHI");
+    const auto reopen = [this] {
+        delete m_home; // its list has the company as it is now
+        open();
+        m_home = screen();
+        return openBills(Beta);
+    };
+    show(beta);
+    alt('A');
+    EXPECT_EQ(reopen(), beta);
+    EXPECT_EQ(beta->windowTitle(), "GST Billing - BETA") << "an entry goes on as it was begun";
+    alt('C');
+    EXPECT_EQ(reopen(), beta);
+    EXPECT_EQ(beta->windowTitle(), "GST Billing - BETA OF DELHI");
+    EXPECT_EQ(text("txtbillno"), "1") << "the bill that was shown";
+    EXPECT_EQ(find<QComboBox>("cbosr")->count(), 2);
+    keyBill("NAIR");
+    EXPECT_EQ(choice("cboTaxType"), "Intra-State (CGST/SGST)");
+    alt('C');
+}
+
+TEST_F(TwoCompanies, ScreenTakesOverWhatWasAlteredInItsCompany)
+{
+    const auto beta = openBills(Beta);
+    show(m_home);
+    alt('A');
+    choose("cboFirmState", "DELHI (07)");
+    alt('S');
+    EXPECT_EQ(frame(), "famFirmMain");
+    show(beta); // not asked for again: it only came to the front
+    keyBill("ASHOK");
+    EXPECT_EQ(choice("cboTaxType"), "Intra-State (CGST/SGST)");
+    alt('C');
+}
+
+TEST_F(TwoCompanies, ReleasedByItsHostWithEntryAndDialogOpenItTakesAllScreensAlong)
+{
+    data().run("Update GST_FirmMas Set Pass='secret' Where FirmSrNo=2");
+    delete m_home;
+    open();
+    m_home = screen();
+    const auto alpha = openBills(Alpha);
+    keyBill("ASHOK");
+    show(m_home);
+    find<Grid>("vsFirm")->setFocus();
+    press(Qt::Key_Down);
+    boxes.expectDialog([this](QWidget &) { release(); });
+    alt('B');
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(alpha.isNull());
+    EXPECT_TRUE(m_home.isNull());
+    EXPECT_EQ(stored().size(), 2);
 }
 
 } // namespace

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# The library as a host gets it: installs the build into a folder, moves that, builds the examples against the copy and
-# runs them. installed.sh BUILD_FOLDER SOURCE_FOLDER COMPILER
+# The library as a host gets it: installs the build into a folder, moves that, compiles each header alone, builds the page's
+# host and the example against the copy and runs them. installed.sh BUILD_FOLDER SOURCE_FOLDER COMPILER
 set -euo pipefail
 
 build=$1 source=$2 compiler=$3
@@ -27,20 +27,31 @@ for unexpected in "$work"/copy/include/ledgora/*/frm*.h "$work"/copy/include/led
 done
 expect "the program runs from its new place" "ledgora ${4:?version}" "$("$work/copy/bin/ledgora" --version)"
 
-cmake -S "$source/examples/host_t" -B "$work/host_t" -G Ninja -DCMAKE_PREFIX_PATH="$work/copy" \
+export PKG_CONFIG_PATH=$work/copy/lib/pkgconfig
+read -ra flags <<<"$(pkg-config --cflags --libs ledgora)"
+for header in "$work"/copy/include/ledgora/*/*.h; do
+    "$compiler" -std=c++20 -fPIC -fsyntax-only -include "$header" "${flags[@]}" -x c++ /dev/null
+done
+
+# What the page for hosts shows is a whole program.
+page_code() { sed -n "/^\`\`\`$1\$/,/^\`\`\`\$/{/^\`\`\`/!p}" "$source/docs/hosts.md"; }
+mkdir "$work/page"
+page_code cmake >"$work/page/CMakeLists.txt"
+page_code cpp >"$work/page/main.cpp"
+cmake -S "$work/page" -B "$work/host" -G Ninja -DCMAKE_PREFIX_PATH="$work/copy" \
     -DCMAKE_CXX_COMPILER="$compiler" >"$work/configure.log" 2>&1 || { cat "$work/configure.log" >&2; exit 1; }
-cmake --build "$work/host_t" >"$work/build.log" 2>&1 || { cat "$work/build.log" >&2; exit 1; }
+cmake --build "$work/host" >"$work/build.log" 2>&1 || { cat "$work/build.log" >&2; exit 1; }
 if [ -z "${LEDGORA_TEST_SOCKET:-}" ]; then
     coproc SERVER { exec "$build/bin/testserver" --data "$work/server"; }
     IFS= read -r LEDGORA_TEST_SOCKET <&"${SERVER[0]}"
 fi
-mkdir "$work/data"
-shown=$("$work/host_t/sample_host" "$LEDGORA_TEST_SOCKET" "sample_host_$$" "$work/data" --once)
+templates=$work/data/MiscSoftData/GST_Templates
+mkdir -p "$templates"
+cp "$work"/copy/share/ledgora/templates/*.doc "$templates"
+shown=$("$work/host/sample_host" "$LEDGORA_TEST_SOCKET" "sample_host_$$" "$work/data" --once)
 expect "host T sees the home screen and a balance" "frmMainGST"$'\n'0 "$shown"
 expect "nothing stands in the error log" "" "$(cat "$work/data/NestrelLogger.log" 2>/dev/null || true)"
 
-export PKG_CONFIG_PATH=$work/copy/lib/pkgconfig
-read -ra flags <<<"$(pkg-config --cflags --libs ledgora)"
 library=$(pkg-config --variable=libdir ledgora)/libledgora.so
 "$compiler" -std=c++20 -fPIC -o "$work/by_name" "$source/examples/by_name/main.cpp" -Wl,--as-needed "${flags[@]}"
 expect "the library is used by name" "register 0

@@ -25,19 +25,6 @@ protected:
                 show(window);
         }
     }
-    void TearDown() override
-    {
-        // A screen takes windows of its own along, which the list still holds.
-        QList<QPointer<QWidget>> windows;
-        for (QWidget *window : QApplication::topLevelWidgets())
-            windows << window;
-        for (const QPointer<QWidget> &window : windows) {
-            if (window && QStringList{"frmBillGST", "frmRecpGST", "frmReportsGST"}.contains(window->objectName()))
-                delete window;
-        }
-        ScreenTest::TearDown();
-    }
-
     /// A command whose access key another has too: the key goes from one to the other, Enter gives the command.
     void command(const char *button, char letter)
     {

@@ -113,6 +113,12 @@ TEST(ReportFiles, ComeWholeOrNotAtAll)
     QFile saved(folder.filePath("a.txt"));
     ASSERT_TRUE(saved.open(QIODevice::ReadOnly));
     EXPECT_GT(saved.readAll().count('\n'), 1000);
+
+    const QString planted = folder.filePath("b.txt");
+    ASSERT_TRUE(QFile::link(path, planted));
+    EXPECT_EQ(saveReportText(rows, planted), QString());
+    EXPECT_FALSE(QFile::exists(path)) << "the link is not followed";
+    EXPECT_FALSE(QFileInfo(planted).isSymLink());
 }
 
 TEST(ReportRows, AreToldToAnotherWriterAsTheyWere)

@@ -235,10 +235,10 @@ void visitReports(Clerk &clerk, QWidget &window, const Look &look)
     clerk.press(Qt::Key_Escape, Qt::NoModifier, 2);
 }
 
-/// Host "G" on the same office: its clients and groups.
+/// An office of host "G": its clients and groups.
 QString visitHostG(const QString &folder, const Look &look)
 {
-    Office office(folder, QStringLiteral("G"));
+    Office office(folder + QStringLiteral("-g"), QStringLiteral("G"));
     if (!office.open())
         return office.error();
     office.connection().Execute(

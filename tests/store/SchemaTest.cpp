@@ -90,6 +90,50 @@ TEST(Schema, MadeTwiceLosesNothingAndComplainsOfNothing)
     EXPECT_EQ(schemaFault(database.db()), "");
 }
 
+/// Offices of earlier versions have no note; the last case is one that has, and no data.
+TEST(Schema, OfficeIsKnownByItsNoteOrItsClients)
+{
+    const QString clientOfG = "Insert Into Owner1 (Code) Values ('A')";
+    const QString clientOfC = "Insert Into LLP_Master (Code) Values ('A')";
+    const QString bill = "Insert Into GST_BillM (BillSrNo) Values (1)";
+    const struct
+    {
+        QStringList made, filled; ///< hosts whose tables are there, statements
+        QString wanted, host, fault;
+        bool noted = false;
+    } cases[] = {
+        {{}, {}, "", "C", ""},
+        {{}, {}, "T", "T", ""},
+        {{"G"}, {bill}, "", "G", ""},
+        {{"C", "G"}, {clientOfG}, "", "G", ""},
+        {{"C", "G"}, {clientOfG}, "C", "C", "This is an office of host G. It can not be opened as one of host C."},
+        {{"C", "G"}, {clientOfC, clientOfG}, "G", "G", ""},
+        {{"C", "G"},
+         {clientOfC, clientOfG},
+         "",
+         "",
+         "The office holds clients of the hosts C and G. Say with --host which one it is."},
+        {{"G"}, {bill}, "T", "T", "This is an office of host G. It can not be opened as one of host T.", true},
+        {{"G"}, {}, "T", "T", "", true},
+    };
+    for (const auto &c : cases) {
+        test::Database database("C", test::Database::Tables::None);
+        for (const QString &host : c.made)
+            ASSERT_TRUE(createSchema(database.db(), host));
+        if (!c.made.isEmpty() && !c.noted)
+            database.run("Drop Table Ledgora_Host");
+        for (const QString &statement : c.filled)
+            database.run(statement);
+        QString host = c.wanted;
+        EXPECT_EQ(settleHost(database.db(), host), c.fault);
+        EXPECT_EQ(host, c.host);
+        if (c.fault.isEmpty()) {
+            EXPECT_TRUE(createSchema(database.db(), host));
+            EXPECT_EQ(database.rows("Select Code From Ledgora_Host"), QStringList{c.host});
+        }
+    }
+}
+
 TEST(Schema, NewerDatabaseIsRefusedAndStaysNewer)
 {
     test::Database database;

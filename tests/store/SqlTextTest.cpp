@@ -58,5 +58,21 @@ TEST(DocumentNumber, TakesThePlaceOrTheSideThatTheSeriesSays)
         EXPECT_EQ(joinSeries(c.series, c.position, "12").toStdString(), c.joined) << c.series;
 }
 
+TEST(AmongIds, FindsAllInFewConditionsOfOneTable)
+{
+    QList<int> dense;
+    QList<int> sparse;
+    for (int i = 1; i <= 1000; ++i) {
+        dense.prepend(i);
+        sparse << i * 20;
+    }
+    EXPECT_EQ(amongIds("Id", {}), QStringList());
+    EXPECT_EQ(amongIds("Id", {7, 3}), QStringList{"Id In (3,7)"});
+    EXPECT_EQ(amongIds("Id", dense), QStringList{"Id Between 1 And 1000"});
+    const QStringList parts = amongIds("Id", sparse);
+    ASSERT_EQ(parts.size(), 2);
+    EXPECT_TRUE(parts[0].endsWith(",18000)") && parts[1].startsWith("Id In (18020,"));
+}
+
 } // namespace
 } // namespace ledgora

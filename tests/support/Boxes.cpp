@@ -87,6 +87,9 @@ void Boxes::look()
     // A timer of its own for each look: answering a box may run an event loop in which the next one opens.
     QTimer::singleShot(lookEveryMs, &m_context, [this] { look(); });
     QWidget *window = QApplication::activeModalWidget();
+    // Under a window manager nobody answers a box before it has the keys.
+    if (window && QGuiApplication::platformName() == "xcb" && !window->isActiveWindow())
+        return;
     if (!window || std::ranges::find(m_inHand, window, &QPointer<QWidget>::data) != m_inHand.end())
         return;
     if (auto *box = qobject_cast<QMessageBox *>(window))

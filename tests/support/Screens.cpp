@@ -186,7 +186,7 @@ void NotingReporter::SaveToRTF(const QString &path)
 
 void ScreenTest::SetUp()
 {
-    data().empty();
+    RowsTest::SetUp();
     NotingReporter::asked().clear();
     NotingReporter::masterOpens() = true;
     NotingReporter::lastError().clear();
@@ -211,13 +211,13 @@ void ScreenTest::TearDown()
     m_gst.reset();
 }
 
-QString ScreenTest::errorLog()
+QString RowsTest::errorLog()
 {
     QFile log(gLogPath);
     return log.open(QIODevice::ReadOnly) ? QString::fromUtf8(log.readAll()) : QString();
 }
 
-void ScreenTest::addCompany(int id, const QString &name, const QString &state, const QString &password)
+void RowsTest::addCompany(int id, const QString &name, const QString &state, const QString &password)
 {
     data().run(QStringLiteral("Insert Into GST_FirmMas (FirmSrNo,Nm,StateNm,Pass,BankAcName,BankName,BankBrAdd,"
                               "BankAcNo,BankIFSC,PayComments,SignName,SignDesig) Values (%1,%2,%3,%4,'','','','','','',"
@@ -226,12 +226,12 @@ void ScreenTest::addCompany(int id, const QString &name, const QString &state, c
                    .arg(quoted(name), quoted(state), quoted(password)));
 }
 
-QString ScreenTest::clientCode(int id)
+QString RowsTest::clientCode(int id)
 {
     return QStringLiteral("BILL~OTHCL-%1").arg(id, 6, 10, QLatin1Char('0'));
 }
 
-void ScreenTest::addClient(int id, const QString &name, const QString &state)
+void RowsTest::addClient(int id, const QString &name, const QString &state)
 {
     data().run(QStringLiteral("Insert Into GST_OthCl (OthClSrNo,OthClCode,Nm,StateNm) Values (%1,%2,%3,%4)")
                    .arg(id)
@@ -239,7 +239,7 @@ void ScreenTest::addClient(int id, const QString &name, const QString &state)
 }
 
 /// A bill of company 1 without tax, of one line.
-void ScreenTest::addBill(int id, int number, QDate date, int client, int amount, int seriesId)
+void RowsTest::addBill(int id, int number, QDate date, int client, int amount, int seriesId)
 {
     const int year = date.month() < 4 ? date.year() - 1 : date.year();
     data().run(QStringLiteral("Insert Into GST_BillM Values (%1,1,%2,%3,%4,%5,'%6','DELHI','NO','Narration %5')")
@@ -254,7 +254,7 @@ void ScreenTest::addBill(int id, int number, QDate date, int client, int amount,
                    .arg(amount));
 }
 
-void ScreenTest::addReceipt(int id, int billId, int amount, int discount)
+void RowsTest::addReceipt(int id, int billId, int amount, int discount)
 {
     data().run(
         QStringLiteral("Insert Into GST_RecpD Values (%1,1,%2,%3,%4,0)").arg(id).arg(billId).arg(amount).arg(discount));
@@ -283,6 +283,11 @@ QString ScreenTest::choice(const char *list) const
 QString ScreenTest::focus()
 {
     keys().target();
+    return nameOfFocus();
+}
+
+QString nameOfFocus()
+{
     for (const QWidget *widget = QApplication::focusWidget(); widget; widget = widget->parentWidget()) {
         if (!widget->objectName().isEmpty() && !widget->objectName().startsWith("qt_"))
             return widget->objectName();

@@ -3,6 +3,7 @@
 #include "components/banklookup/BranchList.h"
 #include "controls/CommandButton.h"
 #include "controls/Grid.h"
+#include "controls/KeyGuard.h"
 #include <QCoreApplication>
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -37,6 +38,7 @@ BranchDialog::BranchDialog(const BranchList &list, const QString &words, QWidget
     , m_branches(new Grid(this))
     , m_count(new QLabel(this))
 {
+    keepCommandsOutOfText(*this);
     setWindowTitle(QStringLiteral("Bank"));
     setObjectName(QStringLiteral("bankLookup"));
     m_words->setObjectName(QStringLiteral("txtBankWords"));

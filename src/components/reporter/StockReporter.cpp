@@ -59,6 +59,12 @@ Viewer::SaveAs csvOf(const std::shared_ptr<const ReportRows> &rows)
 
 } // namespace
 
+StockReporter::~StockReporter()
+{
+    for (const QPointer<Viewer> &viewer : m_viewers)
+        delete viewer;
+}
+
 void StockReporter::fail(qint64 number, const QString &description)
 {
     m_error = description;
@@ -145,6 +151,8 @@ void StockReporter::ShowReport(bool)
     if (shown.empty())
         return failWithoutPages();
     auto *viewer = new Viewer(shown, reportName(), saveKinds());
+    m_viewers.removeAll(nullptr);
+    m_viewers.append(viewer);
     if (m_rows)
         viewer->setNotice(m_rows->notice());
     if (gMdi)

@@ -7,6 +7,7 @@
 #include "components/reporter/Viewer.h"
 #include "platform/Reporter.h"
 #include "reports/ReportRows.h"
+#include <QPointer>
 #include <memory>
 #include <optional>
 
@@ -18,6 +19,11 @@ namespace ledgora::reporter {
 class StockReporter final : public Reporter
 {
 public:
+    StockReporter() = default;
+    StockReporter(const StockReporter &) = delete;
+    StockReporter &operator=(const StockReporter &) = delete;
+    ~StockReporter() override;
+
     void newreportnew(const QString &templatePath) override;
     void SetText(const QString &placeholder, const PlaceholderValue &value) override;
     void ShowReport(bool flag) override;
@@ -66,6 +72,7 @@ private:
     bool m_nextWide = false;
     std::size_t m_toldFaults = 0; ///< of the run, those that were logged
     Progress m_progress = unwatched();
+    QList<QPointer<Viewer>> m_viewers; ///< those that are open; they go with the working period
     bool m_masterOpened = false;
     QString m_name; ///< what the document last filled is called in titles and file names
     QString m_error;

@@ -67,9 +67,9 @@ void Viewer::print()
         return;
     if (printer.printRange() == QPrinter::CurrentPage)
         printer.setFromTo(m_view->currentPage() + 1, m_view->currentPage() + 1);
-    WorkBar bar(this, QStringLiteral("Printing"));
-    const QString fault = printPages(printer, pages(), bar.progress());
-    if (!fault.isEmpty() && !bar.wasCanceled())
+    const QString fault = withWorkBar(this, QStringLiteral("Printing"),
+                                      [&](const Progress &progress) { return printPages(printer, pages(), progress); });
+    if (!fault.isEmpty() && fault != QLatin1String(cancelledText))
         QMessageBox::warning(this, windowTitle(), QStringLiteral("The document could not be printed: ") + fault);
 }
 
@@ -107,12 +107,8 @@ void Viewer::savePdf()
                                     QStringLiteral("PDF files (*.pdf)"));
     if (path.isEmpty())
         return;
-    QString fault;
-    {
-        WorkBar bar(this, QStringLiteral("Saving")); // ends ahead of the answer, which it would cover
-        fault = writePdf(pages(), path, m_name, bar.progress());
-    }
-    tellSaved(path, fault);
+    tellSaved(path, withWorkBar(this, QStringLiteral("Saving"),
+                                [&](const Progress &progress) { return writePdf(pages(), path, m_name, progress); }));
 }
 
 void Viewer::save(const SaveAs &kind)
@@ -122,12 +118,8 @@ void Viewer::save(const SaveAs &kind)
                                     QStringLiteral("Save as ") + name, kind.suffix, kind.filter);
     if (path.isEmpty())
         return;
-    QString fault;
-    {
-        WorkBar bar(this, QStringLiteral("Saving")); // ends ahead of the answer, which it would cover
-        fault = kind.write(path, bar.progress());
-    }
-    tellSaved(path, fault);
+    tellSaved(path, withWorkBar(this, QStringLiteral("Saving"),
+                                [&](const Progress &progress) { return kind.write(path, progress); }));
 }
 
 QString printPages(QPrinter &printer, const Pages &pages, const Progress &progress)
