@@ -38,6 +38,8 @@ MainWindow::MainWindow(Office &office)
     setMinimumSize(smallestWindow.boundedTo(screen()->availableSize() - roomForFrame));
     setCentralWidget(m_area);
     makeMenu();
+    for (const QMenu *menu : menuBar()->findChildren<QMenu *>())
+        connect(menu, &QMenu::aboutToHide, this, &MainWindow::giveKeysBack, Qt::QueuedConnection);
     statusBar()->addWidget(m_status, 1);
     m_status->setStanding(placeText());
     installWaitBar(office.connection());
@@ -149,6 +151,15 @@ void MainWindow::openGroups()
 void MainWindow::showScreen(QWidget &screen)
 {
     m_area->showScreen(screen);
+}
+
+/// After a menu the keys are where they were; by itself the menu bar keeps them, and knows no longer whose they were.
+void MainWindow::giveKeysBack()
+{
+    const QMdiSubWindow *screen = m_area->activeSubWindow();
+    QWidget *field = screen ? screen->focusWidget() : nullptr;
+    if (field && !QApplication::activePopupWidget() && !QApplication::activeModalWidget())
+        field->setFocus(Qt::MenuBarFocusReason);
 }
 
 void MainWindow::ReloadMenu()

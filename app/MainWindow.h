@@ -46,6 +46,7 @@ private:
     void showKeysOfScreen();
     QString placeText() const;
     void keepConnected();
+    void giveKeysBack();
 
     Office &m_office;
     Billing m_billing;

@@ -137,10 +137,7 @@ void frmBillGST::CMDUPDATE_CLICK()
 
 void frmBillGST::pointAt(const BillFault &fault)
 {
-    auto *target = findChild<QWidget *>(fault.field);
-    inform(fault.message, target);
-    if (auto *line = qobject_cast<QLineEdit *>(target))
-        line->selectAll();
+    inform(fault.message, findChild<QWidget *>(fault.field));
     if (fault.row >= 0)
         ui->vsB->setCursor(fault.row, fault.column);
 }
@@ -288,7 +285,7 @@ void frmBillGST::VSB_AFTEREDIT(int row, int column)
     if (changesBillTotals(column))
         recomputeTotals();
     if (message)
-        post(*message);
+        post(*message, [this, row, column] { ui->vsB->editCell(row, column); });
 }
 
 void frmBillGST::VSB_KEYPRESS_ENTER(int row, int column)
@@ -304,9 +301,11 @@ void frmBillGST::VSB_KEYPRESS_ENTER(int row, int column)
 
 void frmBillGST::GETLISTP()
 {
-    ui->vsB->commitEditor();
     if (m_particulars->count() == 0)
         m_particulars->addItems(earlierParticulars(*gCnn));
+    if (m_particulars->count() == 0)
+        return; // what is being typed goes on
+    ui->vsB->commitEditor();
     const QModelIndex cell = ui->vsB->currentIndex();
     showTexts(m_particulars, {}, ui->vsB->cells().text(cell.row(), cell.column()), ui->vsB->viewport(),
               ui->vsB->visualRect(cell));

@@ -1,5 +1,6 @@
 #include "controls/CellDelegate.h"
 
+#include "controls/ChoiceBox.h"
 #include "controls/Grid.h"
 #include "controls/OneLine.h"
 #include <QApplication>
@@ -14,10 +15,11 @@ namespace ledgora {
 namespace {
 
 constexpr auto originalTextProperty = "originalText";
+constexpr int closedDarkness = 107; // of a hundred: a shade darker than what may be typed into
 
 QComboBox *pickEditor(QWidget *parent, const std::vector<Pick> &picks)
 {
-    auto *box = new QComboBox(parent);
+    auto *box = new ChoiceBox(parent);
     for (const Pick &pick : picks)
         box->addItem(pick.entry, pick.key);
     box->view()->setTextElideMode(Qt::ElideNone);
@@ -116,19 +118,24 @@ void CellDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option, 
     style->drawPrimitive(QStyle::PE_IndicatorItemViewItemCheck, &box, painter, m_grid);
 }
 
+void CellDelegate::initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const
+{
+    QStyledItemDelegate::initStyleOption(option, index);
+    if (!m_grid->isOpen(index))
+        option->backgroundBrush = option->palette.color(QPalette::Base).darker(closedDarkness);
+}
+
 bool CellDelegate::eventFilter(QObject *watched, QEvent *event)
 {
-    // Another window is no other cell: what is being typed stays open, and goes on where it was.
-    if (event->type() == QEvent::FocusOut && qobject_cast<QLineEdit *>(watched)
-        && static_cast<QFocusEvent *>(event)->reason() == Qt::ActiveWindowFocusReason)
-        return false;
     auto *editor = qobject_cast<QWidget *>(watched);
     if (editor && event->type() == QEvent::KeyPress && editorKeyPress(editor, static_cast<QKeyEvent *>(event)))
         return true;
-    // Switching windows ends no edit: what is half typed is neither judged nor lost.
-    if (editor && event->type() == QEvent::FocusOut
-        && static_cast<QFocusEvent *>(event)->reason() == Qt::ActiveWindowFocusReason)
-        return false;
+    // Switching windows or opening a menu ends no edit: what is half typed is neither judged nor lost.
+    if (editor && event->type() == QEvent::FocusOut) {
+        const Qt::FocusReason reason = static_cast<QFocusEvent *>(event)->reason();
+        if (reason == Qt::ActiveWindowFocusReason || reason == Qt::MenuBarFocusReason)
+            return false;
+    }
     return QStyledItemDelegate::eventFilter(watched, event);
 }
 

@@ -1,8 +1,5 @@
 #include "controls/Grid.h"
 
-#include <QFont>
-#include <QGuiApplication>
-#include <QPalette>
 #include <algorithm>
 
 namespace ledgora {
@@ -40,8 +37,6 @@ QVariant CellsModel::data(const QModelIndex &index, int role) const
         return column.check ? QVariant(text == QLatin1String("Y") ? Qt::Checked : Qt::Unchecked) : QVariant();
     case Qt::TextAlignmentRole:
         return int((column.rightAligned ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
-    case Qt::BackgroundRole:
-        return column.computed ? QVariant(QGuiApplication::palette().color(QPalette::AlternateBase)) : QVariant();
     default:
         return {};
     }

@@ -31,9 +31,9 @@ void DocumentScreen::partyFocused()
 {
     if (!isEditing())
         return;
-    m_parties->setRow(m_parties->cells().find(partyCode(), PartyCode));
     placePopup(m_parties, m_fields.partyName, {std::max(m_fields.partyName->width(), 760), 0});
     m_parties->show();
+    m_parties->setFoundRow(m_parties->cells().find(partyCode(), PartyCode));
     m_parties->raise();
 }
 
@@ -41,7 +41,8 @@ void DocumentScreen::findParty(const QString &typed)
 {
     if (!isEditing() || !m_fields.partyName->hasFocus())
         return;
-    m_parties->setRow(typed.isEmpty() ? -1 : m_parties->cells().find(typed, PartyName, 1, Cells::Match::BeginsAnyCase));
+    m_parties->setFoundRow(typed.isEmpty() ? -1
+                                           : m_parties->cells().find(typed, PartyName, 1, Cells::Match::BeginsAnyCase));
 }
 
 bool DocumentScreen::partyKey(QKeyEvent *key)

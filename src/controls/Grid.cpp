@@ -130,6 +130,21 @@ void Grid::setRow(int row)
     scrollTo(m_model.index(row, column));
 }
 
+void Grid::setFoundRow(int row)
+{
+    setRow(row);
+    if (row >= 0)
+        scrollTo(currentIndex(), PositionAtTop);
+}
+
+bool Grid::isOpen(const QModelIndex &cell) const
+{
+    const CellsModel::Column column = m_model.columns.value(cell.column());
+    if (column.computed || !isEnabled() || !m_model.editable)
+        return !column.computed;
+    return m_model.editable(cell.row(), cell.column());
+}
+
 void Grid::setCursor(int row, int column)
 {
     // The cursor shows only where keys go.

@@ -28,7 +28,7 @@ public:
     {
         bool rightAligned = false;
         bool check = false;     ///< "Y" and "N" as a check box
-        bool computed = false;  ///< a shade darker
+        bool computed = false;  ///< never typed into
         int maxLength = 32767;  ///< characters an editor takes
         bool upperCase = false; ///< letters brought into it become capitals
         std::vector<Pick> picks;
@@ -73,6 +73,8 @@ public:
     int row() const { return currentIndex().row(); } ///< -1 when none is selected
     int col() const { return currentIndex().column(); }
     void setRow(int row); ///< no row for -1; scrolls to it
+    /// The same for a row that was searched: those that follow it show too.
+    void setFoundRow(int row);
     void setCursor(int row, int column);
     /// Puts the cursor into a cell that can be edited, and opens it.
     void editCell(int row, int column);
@@ -80,6 +82,8 @@ public:
     void setStepsOverEditableOnly(bool only) { m_stepsOverEditableOnly = only; }
     int lastVisibleRow() const; ///< last data row inside the viewport
 
+    /// Whether a cell may be typed into; while none of the grid may, each but those of computed columns counts.
+    bool isOpen(const QModelIndex &cell) const;
     bool isEditing() const { return state() == EditingState; }
     void commitEditor();
     /// Moves the cursor by one visible cell, on into the next or previous row; False at the end.

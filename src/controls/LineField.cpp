@@ -45,6 +45,15 @@ void DateField::setDate(const QString &date)
     setText(date);
 }
 
+void DateField::keyPressEvent(QKeyEvent *event)
+{
+    if (event->text() != QLatin1String("-") && event->text() != QLatin1String("."))
+        return QLineEdit::keyPressEvent(event);
+    QKeyEvent slash(event->type(), Qt::Key_Slash, event->modifiers(), QStringLiteral("/"), event->isAutoRepeat());
+    QLineEdit::keyPressEvent(&slash);
+    event->setAccepted(slash.isAccepted());
+}
+
 void DateField::focusInEvent(QFocusEvent *event)
 {
     QLineEdit::focusInEvent(event);

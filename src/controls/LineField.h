@@ -28,7 +28,9 @@ private:
     bool m_upperCase = false;
 };
 
-/// A date as DD/MM/YYYY under the mask "##/##/####", shown "__/__/____" when empty.
+/// A date as DD/MM/YYYY under the mask "##/##/####", shown "__/__/____" when empty. "-" and "." go on to the next part
+/// as
+/// "/" does.
 class DateField : public QLineEdit
 {
     Q_OBJECT
@@ -40,6 +42,7 @@ public:
     void setDate(const QString &date);
 
 protected:
+    void keyPressEvent(QKeyEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
 };
 

@@ -1,6 +1,8 @@
 #include "controls/Screen.h"
 
+#include "controls/ChoiceBox.h"
 #include "controls/CommandButton.h"
+#include "controls/FieldColour.h"
 #include "controls/Grid.h"
 #include "controls/KeyGuard.h"
 #include "controls/LineField.h"
@@ -14,6 +16,7 @@
 #include <QKeyEvent>
 #include <QPointer>
 #include <QScopedValueRollback>
+#include <utility>
 
 namespace ledgora {
 
@@ -24,10 +27,10 @@ bool isEnter(const QKeyEvent *key)
     return key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter;
 }
 
-/// Leaving towards another window, a pop-up or a menu is not leaving the field.
-bool leavesField(Qt::FocusReason reason)
+bool isTypedInto(const QWidget &widget)
 {
-    return reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason && reason != Qt::MenuBarFocusReason;
+    const auto *line = qobject_cast<const QLineEdit *>(&widget);
+    return line ? !line->isReadOnly() : qobject_cast<const QComboBox *>(&widget) != nullptr;
 }
 
 } // namespace
@@ -53,6 +56,7 @@ Screen::Screen(QWidget *parent) : QWidget(parent)
 {
     setAttribute(Qt::WA_DeleteOnClose);
     keepCommandsOutOfText(*this);
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget *, QWidget *now) { focusMoved(now); });
 }
 
 void Screen::present()
@@ -93,6 +97,7 @@ void Screen::enterMovesOn(std::initializer_list<QWidget *> widgets)
 void Screen::command(QAbstractButton *button, std::function<void()> handler)
 {
     on(button, &QAbstractButton::clicked, [this, handler = std::move(handler)](bool) {
+        mark(nullptr);
         if (settle())
             handler();
     });
@@ -104,12 +109,20 @@ void Screen::showAsDocument(QWidget &panel, bool browse)
     for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText})
         palette.setColor(QPalette::Disabled, role, palette.color(QPalette::Active, role));
     panel.setPalette(palette);
+    QPalette paper; // of what is only shown
+    paper.setColor(QPalette::Base, Qt::transparent);
     for (QLineEdit *line : panel.findChildren<QLineEdit *>()) {
-        if (!qobject_cast<QComboBox *>(line->parentWidget())) // a list that takes free text has a frame of its own
-            line->setFrame(!browse && !line->isReadOnly());
+        if (qobject_cast<QComboBox *>(line->parentWidget()))
+            continue; // a list that takes free text has a frame of its own
+        const bool framed = !browse && !line->isReadOnly();
+        const int frame = line->style()->pixelMetric(QStyle::PM_DefaultFrameWidth, nullptr, line);
+        line->setFrame(framed);
+        line->setTextMargins(framed ? QMargins() : QMargins(frame, frame, frame, frame)); // nothing moves
+        if (line->isReadOnly())
+            line->setPalette(paper);
     }
-    for (QComboBox *box : panel.findChildren<QComboBox *>())
-        box->setFrame(!browse);
+    for (ChoiceBox *box : panel.findChildren<ChoiceBox *>())
+        box->showAsText(browse);
 }
 
 void Screen::run(const std::function<void()> &handler)
@@ -142,13 +155,25 @@ bool Screen::settle()
     return settled;
 }
 
-void Screen::queueFocusChange(QWidget *field, bool left)
+void Screen::focusMoved(QWidget *now)
 {
-    // A click beside the fields, or into a list that takes no keys, gives them to the host's frame, which gives them
-    // back: the field was never left.
-    if (!left && !m_focusChanges.empty() && m_focusChanges.back().field == field && m_focusChanges.back().left)
-        return m_focusChanges.pop_back();
-    m_focusChanges.push_back({field, left});
+    if (!now || now == m_here || !isAncestorOf(now))
+        return;
+    if (!isVisible()) { // hidden by another screen, of which the keys only run away
+        m_ranAway = true;
+        return;
+    }
+    QWidget *before = m_here;
+    if (std::exchange(m_ranAway, false) && before && before->isVisible() && before->isEnabled())
+        return before->setFocus();
+    if (before) {
+        m_focusChanges.push_back({before, true});
+        showFocus(*before, false);
+    }
+    m_focusChanges.push_back({now, false});
+    m_here = now;
+    if (isTypedInto(*now))
+        showFocus(*now, true);
     QMetaObject::invokeMethod(this, [this] { run([this] { applyFocusChanges(); }); }, Qt::QueuedConnection);
 }
 
@@ -158,19 +183,31 @@ bool Screen::applyFocusChanges()
         return true;
     const QScopedValueRollback applying(m_applying, true);
     while (!m_focusChanges.empty()) {
-        const FocusChange change = m_focusChanges.front();
+        const auto [field, left] = m_focusChanges.front();
         m_focusChanges.pop_front();
-        if (change.left) {
-            if (leave(change.field))
-                continue;
+        if (!field)
+            continue;
+        if (!left) {
+            enter(field);
+        } else if (!leave(field)) {
             m_focusChanges.clear();
-            change.field->setFocus();
+            field->setFocus();
+            m_here = field;
+            enter(field); // as often as it refuses
             return false;
         }
-        if (const auto &entered = m_fields[change.field].gotFocus; entered && change.field->hasFocus())
-            entered();
     }
     return true;
+}
+
+/// Runs the rule for a field's getting the keys. A box may stand between them and the field still.
+void Screen::enter(QWidget *widget)
+{
+    const auto rules = m_fields.constFind(widget);
+    if (rules == m_fields.cend() || !rules->gotFocus || widget != m_here)
+        return;
+    const auto entered = rules->gotFocus; // which may add fields
+    entered();
 }
 
 bool Screen::leavesUnchecked()
@@ -182,7 +219,7 @@ bool Screen::leavesUnchecked()
 bool Screen::leave(QWidget *widget)
 {
     const Field rules = m_fields.value(widget);
-    if (widget->hasFocus())
+    if (widget == m_here)
         return true;
     // A frame that went away took its fields along unchecked: only a command that skips checks hides them.
     if (widget->isVisible() && !leavesUnchecked() && rules.validate && !rules.validate())
@@ -209,12 +246,7 @@ bool Screen::eventFilter(QObject *watched, QEvent *event)
     const auto rules = m_fields.constFind(watched);
     if (rules == m_fields.cend())
         return QWidget::eventFilter(watched, event);
-    auto *widget = static_cast<QWidget *>(watched);
-    if (event->type() == QEvent::FocusOut && leavesField(static_cast<QFocusEvent *>(event)->reason())) {
-        queueFocusChange(widget, true);
-    } else if (event->type() == QEvent::FocusIn && leavesField(static_cast<QFocusEvent *>(event)->reason())) {
-        queueFocusChange(widget, false);
-    } else if (event->type() == QEvent::KeyPress) {
+    if (event->type() == QEvent::KeyPress) {
         auto *key = static_cast<QKeyEvent *>(event);
         bool taken = false;
         if (const auto keyDown = rules->keyDown)
@@ -235,6 +267,14 @@ void Screen::keyPressEvent(QKeyEvent *event)
         showOwnKeys();
     else
         QWidget::keyPressEvent(event);
+}
+
+/// Keys that were still here would go to the next control of the whole window, and the screen behind forget its own.
+void Screen::closeEvent(QCloseEvent *event)
+{
+    QWidget::closeEvent(event);
+    if (QWidget *here = focusWidget(); here && event->isAccepted())
+        here->clearFocus();
 }
 
 void Screen::tellKeys(std::initializer_list<ScreenKey> keys)
@@ -260,10 +300,29 @@ void Screen::inform(const QString &text, QWidget *field)
     box.exec();
     if (!field)
         return;
+    mark(field);
     field->setFocus();
     // A refused date is typed over from its first digit; behind the last one its mask takes no key.
     if (auto *date = qobject_cast<DateField *>(field))
         date->home(false);
+    else if (auto *line = qobject_cast<QLineEdit *>(field))
+        line->selectAll();
+}
+
+/// A refused field bears its colour until it is changed, or a command judges anew.
+void Screen::mark(QWidget *field)
+{
+    if (m_refused)
+        showRefused(*m_refused, false);
+    m_refused = field && isTypedInto(*field) ? field : nullptr;
+    if (!m_refused)
+        return;
+    showRefused(*m_refused, true);
+    const auto changed = [this] { mark(nullptr); };
+    if (auto *line = qobject_cast<QLineEdit *>(field))
+        connect(line, &QLineEdit::textEdited, this, changed, Qt::SingleShotConnection);
+    else if (auto *box = qobject_cast<QComboBox *>(field))
+        connect(box, &QComboBox::currentTextChanged, this, changed, Qt::SingleShotConnection);
 }
 
 void Screen::alarm(const QString &text)

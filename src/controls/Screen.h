@@ -4,6 +4,7 @@
 #include "host/LiveObjects.h"
 #include "host/WorkingState.h"
 #include <QMessageBox>
+#include <QPointer>
 #include <QStringList>
 #include <QWidget>
 #include <deque>
@@ -18,8 +19,9 @@ namespace ledgora {
 /// command runs, the company that the screen was opened for, and the boundary at which a handler's failure ends.
 ///
 /// Handlers are connected through `on` and `command`, never directly: so each runs with the working state of the
-/// screen's own company. Focus events only queue what a field's leaving and entering causes; a box raised inside a
-/// focus event would fight it for the focus.
+/// screen's own company. A move of the focus only queues what a field's leaving and entering causes; a box raised in
+/// the middle of it would fight it for the focus. A field is left when another one of the screen has the keys: boxes,
+/// menus, drop-down lists, other screens and windows leave it as it is.
 class Screen : public QWidget
 {
     Q_OBJECT
@@ -38,7 +40,8 @@ public:
     /// as soon as that returns.
     void dismiss();
 
-    /// A plain box with one OK button, with the focus back in `field` afterwards.
+    /// A plain box with one OK button. `field`, when given, is entered afterwards as if by Tab: what stands in it is
+    /// typed over. Without one the cursor is where it was.
     void inform(const QString &text, QWidget *field = nullptr);
     void alarm(const QString &text);
     /// A plain box that comes when the present event is over; a command given meanwhile shows it at once and does not
@@ -107,15 +110,18 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
+    void closeEvent(QCloseEvent *event) override;
 
 private:
     struct FocusChange
     {
-        QWidget *field;
+        QPointer<QWidget> field;
         bool left;
     };
-    void queueFocusChange(QWidget *field, bool left);
+    void focusMoved(QWidget *now);
     bool applyFocusChanges();
+    void enter(QWidget *widget);
+    void mark(QWidget *field);
     bool showPosted();
     bool leave(QWidget *widget);
     void showOwnKeys();
@@ -127,6 +133,9 @@ private:
     bool m_dismissed = false;
     int m_inHand = 0; ///< events and handlers of the screen that are running
     QHash<QObject *, Field> m_fields;
+    QPointer<QWidget> m_here; ///< what has the keys, or will have them when they come back to the screen
+    bool m_ranAway = false;   ///< the keys left it when the screen was hidden
+    QPointer<QWidget> m_refused;
     std::deque<FocusChange> m_focusChanges;
     bool m_applying = false;
     struct Posted

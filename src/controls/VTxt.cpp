@@ -1,5 +1,6 @@
 #include "controls/VTxt.h"
 
+#include "controls/FieldColour.h"
 #include "controls/OneLine.h"
 #include "store/Dates.h"
 #include "store/NumberFormat.h"
@@ -8,11 +9,13 @@
 #include <QClipboard>
 #include <QContextMenuEvent>
 #include <QMenu>
+#include <QMenuBar>
 #include <QMessageBox>
 #include <QMimeData>
 #include <QPointer>
 #include <algorithm>
 #include <memory>
+#include <utility>
 
 namespace ledgora {
 
@@ -78,10 +81,12 @@ QString dateFault(const QString &text, qsizetype length, const char *lengthFault
     return QStringView(u"/-.").contains(text.at(2)) ? QString() : QString::fromLatin1(separatorFault);
 }
 
-/// Leaving towards another window, a pop-up or a menu is not leaving the field.
-bool leavesField(Qt::FocusReason reason)
+/// The window that a widget stands in, a host's frame within its main window too.
+const QWidget *frameOf(const QWidget *widget)
 {
-    return reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason && reason != Qt::MenuBarFocusReason;
+    while (!widget->isWindow() && widget->windowType() != Qt::SubWindow)
+        widget = widget->parentWidget();
+    return widget;
 }
 
 /// Cancel and its like take the focus without a check of what was typed.
@@ -89,13 +94,6 @@ bool skipsChecks(const QWidget *target)
 {
     const QVariant causes = target ? target->property("causesValidation") : QVariant();
     return causes.isValid() && !causes.toBool();
-}
-
-/// The colour of the field in focus: a light peach, and its dark brother where the desktop is dark.
-QColor focusColour(const QPalette &palette)
-{
-    const bool dark = palette.color(QPalette::Base).lightness() < 128;
-    return dark ? QColor(0x5A, 0x3C, 0x18) : QColor(0xFF, 0xE0, 0xC0);
 }
 
 } // namespace
@@ -136,7 +134,10 @@ QString TextRule::finished(const QString &text) const
     return mode == Amount && !text.isEmpty() ? formatNumber(Val(text), "0.00") : text;
 }
 
-VTxt::VTxt(QWidget *parent) : QLineEdit(parent) {}
+VTxt::VTxt(QWidget *parent) : QLineEdit(parent)
+{
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget *, QWidget *now) { focusMoved(now); });
+}
 
 bool VTxt::Check_M()
 {
@@ -267,21 +268,23 @@ void VTxt::inputMethodEvent(QInputMethodEvent *event)
 void VTxt::focusInEvent(QFocusEvent *event)
 {
     QLineEdit::focusInEvent(event);
-    m_leaving = false;
-    if (!leavesField(event->reason()))
-        return;
-    selectAll();
-    m_selectOnPress = event->reason() == Qt::MouseFocusReason;
-    showFocusColour(true);
+    m_selectOnPress = !m_entered && event->reason() == Qt::MouseFocusReason;
 }
 
-void VTxt::focusOutEvent(QFocusEvent *event)
+/// A field is left when another one of its window has the keys: boxes, menus and other windows leave it as it is.
+void VTxt::focusMoved(const QWidget *now)
 {
-    QLineEdit::focusOutEvent(event);
-    if (!leavesField(event->reason()) || m_leaving)
-        return;
-    m_leaving = true; // a box raised here would fight this event for the focus
-    QMetaObject::invokeMethod(this, [this] { settle(); }, Qt::QueuedConnection);
+    if (now == this) {
+        m_leaving = false;
+        if (std::exchange(m_entered, true))
+            return;
+        selectAll();
+        showFocus(*this, true);
+    } else if (m_entered && now && frameOf(now) == frameOf(this) && !qobject_cast<const QMenuBar *>(now)) {
+        m_entered = false;
+        m_leaving = true; // a box raised here would fight for the focus
+        QMetaObject::invokeMethod(this, [this] { settle(); }, Qt::QueuedConnection);
+    }
 }
 
 bool VTxt::finishLeaving()
@@ -296,7 +299,7 @@ bool VTxt::finishLeaving()
     }
     if (const QString finished = m_rule.finished(text()); finished != text())
         setText(finished);
-    showFocusColour(false);
+    showFocus(*this, false);
     return true;
 }
 
@@ -356,22 +359,6 @@ void VTxt::say(const QString &message)
     box->setTextFormat(Qt::PlainText);
     box->exec();
     delete box;
-}
-
-void VTxt::showFocusColour(bool focused)
-{
-    if (focused == m_coloured)
-        return;
-    m_coloured = focused;
-    if (!focused) {
-        setPalette(m_plainPalette);
-        return;
-    }
-    // A palette that was only inherited must stay so, or the field would miss the desktop's change to dark.
-    m_plainPalette = testAttribute(Qt::WA_SetPalette) ? palette() : QPalette();
-    QPalette coloured = m_plainPalette;
-    coloured.setColor(QPalette::Base, focusColour(palette()));
-    setPalette(coloured);
 }
 
 } // namespace ledgora

@@ -93,7 +93,6 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
     void inputMethodEvent(QInputMethodEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
-    void focusOutEvent(QFocusEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
@@ -105,14 +104,13 @@ private:
     QString filtered(const QString &text, QString *message) const;
     void enterText(const QString &text);
     void pressEnter();
+    void focusMoved(const QWidget *now);
     bool finishLeaving();
     void say(const QString &message);
-    void showFocusColour(bool focused);
 
     TextRule m_rule;
     QString m_hiddenValue;
-    QPalette m_plainPalette;
-    bool m_coloured = false;
+    bool m_entered = false;       ///< has the keys, or will have them when they come back from a box, menu or window
     bool m_leaving = false;       ///< left, and not yet tested
     bool m_selectOnPress = false; ///< the mouse press that gave the focus must not take the selection away
 };

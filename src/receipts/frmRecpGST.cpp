@@ -73,6 +73,8 @@ void frmRecpGST::CMDUPDATE_CLICK()
     const ReceiptDraft draft = read();
     if (const auto fault = receiptFault(draft))
         return pointAt(*fault);
+    if (paysTooMuch())
+        return;
     if (const auto fault = storedFault(*gCnn, draft)) // number in use
         return pointAt(*fault);
     if (!agreesToOutOfOrder(lowerWithLaterDate(*gCnn, draft), true)
@@ -89,12 +91,20 @@ void frmRecpGST::CMDUPDATE_CLICK()
         + replacedNote(overwritten));
 }
 
+/// The fields refuse it, but what others have received meanwhile they do not know.
+bool frmRecpGST::paysTooMuch()
+{
+    loadBills();
+    for (int row = 0; row < receiptRowCount; ++row) {
+        if (!checkOverpaid(row, m_rows[size_t(row)].amount))
+            return true;
+    }
+    return false;
+}
+
 void frmRecpGST::pointAt(const ReceiptFault &fault)
 {
-    auto *target = findChild<QWidget *>(fault.field);
-    inform(fault.message, target);
-    if (auto *line = qobject_cast<QLineEdit *>(target))
-        line->selectAll();
+    inform(fault.message, findChild<QWidget *>(fault.field));
 }
 
 ReceiptDraft frmRecpGST::read() const

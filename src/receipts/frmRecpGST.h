@@ -44,6 +44,7 @@ private:
     void LOADBANKDET();
     void CMDUPDATE_CLICK();
     ReceiptDraft read() const;
+    bool paysTooMuch();
     void pointAt(const ReceiptFault &fault);
 
     // The money block (frmRecpGSTMoney.cpp).
@@ -71,7 +72,6 @@ private:
     bool TXTDISC_VALIDATE(int row);
     bool TXTTDS_VALIDATE(int row);
     bool settleAmount(LineField *box);
-    void refuse(LineField *field, const QString &message);
     bool checkOverpaid(int row, LineField *field);
     void GETTAXAMTS();
     void GETTOTSR();

@@ -96,10 +96,10 @@ void frmRecpGST::serve(int row)
         REFRESHBILLLIST(bills, readRows());
         bills.setHidden(openBillRow(bills, billId), false); // its own bill, even a paid one
     });
-    m_bills->setRow(openBillRow(m_bills->cells(), billId));
     placePopup(m_bills, box, {popupWidth, 0});
     m_bills->show();
     m_bills->raise();
+    m_bills->setFoundRow(openBillRow(m_bills->cells(), billId));
 }
 
 void frmRecpGST::TXTBILLSN_CHANGE(int row, const QString &typed)
@@ -108,7 +108,7 @@ void frmRecpGST::TXTBILLSN_CHANGE(int row, const QString &typed)
         return;
     serve(row);
     const Cells &bills = m_bills->cells();
-    m_bills->setRow(
+    m_bills->setFoundRow(
         typed.isEmpty() ? -1 : bills.find(typed, OpenBillNo, bills.fixedRows(), Cells::Match::BeginsAnyCase, true));
     m_bills->show(); // Esc may have closed it
 }

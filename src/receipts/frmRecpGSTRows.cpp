@@ -42,27 +42,11 @@ void makeBold(QWidget &widget)
     widget.setFont(bold);
 }
 
-/// A computed field: read, never typed into, and no box of its own.
+/// A computed field: read, never typed into.
 void showOnly(QLineEdit &line)
 {
     line.setReadOnly(true);
     line.setFocusPolicy(Qt::NoFocus);
-    line.setFrame(false);
-    QPalette palette;
-    palette.setColor(QPalette::Base, Qt::transparent);
-    line.setPalette(palette);
-}
-
-/// Fields lose their frames while receipts are browsed; the rows are not to move for it.
-void keepRowHeights(QGridLayout &grid)
-{
-    for (int row = 0; row < grid.rowCount(); ++row) {
-        for (int column = 0; column < grid.columnCount(); ++column) {
-            const QLayoutItem *item = grid.itemAtPosition(row, column);
-            if (item && item->widget())
-                grid.setRowMinimumHeight(row, std::max(grid.rowMinimumHeight(row), item->sizeHint().height()));
-        }
-    }
 }
 
 } // namespace
@@ -130,8 +114,6 @@ void frmRecpGST::connectAmount(LineField *box, const std::function<bool()> &vali
 
 void frmRecpGST::connectRows()
 {
-    for (QGridLayout *grid : {ui->whoAndWhere, ui->numberAndMoney, ui->rowsGrid})
-        keepRowHeights(*grid);
     setUpBills();
     for (int row = 0; row < receiptRowCount; ++row) {
         const ReceiptRowBoxes &boxes = m_rows[size_t(row)];
@@ -196,19 +178,12 @@ int frmRecpGST::receiptId() const
     return ui->txtrecpno->hiddenValue().toInt();
 }
 
-/// What was refused stays, selected: the next key types over it.
-void frmRecpGST::refuse(LineField *field, const QString &message)
-{
-    inform(message, field);
-    field->selectAll();
-}
-
 bool frmRecpGST::checkOverpaid(int row, LineField *field)
 {
     refreshBills();
     const bool valid = VALIDBILLAMT(m_bills->cells(), readRows()[size_t(row)]);
     if (!valid)
-        refuse(field, QLatin1String(overpaidMessage));
+        inform(QLatin1String(overpaidMessage), field);
     return valid;
 }
 
@@ -245,7 +220,7 @@ bool frmRecpGST::settleAmount(LineField *box)
     if (settled)
         box->setText(*settled);
     else
-        refuse(box, QLatin1String(invalidAmountMessage));
+        inform(QLatin1String(invalidAmountMessage), box);
     return settled.has_value();
 }
 
@@ -279,7 +254,7 @@ bool frmRecpGST::TXTTDS_VALIDATE(int row)
     const QString fault =
         settled ? tdsFault(Val(boxes.amount->text()), Val(typed)) : QLatin1String(invalidAmountMessage);
     if (!settled || !fault.isEmpty()) { // what was typed stays in the box, not yet rounded
-        refuse(boxes.tds, fault);
+        inform(fault, boxes.tds);
         return false;
     }
     boxes.tds->setText(*settled);

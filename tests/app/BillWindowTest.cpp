@@ -2,8 +2,11 @@
 
 #include "bills/frmBillGST.h"
 #include "controls/ChoiceBox.h"
+#include "receipts/frmRecpGST.h"
 #include "support/WindowTest.h"
 #include <QAbstractItemView>
+#include <QApplication>
+#include <QRegularExpression>
 
 namespace ledgora::test {
 namespace {
@@ -69,6 +72,71 @@ TEST_F(BillWindow, AltAndCtrlTypeNothing)
     EXPECT_EQ(find<Grid>("vsB")->cells().text(3, 1), "Audit ");
     hands.press("alt+p"); // the SAC list is open
     EXPECT_EQ(focus(), "vsB");
+}
+
+TEST_F(BillWindow, ListsLieBesideTheirFieldAndShowWhatFollowsAHit)
+{
+    for (int i = 10; i < 60; ++i)
+        addClient(i, QString("M CLIENT %1").arg(i), "DELHI");
+    open<frmBillGST>();
+    hands.press("alt+a");
+    const auto *parties = find<Grid>("vsListC");
+    hands.type("M CLIENT 30");
+    EXPECT_GE(parties->lastVisibleRow() - parties->row(), 9);
+    hands.press("Return", 6);
+    hands.press("F12"); // nothing was ever written: no list, and the cell stays open
+    hands.type("Audit");
+    hands.press("F12");
+    hands.type(" work");
+    hands.press("Tab");
+    EXPECT_EQ(find<Grid>("vsB")->cells().text(3, 1), "Audit work");
+    hands.press("Return");
+    const QWidget *list = QApplication::activePopupWidget();
+    ASSERT_TRUE(list);
+    const auto *lines = find<Grid>("vsB");
+    const QRect cell = lines->visualRect(lines->currentIndex());
+    EXPECT_FALSE(list->geometry().intersects(QRect(lines->viewport()->mapToGlobal(cell.topLeft()), cell.size())));
+}
+
+TEST_F(BillWindow, NothingMovesBetweenBrowsingAndEntry)
+{
+    const auto places = [this] {
+        QStringList all;
+        const QRegularExpression names("^(txt|cbo|vsB$)");
+        for (const QWidget *field : find<QWidget>("famedit")->findChildren<QWidget *>(names)) {
+            const QPoint at = field->mapTo(screen(), QPoint());
+            all << QString("%1 %2,%3").arg(field->objectName()).arg(at.x()).arg(at.y());
+        }
+        return all.join('\n').toStdString();
+    };
+    for (const bool receipts : {false, true}) {
+        receipts ? show(new frmRecpGST) : show(new frmBillGST);
+        const auto browsing = places();
+        hands.press("alt+a");
+        EXPECT_EQ(places(), browsing);
+        hands.press("alt+c");
+    }
+}
+
+TEST_F(BillWindow, RefusedAmountStaysOpenInItsCell)
+{
+    hands.press("alt+a");
+    hands.type("ASH");
+    hands.press("Return", 6);
+    hands.type("Audit");
+    hands.press("Tab", 4);
+    for (const char *leaving : {"Return", "Tab", "Down", "alt+u"}) {
+        hands.type("1o0");
+        boxes.expect("Please Specify Valid Amount. Numeric Only.");
+        hands.press(leaving);
+        EXPECT_EQ(focus(), "vsB") << leaving;
+        EXPECT_EQ(find<Grid>("vsB")->col(), 5) << leaving;
+        EXPECT_TRUE(find<Grid>("vsB")->isEditing()) << leaving;
+    }
+    hands.type("100");
+    hands.press("Return");
+    EXPECT_EQ(find<Grid>("vsB")->cells().text(3, 5), "100");
+    EXPECT_EQ(text("txtNarr"), "");
 }
 
 } // namespace

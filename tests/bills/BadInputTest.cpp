@@ -247,6 +247,7 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(DateCase{"PastTheMonth", "31/02/2025", "03/03/2025"}, DateCase{"DayAndMonth", "1/6", "01/06/2024"},
                     DateCase{"DayAndMonthOfNextYear", "1/2", "01/02/2025"},
                     DateCase{"TwoDigitsOfTheYear", "1/6/24", "01/06/2024"},
+                    DateCase{"WithDashes", "1-6-24", "01/06/2024"}, DateCase{"WithPoints", "01.06.2024", "01/06/2024"},
                     DateCase{"NoLeapYear", "29/02/2023", outside}, DateCase{"Zeros", "00/00/0000", outside},
                     DateCase{"Nines", "99/99/9999", outside}, DateCase{"DayZero", "00/05/2024", "30/04/2024"},
                     DateCase{"MonthThirteen", "01/13/2024", "01/01/2025"}, DateCase{"DayAlone", "15", noDate},

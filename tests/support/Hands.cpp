@@ -15,9 +15,11 @@ namespace {
 
 constexpr int patienceMs = 10'000;
 
-bool isModifier(int key)
+/// A modifier's own press is part of another key's.
+bool isKey(const QEvent &event)
 {
-    return key == Qt::Key_Shift || key == Qt::Key_Control || key == Qt::Key_Alt;
+    const auto &key = static_cast<const QKeyEvent &>(event);
+    return key.key() != Qt::Key_Shift && key.key() != Qt::Key_Control && key.key() != Qt::Key_Alt;
 }
 
 QString nameOfKey(QChar c)
@@ -49,34 +51,34 @@ Hands::~Hands()
 
 bool Hands::eventFilter(QObject *watched, QEvent *event)
 {
-    // Windows get each event first, once; the widgets in them again.
+    // Windows get each event first, once; the widgets in them again. A key is offered as a command before all else;
+    // its release may find a window that the press has opened and that has no keys yet.
     if (!watched->isWindowType() || !event->spontaneous())
         return false;
-    const bool key = event->type() == QEvent::KeyRelease && !isModifier(static_cast<QKeyEvent *>(event)->key());
-    if (key || event->type() == QEvent::MouseButtonRelease)
-        ++m_released;
+    if ((event->type() == QEvent::ShortcutOverride && isKey(*event)) || event->type() == QEvent::MouseButtonRelease)
+        ++m_seen;
     return false;
 }
 
 void Hands::awaitKeys()
 {
-    const bool came = QTest::qWaitFor(
-        [] {
-            const QWidget *modal = QApplication::activeModalWidget();
-            return modal ? modal->isActiveWindow() : QApplication::activeWindow() != nullptr;
-        },
-        patienceMs);
-    if (!came)
-        throw std::runtime_error("no window has the keys");
-    Keys::settle();
+    const auto arrived = [] {
+        const QWidget *modal = QApplication::activeModalWidget();
+        return QApplication::focusWidget() && (!modal || modal->isActiveWindow());
+    };
+    do {
+        if (!QTest::qWaitFor(arrived, patienceMs))
+            throw std::runtime_error("nothing has the keys");
+        Keys::settle(); // may show a box that waited for the end of the event
+    } while (!arrived());
 }
 
-void Hands::act(const QString &command, int releases)
+void Hands::act(const QString &command, int times)
 {
     awaitKeys();
-    const int wanted = m_released + releases;
+    const int wanted = m_seen + times;
     m_tool.write(command.toLatin1() + '\n');
-    if (!QTest::qWaitFor([&] { return m_released >= wanted; }, patienceMs))
+    if (!QTest::qWaitFor([&] { return m_seen >= wanted; }, patienceMs))
         throw std::runtime_error("the program did not get: " + command.toStdString());
     awaitKeys();
 }

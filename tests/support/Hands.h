@@ -10,8 +10,8 @@ class QWidget;
 namespace ledgora::test {
 
 /// Real keys and a real mouse on the display of the test: the window manager, the window that has the keys and an open
-/// list take them as a clerk's. A call returns when the program has handled the key or button and the keys have a
-/// window again; it throws std::runtime_error when that does not happen within ten seconds.
+/// list take them as a clerk's. A call returns when the program has handled the key or button and something has the
+/// keys again; it throws std::runtime_error when that does not happen within ten seconds.
 class Hands : public QObject
 {
     Q_OBJECT
@@ -27,7 +27,7 @@ public:
     void click(const QWidget *widget, QPoint at);
     void doubleClick(const QWidget *widget, QPoint at);
 
-    /// Waits until one of the program's windows has the keys, the box that is open if there is one.
+    /// Waits until something of the program has the keys, in the box that is open if there is one.
     static void awaitKeys();
 
 protected:
@@ -36,10 +36,10 @@ protected:
 private:
     static QPoint middle(const QWidget *widget);
     void press(const QWidget *widget, QPoint at, int clicks);
-    void act(const QString &command, int releases);
+    void act(const QString &command, int times);
 
     QProcess m_tool;
-    int m_released = 0; ///< keys and buttons whose release the program has seen
+    int m_seen = 0; ///< keys and clicks that the program has seen
 };
 
 } // namespace ledgora::test
