@@ -30,11 +30,13 @@ QString documentNumberFault(const QString &text, const QString &noun)
 {
     if (text.isEmpty())
         return QStringLiteral("Please Specify '%1 No.'").arg(noun);
+    // A receipt's number stands without quotes here.
+    const QString field = noun == QLatin1String("Bill") ? QStringLiteral("'Bill No.'") : QString(noun + " No.");
     if (Val(text) == 0)
-        return QStringLiteral("Please Specify a Valid '%1 No.' (Numeric Only)").arg(noun);
+        return QStringLiteral("Please Specify a Valid %1 (Numeric Only)").arg(field);
     for (qsizetype i = 0; i < text.size(); ++i) {
         if (text.at(i) < (i == 0 ? u'1' : u'0') || text.at(i) > u'9')
-            return QStringLiteral("Please Specify a Valid '%1 No.' (Numeric Only not leading with Zero)").arg(noun);
+            return QStringLiteral("Please Specify a Valid %1 (Numeric Only not leading with Zero)").arg(field);
     }
     return {};
 }

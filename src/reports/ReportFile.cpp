@@ -11,6 +11,12 @@ namespace {
 constexpr qsizetype pieceSize = 64LL * 1024;
 constexpr int rowsBetweenWords = 256;
 
+/// What is written until it is whole.
+QString partOf(const QString &path)
+{
+    return path + QStringLiteral(".part");
+}
+
 } // namespace
 
 bool ReportSink::rowDone(int row)
@@ -32,9 +38,20 @@ bool ReportSink::flush()
     return taken;
 }
 
+QString reportPlaceFault(const QString &path)
+{
+    QFile part(partOf(path));
+    part.remove(); // left over from a run that was broken off
+    if (!part.open(QIODevice::WriteOnly | QIODevice::NewOnly))
+        return part.errorString();
+    part.close();
+    part.remove();
+    return {};
+}
+
 QString saveReportFile(const QString &path, const std::function<bool(QIODevice &)> &write)
 {
-    QFile part(path + QStringLiteral(".part"));
+    QFile part(partOf(path));
     part.remove(); // left over from a run that was broken off
     if (!part.open(QIODevice::WriteOnly | QIODevice::NewOnly))
         return part.errorString();

@@ -28,6 +28,9 @@ private:
     QByteArray m_pending;
 };
 
+/// "" or why no file can be made there: better told ahead of thousands of pages than behind them.
+QString reportPlaceFault(const QString &path);
+
 /// Makes the file by `write`, which answers False when it was cancelled or the device failed. It appears as a whole or
 /// not at all, in place of a former one; a link of that name is replaced, not followed. Answers "" or what went wrong.
 QString saveReportFile(const QString &path, const std::function<bool(QIODevice &)> &write);

@@ -21,6 +21,7 @@ TEST(DocumentNumber, IsDigitsNotLeadingWithZero)
     for (const auto &c : cases)
         EXPECT_EQ(documentNumberFault(c.text, "Bill"), c.message) << c.text;
     EXPECT_EQ(documentNumberFault("", "Receipt"), "Please Specify 'Receipt No.'");
+    EXPECT_EQ(documentNumberFault("0", "Receipt"), "Please Specify a Valid Receipt No. (Numeric Only)");
 }
 
 TEST(DocumentDate, LiesInItsFinancialYear)

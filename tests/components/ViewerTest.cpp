@@ -1,4 +1,5 @@
 #include "components/reporter/Viewer.h"
+#include "components/reporter/PdfOutput.h"
 
 #include "Sample.h"
 #include "components/StockComponents.h"
@@ -128,6 +129,28 @@ TEST_F(ViewerTest, SavingProposesTheNameAndAsksBeforeItOverwrites)
     EXPECT_EQ(pdfWords(path),
               (QStringList{QStringLiteral("first"), QStringLiteral("second"), QStringLiteral("third")}));
     EXPECT_EQ(label("lblDone").toStdString(), "Saved mine.pdf");
+}
+
+TEST_F(ViewerTest, SavingWhereNothingCanBeWrittenSaysWhyAndStays)
+{
+    test::Boxes boxes;
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("mine.pdf"));
+    ASSERT_TRUE(QDir().mkpath(path + QStringLiteral(".part"))); // what stands in the way of root too
+    boxes.expectDialog([&](QWidget &dialog) {
+        auto *name = dialog.findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
+        name->setText(path);
+        QTest::keyClick(name, Qt::Key_Return);
+    });
+    boxes.expect("The file could not be saved: " + path + "\nFile exists");
+    QTest::keyClick(view(), Qt::Key_S, Qt::ControlModifier);
+    ASSERT_FALSE(viewer.isNull());
+    EXPECT_EQ(label("lblDone"), "");
+    EXPECT_FALSE(QFileInfo::exists(path));
+    int told = 0;
+    const auto count = [&told](qint64, qint64, const QString &) { return ++told > 0; };
+    EXPECT_NE(writePdf(viewer->pages(), path, QStringLiteral("mine"), count), "");
+    EXPECT_EQ(told, 0) << "no page is drawn in vain";
 }
 
 TEST_F(ViewerTest, PrintsTheRangeThatWasChosen)

@@ -28,7 +28,7 @@ TEST(ReceiptFaults, AreToldOneByOneInTheirOrder)
     };
     const Step steps[] = {
         {"Please Select a 'Receiver'.", "txtpartynm", [](ReceiptDraft &r) { r.code = "C1"; }},
-        {"Please Specify a Valid 'Receipt No.' (Numeric Only not leading with Zero)", "txtrecpno",
+        {"Please Specify a Valid Receipt No. (Numeric Only not leading with Zero)", "txtrecpno",
          [](ReceiptDraft &r) { r.number.clear(); }},
         {"Please Specify 'Receipt No.'", "txtrecpno", [](ReceiptDraft &r) { r.number = "12"; }},
         {"Please Specify a Valid 'Receipt Date' between 01/04/2024 and 31/03/2025.", "txtrecpdt",

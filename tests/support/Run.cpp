@@ -35,8 +35,9 @@ int ledgora::test::runTests(int argc, char **argv, const char *platform)
 {
     qputenv("QT_QPA_PLATFORM", platform);
     qputenv("TZ", "Asia/Kolkata");
-    const QTemporaryDir settings; // dialogs remember folders in the user's
-    qputenv("XDG_CONFIG_HOME", QFile::encodeName(settings.path()));
+    // File dialogs begin in the folder where the user's last one ended, and keep theirs: that is none of a test's.
+    const QTemporaryDir settings;
+    qputenv("XDG_CONFIG_HOME", settings.path().toLocal8Bit());
     qInstallMessageHandler(showMessage);
     QLocale::setDefault(QLocale::c());
     QApplication application(argc, argv);

@@ -9,6 +9,8 @@ QString writePdf(const Pages &pages, const QString &path, const QString &title, 
 {
     if (pages.empty())
         return QStringLiteral("there are no pages to write");
+    if (QString fault = reportPlaceFault(path); !fault.isEmpty())
+        return fault;
     PdfSheets sheets(title);
     for (int page = 0; page < pages.size(); ++page) {
         if (!progress(page, pages.size(), QStringLiteral("Writing pages")))
