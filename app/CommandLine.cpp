@@ -72,12 +72,12 @@ constexpr OptionWords careOptions[] = {
     {CommandLine::Command::Sample, "from", "YEAR", "First financial year, by its starting year (default 2017)."},
     {CommandLine::Command::Sample, "to", "YEAR",
      "Last financial year (default the present one, whose bills end today)."},
-    {CommandLine::Command::Check, "firm", "ID", "Check the bills and receipts of one company only."},
+    {CommandLine::Command::Check, "firm", "ID", "Check the bills and receipts of one company (default all companies)."},
     {CommandLine::Command::Backup, "out", "FILE",
-     "The backup file; one of that name is replaced when the new is whole."},
+     "The backup file; one of that name is replaced when the new is whole (must be given, or --daily)."},
     {CommandLine::Command::Backup, "daily", "",
      "Instead of --out: today's backup in DIR/backups, unless it is there; the last 7 days and 8 weeks are kept."},
-    {CommandLine::Command::Restore, "from", "FILE", "The backup file."},
+    {CommandLine::Command::Restore, "from", "FILE", "The backup file (must be given)."},
 };
 
 void addCareOptions(QCommandLineParser &parser, CommandLine::Command command)
@@ -91,18 +91,24 @@ void addCareOptions(QCommandLineParser &parser, CommandLine::Command command)
 
 void addOptions(QCommandLineParser &parser, CommandLine::Command command)
 {
-    parser.addOption({QStringLiteral("data"), QStringLiteral("Data folder of the office."), QStringLiteral("DIR")});
-    parser.addOption({QStringLiteral("today"), QStringLiteral("Work as on this day (DD/MM/YYYY or YYYY-MM-DD)."),
-                      QStringLiteral("DATE")});
     parser.addOption({{QStringLiteral("h"), QStringLiteral("help")}, QStringLiteral("Show this help.")});
-    if (command != CommandLine::Command::Demo) {
-        parser.addOption({QStringLiteral("connect"),
-                          QStringLiteral("Use the office's shared server, mysql://user@server/database, instead of the "
-                                         "folder's own or the one saved there."),
-                          QStringLiteral("URL")});
+    if (command != CommandLine::Command::Template)
+        parser.addOption({QStringLiteral("today"),
+                          QStringLiteral("Work as on this day, DD/MM/YYYY or YYYY-MM-DD (default the real day)."),
+                          QStringLiteral("DATE")});
+    if (command != CommandLine::Command::Demo && command != CommandLine::Command::Template) {
+        parser.addOption(
+            {QStringLiteral("data"),
+             QStringLiteral("Data folder of the office (default ledgora in the user's data folder, ~/.local/share)."),
+             QStringLiteral("DIR")});
+        parser.addOption(
+            {QStringLiteral("connect"),
+             QStringLiteral("Use the office's shared server, mysql://user@server/database (default the one "
+                            "saved in the data folder, else the folder's own server)."),
+             QStringLiteral("URL")});
         parser.addOption({QStringLiteral("password-file"),
-                          QStringLiteral("File of mode 0600 whose first line is the password; without it you are "
-                                         "asked."),
+                          QStringLiteral("File of mode 0600 whose first line is the password of the shared server "
+                                         "(default: you are asked)."),
                           QStringLiteral("FILE")});
         parser.addOption(
             {QStringLiteral("host"),
@@ -112,16 +118,20 @@ void addOptions(QCommandLineParser &parser, CommandLine::Command command)
     }
     switch (command) {
     case CommandLine::Command::Demo:
-        parser.addOption(
-            {QStringLiteral("out"), QStringLiteral("Folder for the office and the PDF files."), QStringLiteral("DIR")});
+        parser.addOption({QStringLiteral("out"),
+                          QStringLiteral("Folder for the office and the PDF files (must be given)."),
+                          QStringLiteral("DIR")});
         break;
     case CommandLine::Command::Balance:
-        parser.addOption({QStringLiteral("firm"), QStringLiteral("Number of the company."), QStringLiteral("ID")});
+        parser.addOption({QStringLiteral("firm"),
+                          QStringLiteral("Number of the company (must be given; with --all default all companies)."),
+                          QStringLiteral("ID")});
         parser.addOption(
             {QStringLiteral("all"),
-             QStringLiteral("All clients whose balance is not 0; without --firm those of all companies, each "
-                            "with the company's name in front.")});
-        parser.addOption({QStringLiteral("party"), QStringLiteral("Code of the client."), QStringLiteral("CODE")});
+             QStringLiteral("All clients whose balance is not 0; of all companies each with the company's name in "
+                            "front.")});
+        parser.addOption({QStringLiteral("party"), QStringLiteral("Code of the client (must be given, or --all)."),
+                          QStringLiteral("CODE")});
         break;
     case CommandLine::Command::Sample:
     case CommandLine::Command::Check:
@@ -140,8 +150,8 @@ void addOptions(QCommandLineParser &parser, CommandLine::Command command)
         addReportOptions(parser);
         break;
     default:
-        parser.addOption(
-            {QStringLiteral("open"), QStringLiteral("Open a home screen at once: gst."), QStringLiteral("SCREEN")});
+        parser.addOption({QStringLiteral("open"), QStringLiteral("Open a home screen at once: gst (default none)."),
+                          QStringLiteral("SCREEN")});
         parser.addOption({QStringLiteral("version"), QStringLiteral("Show the version.")});
     }
 }
@@ -278,7 +288,7 @@ QString fault(const CommandLine &line, const QCommandLineParser &parser)
         if (parser.optionNames().contains(option) && parser.value(option).isEmpty())
             return QStringLiteral("--") + option + QStringLiteral(" has an empty value");
     }
-    if (parser.isSet(QStringLiteral("today")) && !line.today.isValid())
+    if (parser.optionNames().contains(QStringLiteral("today")) && !line.today.isValid())
         return QStringLiteral("--today takes a date, DD/MM/YYYY or YYYY-MM-DD");
     if (!line.open.isEmpty() && line.open != QLatin1String("gst"))
         return QStringLiteral("--open takes gst");

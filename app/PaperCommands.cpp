@@ -164,19 +164,24 @@ int writeChosen(const PaperOptions &options, Connection &db)
 void addPaperOptions(QCommandLineParser &parser)
 {
     parser.addOptions(
-        {{QStringLiteral("firm"), QStringLiteral("Number of the company."), QStringLiteral("ID")},
-         {QStringLiteral("number"), QStringLiteral("Number, or first and last number; may be given again."),
+        {{QStringLiteral("firm"), QStringLiteral("Number of the company (must be given)."), QStringLiteral("ID")},
+         {QStringLiteral("number"),
+          QStringLiteral("Number, or first and last number; may be given again (default all)."),
           QStringLiteral("N[-M]")},
-         {QStringLiteral("party"), QStringLiteral("Code of the client; may be given again."), QStringLiteral("CODE")},
-         {QStringLiteral("series"), QStringLiteral("Number of the series."), QStringLiteral("ID")},
-         {QStringLiteral("fy"), QStringLiteral("Financial year, 2024 or 2024-25."), QStringLiteral("YEAR")},
-         {QStringLiteral("from"), QStringLiteral("From this day on (DD/MM/YYYY or YYYY-MM-DD)."),
+         {QStringLiteral("party"), QStringLiteral("Code of the client; may be given again (default all)."),
+          QStringLiteral("CODE")},
+         {QStringLiteral("series"), QStringLiteral("Number of the series (default all)."), QStringLiteral("ID")},
+         {QStringLiteral("fy"), QStringLiteral("Financial year, 2024 or 2024-25 (default all)."),
+          QStringLiteral("YEAR")},
+         {QStringLiteral("from"), QStringLiteral("From this day on, DD/MM/YYYY or YYYY-MM-DD (default the first)."),
           QStringLiteral("DATE")},
-         {QStringLiteral("to"), QStringLiteral("Up to this day."), QStringLiteral("DATE")},
-         {QStringLiteral("out"), QStringLiteral("Folder for a file of each document; with --one the file of all."),
+         {QStringLiteral("to"), QStringLiteral("Up to this day (default the last)."), QStringLiteral("DATE")},
+         {QStringLiteral("out"),
+          QStringLiteral("Folder for a file of each document; with --one the file of all (must be given)."),
           QStringLiteral("DIR|FILE")},
-         {QStringLiteral("format"), QStringLiteral("pdf (default) or rtf."), QStringLiteral("FORMAT")},
-         {QStringLiteral("one"), QStringLiteral("All documents in one file, each on a page of its own.")},
+         {QStringLiteral("format"), QStringLiteral("pdf or rtf (default pdf)."), QStringLiteral("FORMAT")},
+         {QStringLiteral("one"),
+          QStringLiteral("All documents in one file, each on a page of its own (default a file each).")},
          {QStringLiteral("quiet"), QStringLiteral("Tell nothing but failures.")}});
 }
 
@@ -184,8 +189,8 @@ void addTemplateOptions(QCommandLineParser &parser)
 {
     parser.addPositionalArgument(QStringLiteral("check FILE"), QStringLiteral("The template to check."));
     parser.addOption({QStringLiteral("kind"),
-                      QStringLiteral("What it is for: intra, inter, notax or receipt; without it the file's name "
-                                     "tells (GST_Intra_Bill_2Copy.doc)."),
+                      QStringLiteral("What it is for: intra, inter, notax or receipt (default as the file's name "
+                                     "tells: GST_Intra_Bill_2Copy.doc)."),
                       QStringLiteral("KIND")});
 }
 

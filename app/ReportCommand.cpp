@@ -196,29 +196,36 @@ void addReportOptions(QCommandLineParser &parser)
         QStringLiteral("KIND"),
         QStringLiteral("bills, receipts, pending, outstanding, discount, tds, sac or account."));
     parser.addOptions(
-        {{QStringLiteral("firm"), QStringLiteral("Number of the company."), QStringLiteral("ID")},
-         {QStringLiteral("from"), QStringLiteral("First day of the period (DD/MM/YYYY or YYYY-MM-DD)."),
+        {{QStringLiteral("firm"), QStringLiteral("Number of the company (must be given)."), QStringLiteral("ID")},
+         {QStringLiteral("from"),
+          QStringLiteral("First day of the period, DD/MM/YYYY or YYYY-MM-DD (must be given but for "
+                         "outstanding)."),
           QStringLiteral("DATE")},
-         {QStringLiteral("to"), QStringLiteral("Last day of the period."), QStringLiteral("DATE")},
+         {QStringLiteral("to"), QStringLiteral("Last day of the period (must be given but for outstanding)."),
+          QStringLiteral("DATE")},
          {QStringLiteral("as-on"), QStringLiteral("outstanding: what is due on this day (default today)."),
           QStringLiteral("DATE")},
-         {QStringLiteral("upto"), QStringLiteral("outstanding: only for bills issued up to this day."),
+         {QStringLiteral("upto"), QStringLiteral("outstanding: only for bills issued up to this day (default all)."),
           QStringLiteral("DATE")},
          {QStringLiteral("amount"),
-          QStringLiteral("outstanding: only totals that pass, as \">1000\" or \"<=500\"; may be given twice."),
+          QStringLiteral("outstanding: only totals that pass, as \">1000\" or \"<=500\"; may be given twice "
+                         "(default all that is due)."),
           QStringLiteral("TEST")},
-         {QStringLiteral("either"), QStringLiteral("outstanding: of two tests one is enough.")},
+         {QStringLiteral("either"), QStringLiteral("outstanding: of two tests one is enough (default both).")},
          {QStringLiteral("party"), QStringLiteral("Code of a client; may be given again (default all clients)."),
           QStringLiteral("CODE")},
-         {QStringLiteral("group"), QStringLiteral("Name or code of a group of clients (host G)."),
+         {QStringLiteral("group"), QStringLiteral("Name or code of a group of clients, host G (default all clients)."),
           QStringLiteral("GROUP")},
-         {QStringLiteral("sac"), QStringLiteral("sac: one code, blank for lines without one, or all (default)."),
+         {QStringLiteral("sac"), QStringLiteral("sac: one code, blank for lines without one, or all (default all)."),
           QStringLiteral("CODE")},
          {QStringLiteral("print"),
-          QStringLiteral("What to print with the names: address,phone,email,mobile,fax,gstin,pan."),
+          QStringLiteral("What to print with the names: address,phone,email,mobile,fax,gstin,pan (default the "
+                         "names alone)."),
           QStringLiteral("LIST")},
-         {QStringLiteral("bill-numbers"), QStringLiteral("account: a receipt's bills beside its number.")},
-         {QStringLiteral("out"), QStringLiteral("The file: .pdf, .txt or .csv."), QStringLiteral("FILE")}});
+         {QStringLiteral("bill-numbers"),
+          QStringLiteral("account: a receipt's bills beside its number (default without).")},
+         {QStringLiteral("out"), QStringLiteral("The file: .pdf, .txt or .csv (must be given)."),
+          QStringLiteral("FILE")}});
 }
 
 QString readReportOptions(const QCommandLineParser &parser, ReportOptions &options)
