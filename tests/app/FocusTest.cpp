@@ -136,6 +136,10 @@ TEST_F(Focus, FieldIsAsBeforeAfterAMenuAndAQuestion)
         hands.press("Escape");
         expectAsBefore(menu);
     }
+    boxes.expectDialog([this](QWidget &) { hands.press("Escape"); });
+    hands.press("alt+g");
+    hands.press("d"); // Database Server ...
+    expectAsBefore("dialog");
     hands.press("alt+g");
     hands.press("Escape");
     hands.press("Tab");
