@@ -139,7 +139,7 @@ void frmBillGST::pointAt(const BillFault &fault)
 {
     inform(fault.message, findChild<QWidget *>(fault.field));
     if (fault.row >= 0)
-        ui->vsB->setCursor(fault.row, fault.column);
+        ui->vsB->editRefusedCell(fault.row, fault.column);
 }
 
 BillDraft frmBillGST::read() const
@@ -285,7 +285,7 @@ void frmBillGST::VSB_AFTEREDIT(int row, int column)
     if (changesBillTotals(column))
         recomputeTotals();
     if (message)
-        post(*message, [this, row, column] { ui->vsB->editCell(row, column); });
+        post(*message, [this, row, column] { ui->vsB->editRefusedCell(row, column); });
 }
 
 void frmBillGST::VSB_KEYPRESS_ENTER(int row, int column)

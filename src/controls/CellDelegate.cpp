@@ -1,6 +1,7 @@
 #include "controls/CellDelegate.h"
 
 #include "controls/ChoiceBox.h"
+#include "controls/FieldColour.h"
 #include "controls/Grid.h"
 #include "controls/OneLine.h"
 #include <QApplication>
@@ -55,6 +56,10 @@ QWidget *CellDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem 
     line->setAccessibleName(m_grid->cells().text(0, index.column()));
     line->setMaxLength(column.maxLength);
     line->setAlignment(column.rightAligned ? Qt::AlignRight : Qt::AlignLeft);
+    if (m_grid->isRefused(index)) {
+        showRefused(*line, true);
+        connect(line, &QLineEdit::textEdited, line, [line] { showRefused(*line, false); });
+    }
     return line;
 }
 

@@ -34,7 +34,7 @@ void colour(QWidget &field)
     }
     if (!kept.isValid())
         field.setProperty(plainProperty, field.testAttribute(Qt::WA_SetPalette) ? field.palette() : QPalette());
-    QPalette coloured = field.property(plainProperty).value<QPalette>();
+    auto coloured = field.property(plainProperty).value<QPalette>();
     const QColor shown = colourOf(refused, field.parentWidget()->palette().color(QPalette::Base).lightness() < 128);
     coloured.setColor(QPalette::Base, shown);
     coloured.setColor(QPalette::Button, shown); // a drop-down list is painted as one

@@ -23,7 +23,10 @@ Grid::Grid(QWidget *parent) : QTableView(parent)
     setWordWrap(false);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollMode(ScrollPerItem);
-    connect(&m_model, &CellsModel::cellEdited, this, &Grid::cellEdited);
+    connect(&m_model, &CellsModel::cellEdited, this, [this](int row, int column) {
+        m_refused = QPersistentModelIndex();
+        Q_EMIT cellEdited(row, column);
+    });
 }
 
 void Grid::setCells(Cells cells)
@@ -163,6 +166,16 @@ void Grid::editCell(int row, int column)
     setCursor(row, column);
     if (!isEditing())
         QTableView::edit(currentIndex());
+}
+
+void Grid::editRefusedCell(int row, int column)
+{
+    commitEditor();
+    m_refused = m_model.index(row, column);
+    if (isOpen(m_refused))
+        editCell(row, column);
+    else
+        setCursor(row, column);
 }
 
 int Grid::lastVisibleRow() const

@@ -78,6 +78,9 @@ public:
     void setCursor(int row, int column);
     /// Puts the cursor into a cell that can be edited, and opens it.
     void editCell(int row, int column);
+    /// Opens a cell that was refused, in the colour of one until it is changed.
+    void editRefusedCell(int row, int column);
+    bool isRefused(const QModelIndex &cell) const { return m_refused == cell; }
     /// Whether Tab passes over cells that can not be edited.
     void setStepsOverEditableOnly(bool only) { m_stepsOverEditableOnly = only; }
     int lastVisibleRow() const; ///< last data row inside the viewport
@@ -115,6 +118,7 @@ private:
     void editorKey(QKeyEvent *event);
 
     CellsModel m_model;
+    QPersistentModelIndex m_refused;
     std::function<bool(int, int)> m_editedOnEntry;
     std::vector<double> m_fractions;
     int m_restColumn = -1;

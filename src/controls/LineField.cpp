@@ -57,8 +57,10 @@ void DateField::keyPressEvent(QKeyEvent *event)
 void DateField::focusInEvent(QFocusEvent *event)
 {
     QLineEdit::focusInEvent(event);
+    const bool back = event->reason() == Qt::PopupFocusReason || event->reason() == Qt::ActiveWindowFocusReason
+                      || event->reason() == Qt::MenuBarFocusReason;
     // A click would set the cursor where it fell, between the blanks of the mask.
-    if (event->reason() != Qt::PopupFocusReason && event->reason() != Qt::ActiveWindowFocusReason)
+    if (!back)
         QTimer::singleShot(0, this, [this] { setCursorPosition(0); });
 }
 

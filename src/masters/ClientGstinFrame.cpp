@@ -82,7 +82,7 @@ void frmMainGST::VSCLGSTIN_VALIDATEEDIT(int row)
         return;
     m_gstinRefused = true; // until it was told: a cell is left more than once on the way to the next
     post(QStringLiteral("Invalid 'GSTIN' !"), [this, row] {
-        ui->vsClGSTIN->editCell(row, ClientGstin); // leaves the cell that was opened meanwhile
+        ui->vsClGSTIN->editRefusedCell(row, ClientGstin); // leaves the cell that was opened meanwhile
         m_gstinRefused = false;
     });
 }

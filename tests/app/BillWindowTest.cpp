@@ -123,8 +123,12 @@ TEST_F(BillWindow, RefusedAmountStaysOpenInItsCell)
     hands.press("alt+a");
     hands.type("ASH");
     hands.press("Return", 6);
-    hands.type("Audit");
+    hands.type("Aud");
+    hands.press("alt+g"); // a menu, and back into the open cell
+    hands.press("Escape");
+    hands.type("it");
     hands.press("Tab", 4);
+    EXPECT_EQ(find<Grid>("vsB")->cells().text(3, 1), "Audit");
     for (const char *leaving : {"Return", "Tab", "Down", "alt+u"}) {
         hands.type("1o0");
         boxes.expect("Please Specify Valid Amount. Numeric Only.");
@@ -132,6 +136,7 @@ TEST_F(BillWindow, RefusedAmountStaysOpenInItsCell)
         EXPECT_EQ(focus(), "vsB") << leaving;
         EXPECT_EQ(find<Grid>("vsB")->col(), 5) << leaving;
         EXPECT_TRUE(find<Grid>("vsB")->isEditing()) << leaving;
+        EXPECT_EQ(QApplication::focusWidget()->palette().color(QPalette::Base).name(), "#ffc6c6") << leaving;
     }
     hands.type("100");
     hands.press("Return");

@@ -18,8 +18,9 @@ protected:
     /// The colours of fields: what is in focus, refused, or neither.
     QString colour(const char *field) const
     {
+        static const QHash<QString, QString> meanings{{"#ffe0c0", "focus"}, {"#ffc6c6", "refused"}, {"#ffffff", ""}};
         const QString name = find<QWidget>(field)->palette().color(QPalette::Active, QPalette::Base).name();
-        return name == "#ffe0c0" ? "focus" : name == "#ffc6c6" ? "refused" : name == "#ffffff" ? "" : name;
+        return meanings.value(name, name);
     }
     QString selected(const char *field) const { return find<QLineEdit>(field)->selectedText(); }
     /// A receipt for bill 1 (500) as far as its first amount.
@@ -136,6 +137,10 @@ TEST_F(Focus, FieldIsAsBeforeAfterAMenuAndAQuestion)
         hands.press("Escape");
         expectAsBefore(menu);
     }
+    boxes.expectDialog([this](QWidget &) { hands.press("Escape"); });
+    hands.press("alt+g");
+    hands.press("d"); // Database Server ...
+    expectAsBefore("dialog");
     hands.press("alt+g");
     hands.press("Escape");
     hands.press("Tab");

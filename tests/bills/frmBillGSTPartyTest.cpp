@@ -123,20 +123,4 @@ TEST_F(BillScreen, PartyJustTypedIsTakenByTheCommand)
     EXPECT_FALSE(isShown("vsListC"));
 }
 
-TEST_F(BillScreen, PartyIsTakenFromTheListByTheMouse)
-{
-    open();
-    alt('A');
-    auto *parties = find<Grid>("vsListC");
-    const QPoint row = parties->visualRect(parties->model()->index(3, 1)).center();
-    QTest::mouseClick(parties->viewport(), Qt::LeftButton, {}, row);
-    EXPECT_TRUE(parties->isVisible());
-    EXPECT_EQ(focus(), "txtpartynm");
-    QTest::mouseDClick(parties->viewport(), Qt::LeftButton, {}, row);
-    QCoreApplication::processEvents();
-    EXPECT_EQ(focus(), "cbosr");
-    EXPECT_EQ(text("txtpartynm"), "CHETAK STORES");
-    EXPECT_FALSE(isShown("vsListC"));
-}
-
 } // namespace

@@ -22,6 +22,11 @@ bool isKey(const QEvent &event)
     return key.key() != Qt::Key_Shift && key.key() != Qt::Key_Control && key.key() != Qt::Key_Alt;
 }
 
+std::string nameOf(const QWidget *window)
+{
+    return window ? window->metaObject()->className() : "(no window)";
+}
+
 QString nameOfKey(QChar c)
 {
     static const QHash<QChar, QString> names{{' ', "space"}, {'.', "period"}, {'-', "minus"},
@@ -68,7 +73,9 @@ void Hands::awaitKeys()
     };
     do {
         if (!QTest::qWaitFor(arrived, patienceMs))
-            throw std::runtime_error("nothing has the keys");
+            throw std::runtime_error("nothing has the keys, not even " + nameOf(QApplication::activeWindow()) + ", "
+                                     + nameOf(QApplication::activePopupWidget()) + " or "
+                                     + nameOf(QApplication::activeModalWidget()));
         Keys::settle(); // may show a box that waited for the end of the event
     } while (!arrived());
 }
