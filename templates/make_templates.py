@@ -75,13 +75,14 @@ def field(name, size, grey=True):
     return "{%s {\\field{\\*\\fldinst %s}{\\fldrslt 1}}}" % (words, name)
 
 
-def paragraph(*runs, align="ql", before=0, intbl=True, hang=0, tabs=(), exact=0, optional=False):
+def paragraph(*runs, align="ql", before=0, intbl=True, hang=0, tabs=(), exact=0, optional=False, keep=False):
     """A paragraph of runs with tabs between them, which stand at `tabs`; with `hang` the second run stands that far
     from the left, and further lines below it. `exact` is a line height that does not follow the fonts. An `optional` one
-    is left out when its fields are empty."""
+    is left out when its fields are empty; no page ends behind one that must `keep` with the next row."""
     stops = "\\li%d\\fi-%d" % (hang, hang) if hang else ""
     stops += "".join("\\tx%d" % tab for tab in tabs or (hang,) if tab)
     height = "\\sl-%d\\slmult0" % exact if exact else ""
+    height += "\\keepn" if keep else ""
     words = "\\pard\\plain%s\\%s\\sb%d%s%s\\f0\\fs2 " % ("\\intbl" if intbl else "", align, before, stops, height)
     return words + "\\tab ".join(runs) + (OPTIONAL if optional else "") + "\\fs2"
 
@@ -302,7 +303,7 @@ class Bill(Document):
 
     def line(self, number):
         return Row(*(Cell(column.width,
-                          *(paragraph(self.text(placeholder % number), align=column.align)
+                          *(paragraph(self.text(placeholder % number), align=column.align, keep=number == LINES)
                             for placeholder in column.lines), rules="t" if number == 1 else "")
                      for column in self.columns()), top=30, bottom=10)
 

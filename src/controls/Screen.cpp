@@ -166,15 +166,20 @@ void Screen::focusMoved(QWidget *now)
     QWidget *before = m_here;
     if (std::exchange(m_ranAway, false) && before && before->isVisible() && before->isEnabled())
         return before->setFocus();
-    if (before) {
+    if (before)
         m_focusChanges.push_back({before, true});
-        showFocus(*before, false);
-    }
     m_focusChanges.push_back({now, false});
-    m_here = now;
-    if (isTypedInto(*now))
-        showFocus(*now, true);
+    settleOn(now);
     QMetaObject::invokeMethod(this, [this] { run([this] { applyFocusChanges(); }); }, Qt::QueuedConnection);
+}
+
+void Screen::settleOn(QWidget *field)
+{
+    if (m_here)
+        showFocus(*m_here, false);
+    m_here = field;
+    if (isTypedInto(*field))
+        showFocus(*field, true);
 }
 
 bool Screen::applyFocusChanges()
@@ -192,7 +197,7 @@ bool Screen::applyFocusChanges()
         } else if (!leave(field)) {
             m_focusChanges.clear();
             field->setFocus();
-            m_here = field;
+            settleOn(field);
             enter(field); // as often as it refuses
             return false;
         }
@@ -235,12 +240,6 @@ bool Screen::event(QEvent *event)
     return QWidget::event(event);
 }
 
-void Screen::closeEvent(QCloseEvent *event)
-{
-    QWidget::closeEvent(event);
-    m_closed = event->isAccepted();
-}
-
 bool Screen::eventFilter(QObject *watched, QEvent *event)
 {
     const auto rules = m_fields.constFind(watched);
@@ -273,7 +272,8 @@ void Screen::keyPressEvent(QKeyEvent *event)
 void Screen::closeEvent(QCloseEvent *event)
 {
     QWidget::closeEvent(event);
-    if (QWidget *here = focusWidget(); here && event->isAccepted())
+    m_closed = event->isAccepted();
+    if (QWidget *here = focusWidget(); here && m_closed)
         here->clearFocus();
 }
 

@@ -110,7 +110,6 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
-    void closeEvent(QCloseEvent *event) override;
 
 private:
     struct FocusChange
@@ -119,6 +118,7 @@ private:
         bool left;
     };
     void focusMoved(QWidget *now);
+    void settleOn(QWidget *field);
     bool applyFocusChanges();
     void enter(QWidget *widget);
     void mark(QWidget *field);

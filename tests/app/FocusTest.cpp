@@ -52,6 +52,7 @@ TEST_F(Focus, OverpaidBillIsRefusedEachTimeItsBoxIsLeft)
     for (const char *leaving : {"Tab", "shift+Tab", "alt+u"}) {
         EXPECT_EQ(focus(), "txtBillSN_0") << leaving;
         EXPECT_EQ(colour("txtBillSN_0"), "refused") << leaving;
+        EXPECT_EQ(colour("txtAMT_0"), "") << leaving;
         EXPECT_TRUE(find<Grid>("vsfbr")->isVisible()) << leaving;
         boxes.expect(overpaid);
         hands.press(leaving);
