@@ -221,7 +221,7 @@ RestoreResult restoreBackup(const OfficeData &office, const QString &file, const
         return {QStringLiteral("The backup is of an office of host %1, this one is of host %2.")
                     .arg(backup.hostCode, office.hostCode),
                 {}};
-    constexpr qint64 megabyte = 1024 * 1024;
+    constexpr qint64 megabyte = qint64(1024) * 1024;
     const QStorageInfo disk(office.folder);
     if (backup.unpacked > disk.bytesAvailable())
         return {QStringLiteral("The backup holds %1 MB, and there is no room for them on the disk %2.")

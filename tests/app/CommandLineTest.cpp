@@ -1,7 +1,12 @@
 // The words of a call of the program.
 
 #include "app/CommandLine.h"
+#include "app/Commands.h"
+#include "tests/support/Print.h"
+#include <QFile>
+#include <QTemporaryDir>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 using namespace ledgora::app;
 using Command = CommandLine::Command;
@@ -149,6 +154,19 @@ TEST(CommandLineTest, DataFolderDefaultsToTheUsersOwn)
     qputenv("XDG_DATA_HOME", "/somewhere/else");
     EXPECT_EQ(readCommandLine({"ledgora"}).dataFolder, "/somewhere/else/ledgora");
     former.isNull() ? qunsetenv("XDG_DATA_HOME") : qputenv("XDG_DATA_HOME", former);
+}
+
+TEST(OutputPath, MayBeNoLinkOfAnotherUser)
+{
+    const QTemporaryDir folder;
+    const QString link = folder.filePath("out");
+    ASSERT_TRUE(QFile::link(folder.path(), link));
+    EXPECT_EQ(linkFault(link), "") << "one's own";
+    EXPECT_EQ(linkFault(folder.filePath("new")), "");
+    constexpr uid_t nobody = 65534;
+    if (::lchown(QFile::encodeName(link).constData(), nobody, nobody) != 0)
+        GTEST_SKIP() << "not run: giving a link away needs root";
+    EXPECT_EQ(linkFault(link + '/'), "[" + link + "/] is a link that another user has made.");
 }
 
 } // namespace
