@@ -31,7 +31,8 @@ QString templateText(const QString &path, QString &fault)
     fault = read.error;
     if (!fault.isEmpty())
         return {};
-    QString text, further;
+    QString text;
+    QString further;
     for (const reporter::Section &section : read.document.sections) {
         const bool isFurther = section.page.titlePage;
         for (const reporter::MarginText margin : {reporter::Header, reporter::Footer})

@@ -99,14 +99,13 @@ TEST_P(LostStatement, EndsInAFailureWithoutAFileOrInTheWholeResult)
     EXPECT_GT(failures, 3);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Commands, LostStatement,
-    testing::Values(Command{"Balance", {"balance", "--firm", "1", "--party", "BILL~OTHCL-000001"}},
-                    Command{"Balances", {"balance", "--all"}},
-                    Command{"Report", {"report", "outstanding", "--firm", "1", "--out", "OUT.csv"}},
-                    Command{"Bills", {"bills", "--firm", "1", "--format", "rtf", "--out", "OUT"}},
-                    Command{"Receipts", {"receipts", "--firm", "1", "--format", "rtf", "--one", "--out", "OUT.rtf"}},
-                    Command{"Check", {"check"}}),
-    [](const auto &row) { return row.param.name; });
+INSTANTIATE_TEST_SUITE_P(Commands, LostStatement,
+                         testing::Values(Command{"Balance", {"balance", "--firm", "1", "--party", "BILL~OTHCL-000001"}},
+                                         Command{"Balances", {"balance", "--all"}},
+                                         Command{"Report",
+                                                 {"report", "outstanding", "--firm", "1", "--out", "OUT.csv"}},
+                                         Command{"Bills", {"bills", "--firm", "1", "--format", "rtf", "--out", "OUT"}},
+                                         Command{"Check", {"check"}}),
+                         [](const auto &row) { return row.param.name; });
 
 } // namespace
