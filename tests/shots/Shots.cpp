@@ -244,6 +244,8 @@ QString visitHostG(const QString &folder, const Look &look)
     office.connection().Execute(
         QStringLiteral("Insert Into Owner1 (Code,F_nm,M_nm,l_nm,h_no,street,city,State,PIN,PAN) Values "
                        "('R1','RAMESH','K','IYER','12/A','MG ROAD','PUNE','MAHARASHTRA','411001','ABCPI1234K')"));
+    office.connection().Execute(
+        QStringLiteral("Insert Into GST_FirmMas (FirmSrNo,Nm,StateNm) Values (1,'SHARMA & ASSOCIATES','DELHI')"));
     office.connection().Execute(QStringLiteral("Insert Into Grp_M Values ('1','IYER FAMILY')"));
     office.connection().Execute(QStringLiteral("Insert Into Grp_Trans Values ('1','R1')"));
     MainWindow window(office);
