@@ -38,6 +38,15 @@ QString nameOfKey(QChar c)
     return names.value(c);
 }
 
+void askForKeys()
+{
+    QWidget *window = QApplication::activeModalWidget();
+    for (QWidget *each : QApplication::topLevelWidgets())
+        window = !window && each->isVisible() ? each : window;
+    if (window)
+        window->activateWindow();
+}
+
 } // namespace
 
 Hands::Hands()
@@ -72,6 +81,10 @@ void Hands::awaitKeys()
         return QApplication::focusWidget() && (!modal || modal->isActiveWindow());
     };
     do {
+        // On a busy machine the window manager may give the keys to no window at all when a box goes as soon as it
+        // came.
+        if (!QTest::qWaitFor(arrived, patienceMs / 4) && !QApplication::activeWindow())
+            askForKeys();
         if (!QTest::qWaitFor(arrived, patienceMs))
             throw std::runtime_error("nothing has the keys, not even " + nameOf(QApplication::activeWindow()) + ", "
                                      + nameOf(QApplication::activePopupWidget()) + " or "
