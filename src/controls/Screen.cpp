@@ -59,6 +59,12 @@ Screen::Screen(QWidget *parent) : QWidget(parent)
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget *, QWidget *now) { focusMoved(now); });
 }
 
+/// A screen that goes moves the focus, of which it must hear no more.
+Screen::~Screen()
+{
+    disconnect(qApp, nullptr, this, nullptr);
+}
+
 void Screen::present()
 {
     if (gMdi)

@@ -27,6 +27,7 @@ class Screen : public QWidget
     Q_OBJECT
 public:
     explicit Screen(QWidget *parent = nullptr);
+    ~Screen() override;
 
     /// Finishes what is being typed: commits a cell editor, runs the check and the lost-focus rule of the field just
     /// left. False when the field refuses; then its message was shown and it has the focus again.
