@@ -94,7 +94,7 @@ void MainWindow::makeWindowMenu()
 {
     QMenu *window = menuBar()->addMenu(QStringLiteral("&Window"));
     window->addAction(QStringLiteral("&Next Screen"), QKeySequence(Qt::CTRL | Qt::Key_Tab), m_area,
-                      &QMdiArea::activateNextSubWindow);
+                      &ScreenArea::showNext);
     window->addAction(QStringLiteral("&Tile"), m_area, &QMdiArea::tileSubWindows);
     window->addSeparator();
     const qsizetype own = window->actions().size();

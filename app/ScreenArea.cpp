@@ -1,9 +1,11 @@
 #include "ScreenArea.h"
 
 #include <QApplication>
+#include <QFocusEvent>
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QPainter>
+#include <QPointer>
 #include <QScrollBar>
 #include <algorithm>
 
@@ -34,7 +36,24 @@ void ScreenArea::showScreen(QWidget &screen)
     }
     screen.show();
     child->showMaximized();
-    setActiveSubWindow(child);
+    bringToFront(*child);
+}
+
+void ScreenArea::showNext()
+{
+    if (const auto windows = subWindowList(ActivationHistoryOrder); !windows.isEmpty())
+        bringToFront(*windows.front());
+}
+
+/// The keys go straight to the field that had them: a frame that is activated by Tab passes them on to the next field.
+void ScreenArea::bringToFront(QMdiSubWindow &window)
+{
+    const QPointer<QWidget> field = window.widget() ? window.widget()->focusWidget() : nullptr;
+    QFocusEvent here(QEvent::FocusIn, Qt::ActiveWindowFocusReason);
+    QCoreApplication::sendEvent(&window, &here);
+    if (field && field->isVisible() && field->isEnabled())
+        field->setFocus(Qt::ActiveWindowFocusReason);
+    setActiveSubWindow(&window);
 }
 
 void ScreenArea::bringIntoView(const QWidget *field)
@@ -66,7 +85,7 @@ void ScreenArea::listScreens(QMenu &menu)
         title.replace(u'&', QStringLiteral("&&"));
         ++number;
         QAction *entry = menu.addAction((number < 10 ? QStringLiteral("&%1  ").arg(number) : QString()) + title, this,
-                                        [this, window] { setActiveSubWindow(window); });
+                                        [this, window] { bringToFront(*window); });
         entry->setCheckable(true);
         entry->setChecked(window == currentSubWindow());
     }

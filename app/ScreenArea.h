@@ -17,6 +17,8 @@ public:
 
     /// Shows a screen in front, and gives it the keys.
     void showScreen(QWidget &screen);
+    /// Brings the screen to the front that was in front the longest time ago.
+    void showNext();
     /// The screen in front, nothing when there is none.
     QWidget *front() const;
     /// Appends an entry for each open screen, which brings it to the front.
@@ -24,6 +26,9 @@ public:
 
     /// Scrolls so that a field of a screen is seen.
     void bringIntoView(const QWidget *field);
+
+private:
+    void bringToFront(QMdiSubWindow &window);
 
 protected:
     void paintEvent(QPaintEvent *event) override;

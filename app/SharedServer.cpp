@@ -97,7 +97,8 @@ QString SharedServer::faultOf(st_mysql *handle) const
             .arg(m_address.host, m_address.database, m_address.user);
     case CR_PLUGIN_NOT_ALLOWED:
         return QStringLiteral("The database server %1 asks for the password in a way that would show it to a false "
-                              "server. With the server's authority in the address (ca=FILE) that is allowed.")
+                              "server. Its administrator can give the user mysql_native_password or ed25519; "
+                              "caching_sha2_password needs the server's authority in the address (ca=FILE).")
             .arg(m_address.host);
     case CR_SSL_CONNECTION_ERROR:
         return unprotected(said);

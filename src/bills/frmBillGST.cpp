@@ -12,6 +12,7 @@
 #include "store/StateList.h"
 #include "ui_frmBillGST.h"
 #include <QListWidget>
+#include <utility>
 
 namespace ledgora {
 
@@ -281,7 +282,10 @@ void frmBillGST::VSB_AFTEREDIT(int row, int column)
     if (!isEditing() || !ui->vsB->cells().isData(row) || column == SrNoColumn)
         return;
     std::optional<QString> message;
+    const bool wasFilled = !ui->vsB->cells().text(row, column).isEmpty();
     ui->vsB->change([&](Cells &lines) { message = normaliseBillCell(lines, row, column); });
+    if (wasFilled && !message && ui->vsB->cells().text(row, column).isEmpty())
+        m_dropped = {row, column};
     if (changesBillTotals(column))
         recomputeTotals();
     if (message)
@@ -292,6 +296,8 @@ void frmBillGST::VSB_KEYPRESS_ENTER(int row, int column)
 {
     if (!ui->vsB->cells().isData(row) || column == SrNoColumn)
         return;
+    if (std::exchange(m_dropped, {-1, -1}) == std::pair(row, column))
+        return ui->vsB->editCell(row, column); // its typist takes the amount as entered and goes on with the next
     const EnterTarget target = billEnterTarget(ui->vsB->cells(), row, column, taxType());
     if (target.toNarration)
         ui->txtNarr->setFocus();
@@ -315,7 +321,7 @@ bool frmBillGST::closeOwnPopup()
 {
     if (!m_particulars->isVisible())
         return false;
-    ui->vsB->setFocus();
+    ui->vsB->setFocus(Qt::PopupFocusReason);
     return true;
 }
 

@@ -3,6 +3,7 @@
 #include "bills/BillStore.h"
 #include "controls/DocumentScreen.h"
 #include <memory>
+#include <utility>
 
 namespace ledgora {
 
@@ -61,6 +62,7 @@ private:
 
     std::unique_ptr<Ui::frmBillGST> ui;
     QListWidget *m_particulars = nullptr;
+    std::pair<int, int> m_dropped{-1, -1}; ///< row and column in which what was typed last was no entry
 };
 
 } // namespace ledgora

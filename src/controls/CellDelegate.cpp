@@ -9,6 +9,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPainter>
+#include <QPointer>
 #include <QTimer>
 
 namespace ledgora {
@@ -176,8 +177,11 @@ bool CellDelegate::editorKeyPress(QWidget *editor, QKeyEvent *key)
         const auto *line = qobject_cast<QLineEdit *>(editor);
         const bool unchanged = !line || line->text() == line->property(originalTextProperty).toString();
         Q_EMIT closeEditor(editor, RevertModelCache);
+        const QPointer<Grid> grid(m_grid);
         if (unchanged)
             QApplication::sendEvent(m_grid, key);
+        if (unchanged && grid)
+            grid->putCaretBack(); // a question was answered, and the cell is open again
         return true;
     }
     default:

@@ -1,6 +1,7 @@
 #include "controls/CompanyScreen.h"
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 namespace ledgora {
@@ -52,9 +53,16 @@ void CompanyScreen::renewOf(qint32 firmId, const QString &name, const QString &s
 
 void CompanyScreen::renew(const CompanyState &company)
 {
-    if (hasOpenEntry())
+    m_due = company;
+    if (!hasOpenEntry())
+        entryEnded();
+}
+
+void CompanyScreen::entryEnded()
+{
+    if (!m_due)
         return;
-    bindToCompany(company);
+    bindToCompany(*std::exchange(m_due, std::nullopt));
     run([this] {
         tellCompany();
         bringUpToDate();

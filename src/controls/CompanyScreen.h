@@ -33,6 +33,8 @@ protected:
     void tellCompany();
     /// Whether something is being typed that new lists could take away.
     virtual bool hasOpenEntry() const = 0;
+    /// To be called when the open entry has ended: what was altered meanwhile is taken over.
+    void entryEnded();
     /// Reads again what the screen took from masters: clients, series, what depends on the company. Runs with the
     /// working state of now.
     virtual void bringUpToDate() = 0;
@@ -42,6 +44,7 @@ private:
     void renew(const CompanyState &company);
 
     QString m_caption;
+    std::optional<CompanyState> m_due; ///< the company as it was altered while an entry was open
 };
 
 } // namespace ledgora

@@ -227,8 +227,7 @@ void DocumentScreen::CMDADD_CLICK()
     m_editedId = 0;
     SETBUTTONS(false);
     if (!m_parties->cells().hasData())
-        say(QStringLiteral("There is no client yet. Clients are made in the home screen, or in the program that opened "
-                           "it."));
+        say(QStringLiteral("There is no client yet. Esc, and make one first."));
     beginAdd();
 }
 
@@ -266,6 +265,7 @@ void DocumentScreen::CMDCANCEL_CLICK()
     showCurrent();
     (m_isAdding ? m_fields.add : m_fields.modify)->setFocus();
     m_fields.date->setEnabled(true);
+    entryEnded();
 }
 
 void DocumentScreen::CMDSHLIST_CLICK()

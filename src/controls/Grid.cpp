@@ -3,6 +3,7 @@
 #include "controls/CellDelegate.h"
 #include "controls/GridHeader.h"
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QMouseEvent>
 #include <cmath>
 
@@ -150,6 +151,7 @@ bool Grid::isOpen(const QModelIndex &cell) const
 
 void Grid::setCursor(int row, int column)
 {
+    m_left = {};
     // The cursor shows only where keys go.
     const bool shown = hasFocus() || isEditing();
     selectionModel()->setCurrentIndex(m_model.index(row, column),
@@ -189,8 +191,12 @@ void Grid::commitEditor()
     if (!isEditing())
         return;
     if (QWidget *editor = indexWidget(currentIndex())) {
+        const auto *line = qobject_cast<QLineEdit *>(editor);
+        const int caret = line ? line->cursorPosition() : -1; // what is stored is shown anew, caret at its end
         commitData(editor);
         closeEditor(editor, QAbstractItemDelegate::NoHint);
+        m_left.caret = caret;
+        putCaretBack(); // a cell that is edited on entry is open again
     }
 }
 
@@ -224,6 +230,7 @@ bool Grid::edit(const QModelIndex &index, EditTrigger trigger, QEvent *event)
 void Grid::currentChanged(const QModelIndex &current, const QModelIndex &previous)
 {
     QTableView::currentChanged(current, previous);
+    m_left = {};
     if (current.row() != previous.row())
         Q_EMIT rowChanged(current.row());
 }
@@ -266,6 +273,18 @@ void Grid::focusInEvent(QFocusEvent *event)
         return;
     selectionModel()->select(currentIndex(), QItemSelectionModel::ClearAndSelect);
     edit(currentIndex(), CurrentChanged, nullptr);
+    const Qt::FocusReason reason = event->reason();
+    if (reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason || reason == Qt::OtherFocusReason)
+        putCaretBack();
+}
+
+void Grid::putCaretBack()
+{
+    auto *line = qobject_cast<QLineEdit *>(indexWidget(currentIndex()));
+    if (!line || m_left.caret < 0 || line->text() != m_left.text)
+        return;
+    line->deselect();
+    line->setCursorPosition(m_left.caret);
 }
 
 void Grid::focusOutEvent(QFocusEvent *event)
@@ -284,6 +303,8 @@ void Grid::resizeEvent(QResizeEvent *event)
 
 void Grid::closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint hint)
 {
+    if (const auto *line = qobject_cast<QLineEdit *>(editor))
+        m_left = {line->text(), line->cursorPosition()};
     QTableView::closeEditor(editor, hint);
     if (!m_listMode && !hasFocus())
         clearSelection(); // the editor had the keys and another field has them now

@@ -115,10 +115,16 @@ protected:
 private:
     friend class CellDelegate;
     void hideFixedRows();
-    void editorKey(QKeyEvent *event);
+    void putCaretBack();
 
     CellsModel m_model;
     QPersistentModelIndex m_refused;
+    /// Where the caret stood when the editor of the current cell closed; boxes and pop-ups are followed by the same.
+    struct
+    {
+        QString text;
+        int caret = -1;
+    } m_left;
     std::function<bool(int, int)> m_editedOnEntry;
     std::vector<double> m_fractions;
     int m_restColumn = -1;

@@ -8,6 +8,7 @@
 #include "receipts/frmRecpGST.h"
 #include "store/ErrorLog.h"
 #include "ui_frmRecpGST.h"
+#include <QHeaderView>
 #include <QKeyEvent>
 
 namespace ledgora {
@@ -100,6 +101,8 @@ void frmRecpGST::serve(int row)
     m_bills->show();
     m_bills->raise();
     m_bills->setFoundRow(openBillRow(m_bills->cells(), billId));
+    const bool any = m_bills->verticalHeader()->length() > 0;
+    say(any ? QString() : QStringLiteral("This client has no open bill up to the receipt's date."));
 }
 
 void frmRecpGST::TXTBILLSN_CHANGE(int row, const QString &typed)

@@ -79,6 +79,8 @@ ReceiptDocument frmRecpGST::documentFromScreen() const
 void frmRecpGST::CMDPREVIEW_CLICK()
 {
     const ErrorSite site("frmRecpGST", "CMDPREVIEW_CLICK");
+    if (!hasCurrent())
+        return say(QStringLiteral("There is no receipt to preview."));
     const FailureWatch watch(*gCnn);
     const ReceiptDocument receipt = documentFromScreen();
     if (watch.failed()) // it would lack the company's name or the number's series

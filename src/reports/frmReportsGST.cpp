@@ -228,6 +228,7 @@ void frmReportsGST::escapePressed()
     }
     ui->panels->setCurrentWidget(ui->pageM);
     ui->cmdProceedM->setFocus();
+    entryEnded();
 }
 
 } // namespace ledgora

@@ -118,17 +118,39 @@ TEST_F(BillWindow, NothingMovesBetweenBrowsingAndEntry)
     }
 }
 
+TEST_F(BillWindow, CellIsAsBeforeBehindMenusListsAndQuestions)
+{
+    addBill(1, 1, QDate(2024, 6, 1), Ashok, 100); // earlier particulars
+    hands.press("alt+a");
+    hands.type("ASH");
+    hands.press("Return", 6);
+    hands.type("Audt");
+    hands.press("Left");
+    for (const char *menu : {"alt+g", "alt+w"}) {
+        hands.press(menu);
+        hands.press("Escape");
+        EXPECT_TRUE(find<Grid>("vsB")->isEditing()) << menu;
+    }
+    hands.press("F12");
+    EXPECT_EQ(focus(), "vsListP");
+    hands.press("Escape");
+    boxes.expect("Do you want to Cancel Entry?", QMessageBox::No);
+    hands.press("Escape");
+    EXPECT_TRUE(boxes.wait());
+    hands.type("i");
+    hands.press("Tab");
+    EXPECT_EQ(find<Grid>("vsB")->cells().text(3, 1), "Audit");
+}
+
 TEST_F(BillWindow, RefusedAmountStaysOpenInItsCell)
 {
     hands.press("alt+a");
     hands.type("ASH");
     hands.press("Return", 6);
-    hands.type("Aud");
-    hands.press("alt+g"); // a menu, and back into the open cell
-    hands.press("Escape");
-    hands.type("it");
     hands.press("Tab", 4);
-    EXPECT_EQ(find<Grid>("vsB")->cells().text(3, 1), "Audit");
+    hands.type("-50"); // no entry, and dropped without a word
+    hands.press("Return");
+    EXPECT_EQ(find<Grid>("vsB")->col(), 5);
     for (const char *leaving : {"Return", "Tab", "Down", "alt+u"}) {
         hands.type("1o0");
         boxes.expect("Please Specify Valid Amount. Numeric Only.");

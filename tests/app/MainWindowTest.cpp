@@ -36,6 +36,12 @@ TEST_F(MainWindow, ListsItsScreensAndTheKeysOfTheOneInFront)
     hands.press("alt+w");
     hands.press("2");
     EXPECT_EQ(inFront(), "frmRecpGST");
+    hands.press("Tab", 2);
+    const QString field = focus();
+    hands.press("ctrl+Tab");
+    EXPECT_EQ(inFront(), "frmBillGST");
+    hands.press("ctrl+Tab");
+    EXPECT_EQ(inFront() + ' ' + focus(), "frmRecpGST " + field) << "the keys are where they were";
     boxes.expectDialog([](QWidget &keys) {
         EXPECT_EQ(keys.windowTitle(), "Keys");
         keys.close();

@@ -99,7 +99,8 @@ private:
 TEST(FalseServer, GetsNoPasswordThatItCouldRead)
 {
     const QString shown = "The database server 127.0.0.1 asks for the password in a way that would show it to a false "
-                          "server. With the server's authority in the address (ca=FILE) that is allowed.";
+                          "server. Its administrator can give the user mysql_native_password or ed25519; "
+                          "caching_sha2_password needs the server's authority in the address (ca=FILE).";
     const char *const native = "mysql_native_password";
     const struct
     {

@@ -310,8 +310,7 @@ TEST_F(TwoCompanies, ScreenAskedForAgainIsUpToDateUnlessAnEntryIsOpenInIt)
     EXPECT_EQ(reopen(), beta);
     EXPECT_EQ(beta->windowTitle(), "GST Billing - BETA") << "an entry goes on as it was begun";
     alt('C');
-    EXPECT_EQ(reopen(), beta);
-    EXPECT_EQ(beta->windowTitle(), "GST Billing - BETA OF DELHI");
+    EXPECT_EQ(beta->windowTitle(), "GST Billing - BETA OF DELHI") << "from its end on it is another";
     EXPECT_EQ(text("txtbillno"), "1") << "the bill that was shown";
     EXPECT_EQ(find<QComboBox>("cbosr")->count(), 2);
     keyBill("NAIR");
