@@ -96,13 +96,17 @@ void ServerProcess::guard(int folder) const
     // A program that starts holds start.lock until it is among the living; the server lives while its log is locked.
     // Nobody may attach to a server that was told to end, so that start.lock is held until it has. A process of that
     // number whose output is another file is no longer the server: then a later one has a guard of its own. A server
-    // that was told while it came up may not have heard it, nor hear it again: what it has stored outlives its killing.
+    // that is told while it comes up hears it neither then nor later, so that its socket is waited for; one that goes
+    // on all the same is killed, which what it has stored outlives.
     const QString script = QStringLiteral(R"sh(
 exec 6<alive.lock 7<server.log 8<start.lock
 ( while flock -x 6; do
       [ /proc/%1/fd/1 -ef /proc/self/fd/7 ] || exit
       if flock -n -x 8; then
-          for try in 1 2 3 4 5 6; do
+          for try in 1 2 3 4 5; do
+              [ -S ledgora.sock ] || sleep 1
+          done
+          for try in 1 2; do
               kill -TERM %1
               flock -w 5 -x 7 && exit
           done
