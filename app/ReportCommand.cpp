@@ -22,6 +22,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <iterator>
+#include <utility>
 
 namespace ledgora::app {
 
@@ -39,6 +40,29 @@ constexpr DetailWord detailWords[] = {
     {"mobile", &PartyDetails::mobile},   {"fax", &PartyDetails::fax},     {"gstin", &PartyDetails::gstin},
     {"pan", &PartyDetails::pan},
 };
+
+/// Options that one kind takes alone. The period is for all kinds but Outstanding.
+constexpr std::pair<const char *, ReportKind> ownOptions[] = {
+    {"as-on", ReportKind::Outstanding},  {"upto", ReportKind::Outstanding}, {"amount", ReportKind::Outstanding},
+    {"either", ReportKind::Outstanding}, {"sac", ReportKind::Sac},          {"bill-numbers", ReportKind::Account},
+};
+
+/// A report that passed over one of its words would answer another question. "" or which option is not the kind's.
+QString strayOption(const QCommandLineParser &parser, ReportKind kind)
+{
+    const auto stray = [kind](const char *option) {
+        return QStringLiteral("report %1 takes no --%2").arg(QLatin1String(kinds[int(kind)]), QLatin1String(option));
+    };
+    for (const auto &[option, owner] : ownOptions) {
+        if (kind != owner && parser.isSet(QLatin1String(option)))
+            return stray(option);
+    }
+    for (const char *option : {"from", "to"}) {
+        if (kind == ReportKind::Outstanding && parser.isSet(QLatin1String(option)))
+            return stray(option);
+    }
+    return {};
+}
 
 QString shownDate(QDate day)
 {
@@ -150,12 +174,13 @@ QString writeReport(Connection &db, const ReportRequest &asked, const QString &o
         if (const ReportResult made = makeReport(db, asked, *gReporter, unwatched()); !made.fault.isEmpty())
             return made.fault;
         gReporter->SaveToPDF(out, 0);
-        return gReporter->LastError();
+        return gReporter->LastError(); // it names the file
     }
     ReportRows rows;
     if (const ReportResult made = makeReport(db, asked, rows, unwatched()); !made.fault.isEmpty())
         return made.fault;
-    return ending == QLatin1String("csv") ? saveReportCsv(rows, out) : saveReportText(rows, out);
+    const QString fault = ending == QLatin1String("csv") ? saveReportCsv(rows, out) : saveReportText(rows, out);
+    return fault.isEmpty() ? QString() : QString(out + ": " + fault);
 }
 
 /// What the office knows of the request: company and parties. "" or what is wrong.
@@ -198,10 +223,10 @@ void addReportOptions(QCommandLineParser &parser)
     parser.addOptions(
         {{QStringLiteral("firm"), QStringLiteral("Number of the company (must be given)."), QStringLiteral("ID")},
          {QStringLiteral("from"),
-          QStringLiteral("First day of the period, DD/MM/YYYY or YYYY-MM-DD (must be given but for "
+          QStringLiteral("First day of the period, DD/MM/YYYY or YYYY-MM-DD (must be given; not for "
                          "outstanding)."),
           QStringLiteral("DATE")},
-         {QStringLiteral("to"), QStringLiteral("Last day of the period (must be given but for outstanding)."),
+         {QStringLiteral("to"), QStringLiteral("Last day of the period (must be given; not for outstanding)."),
           QStringLiteral("DATE")},
          {QStringLiteral("as-on"), QStringLiteral("outstanding: what is due on this day (default today)."),
           QStringLiteral("DATE")},
@@ -247,8 +272,9 @@ QString readReportOptions(const QCommandLineParser &parser, ReportOptions &optio
     asked.bothAmounts = !parser.isSet(QStringLiteral("either"));
     asked.billNumbers = parser.isSet(QStringLiteral("bill-numbers"));
     for (const QString &fault :
-         {readDates(parser, asked), readDetails(value("print"), asked.details), readSac(value("sac"), asked.sac),
-          readAmounts(parser.values(QStringLiteral("amount")), asked.amounts), readFile(options.out)}) {
+         {strayOption(parser, asked.kind), readDates(parser, asked), readDetails(value("print"), asked.details),
+          readSac(value("sac"), asked.sac), readAmounts(parser.values(QStringLiteral("amount")), asked.amounts),
+          readFile(options.out)}) {
         if (!fault.isEmpty())
             return fault;
     }

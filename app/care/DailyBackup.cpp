@@ -47,6 +47,14 @@ void keepForTheWeek(const QString &daily, const QString &weekly)
                     QStringLiteral("Backup"));
 }
 
+/// What a command told on the standard error, without the program's name ahead of it.
+QString reasonTold(const QByteArray &errors)
+{
+    const QString told = QString::fromLocal8Bit(errors).trimmed();
+    const QString name = QStringLiteral("ledgora: ");
+    return told.startsWith(name) ? told.sliced(name.size()) : told;
+}
+
 void logFailure(const QString &text, const std::function<void(const QString &)> &tell)
 {
     const ErrorSite site("CARE", "DAILYBACKUP");
@@ -125,7 +133,7 @@ void dailyBackup(const Office &office, QDate day, const std::function<void(const
         if (process->exitStatus() != QProcess::NormalExit)
             logFailure(QStringLiteral("The program that makes it has crashed."), tell);
         else if (status != 0)
-            logFailure(QString::fromLocal8Bit(process->readAllStandardError()).trimmed(), tell);
+            logFailure(reasonTold(process->readAllStandardError()), tell);
         process->deleteLater();
     });
     QObject::connect(process, &QProcess::errorOccurred, process, [process, tell](QProcess::ProcessError error) {

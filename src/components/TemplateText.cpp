@@ -1,7 +1,6 @@
 #include "components/TemplateText.h"
 
-#include "components/reporter/RtfReader.h"
-#include <QFile>
+#include "components/reporter/TemplateCache.h"
 
 namespace ledgora {
 
@@ -22,18 +21,14 @@ QString shownText(const std::vector<reporter::Block> &blocks)
 
 QString templateText(const QString &path, QString &fault)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        fault = file.errorString();
-        return {};
-    }
-    const reporter::RtfRead read = reporter::readRtf(file.read(reporter::largestInput + 1));
-    fault = read.error;
+    const auto read = reporter::TemplateCache().load(path, fault);
+    if (read)
+        fault = read->error;
     if (!fault.isEmpty())
         return {};
     QString text;
     QString further;
-    for (const reporter::Section &section : read.document.sections) {
+    for (const reporter::Section &section : read->document.sections) {
         const bool isFurther = section.page.titlePage;
         for (const reporter::MarginText margin : {reporter::Header, reporter::Footer})
             (isFurther ? further : text) += shownText(section.margins[margin]);

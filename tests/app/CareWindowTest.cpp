@@ -160,8 +160,7 @@ TEST_F(CareWindow, DaysBackupIsMadeBesideTheWorkAndAFailureIsTold)
     ASSERT_EQ(m_log.lines().size(), logged + 2);
     for (const QString &text : told)
         EXPECT_TRUE(text.startsWith("Today's backup was not made: ")) << text.toStdString();
-    EXPECT_TRUE(told.value(1).contains("The folder [" + folder() + "/backups] can not be made."))
-        << told.value(1).toStdString();
+    EXPECT_EQ(told.value(1), "Today's backup was not made: The folder [" + folder() + "/backups] can not be made.");
 }
 
 } // namespace

@@ -38,6 +38,11 @@ QStringList report(const QStringList &words)
     return QStringList{"report", "--firm", "1", "--from", "01/04/2023", "--to", "2024-03-31", "--out", "x.PDF"} + words;
 }
 
+QStringList outstanding(const QStringList &words)
+{
+    return QStringList{"report", "outstanding", "--firm", "1", "--out", "x.txt"} + words;
+}
+
 INSTANTIATE_TEST_SUITE_P(
     Calls, CommandLineCall,
     testing::Values(
@@ -103,11 +108,20 @@ INSTANTIATE_TEST_SUITE_P(
         Call{"ReportBackwards", report({"sac", "--to", "2023-03-31"}), Command::Wrong, "--from"},
         Call{"ReportOfNoService", report({"sac", "--sac", "99822"}), Command::Wrong, "--sac"},
         Call{"ReportWithNoSuchDetail", report({"bills", "--print", "gstin,bank"}), Command::Wrong, "--print"},
-        Call{"ReportOfNoAmount", report({"outstanding", "--amount", ">1,000"}), Command::Wrong, "--amount"},
-        Call{"ReportOfThreeAmounts", report({"outstanding", "--amount", ">1", "--amount", "<9", "--amount", "=4"}),
-             Command::Wrong, "--amount"},
+        Call{"ReportOfNoAmount", outstanding({"--amount", ">1,000"}), Command::Wrong, "--amount takes"},
+        Call{"ReportOfThreeAmounts", outstanding({"--amount", ">1", "--amount", "<9", "--amount", "=4"}),
+             Command::Wrong, "--amount is taken"},
+        Call{"BillsOfAService", report({"bills", "--sac", "998221"}), Command::Wrong, "report bills takes no --sac"},
+        Call{"ReceiptsOnADay", report({"receipts", "--as-on", "2024-03-01"}), Command::Wrong,
+             "receipts takes no --as-on"},
+        Call{"AccountUpToADay", report({"account", "--upto", "2024-03-01"}), Command::Wrong, "account takes no --upto"},
+        Call{"TdsOfAnAmount", report({"tds", "--amount", ">1"}), Command::Wrong, "tds takes no --amount"},
+        Call{"PendingOfEither", report({"pending", "--either"}), Command::Wrong, "pending takes no --either"},
+        Call{"ServicesWithBills", report({"sac", "--bill-numbers"}), Command::Wrong, "sac takes no --bill-numbers"},
+        Call{"OutstandingFrom", outstanding({"--from", "2024-03-01"}), Command::Wrong, "outstanding takes no --from"},
+        Call{"OutstandingTo", outstanding({"--to", "2024-03-01"}), Command::Wrong, "outstanding takes no --to"},
         Call{"ReportIntoAnotherKindOfFile", report({"bills", "--out", "x.doc"}), Command::Wrong, "--out"},
-        Call{"OutstandingNeedsNoPeriod", {"report", "outstanding", "--firm", "1", "--out", "x.txt"}, Command::Report},
+        Call{"Outstanding", outstanding({}), Command::Report},
         Call{"HelpOfACommand", {"restore", "--help"}, Command::Help, "Usage: ledgora restore"},
         Call{"OptionWithoutItsValue", {"--data"}, Command::Wrong, "data"},
         Call{"Help", {"--help"}, Command::Help, "ledgora balance"},
@@ -119,19 +133,22 @@ TEST(CommandLineTest, WordsOfAReportAreTaken)
 {
     const CommandLine line = readCommandLine(
         QStringList{"ledgora"}
-        + report({"outstanding", "--as-on", "2024-02-29", "--upto", "28/02/2024", "--amount", ">= 1000.5", "--amount",
-                  "<>7", "--either", "--party", "A,1", "--party", "B", "--print", "pan, phone", "--sac", "998231"}));
+        + outstanding({"--as-on", "2024-02-29", "--upto", "28/02/2024", "--amount", ">= 1000.5", "--amount", "<>7",
+                       "--either", "--party", "A,1", "--party", "B", "--print", "pan, phone"}));
     const auto &asked = line.report.asked;
     EXPECT_EQ(asked.asOn, "29/02/2024");
     EXPECT_EQ(asked.billsUpTo, "28/02/2024");
-    EXPECT_EQ(asked.to, "31/03/2024");
     EXPECT_EQ(asked.amounts[0].comparison, 3);
     EXPECT_EQ(asked.amounts[0].value, 1000.5);
     EXPECT_EQ(asked.amounts[1].comparison, 6);
     EXPECT_FALSE(asked.bothAmounts);
     EXPECT_EQ(line.report.parties, (QStringList{"A,1", "B"}));
     EXPECT_TRUE(asked.details.pan && asked.details.phone && !asked.details.gstin);
-    EXPECT_EQ(asked.sac, 6);
+    const auto services = readCommandLine(QStringList{"ledgora"} + report({"sac", "--sac", "998231"})).report.asked;
+    EXPECT_EQ(services.sac, 6);
+    EXPECT_EQ(services.to, "31/03/2024");
+    EXPECT_TRUE(
+        readCommandLine(QStringList{"ledgora"} + report({"account", "--bill-numbers"})).report.asked.billNumbers);
 }
 
 TEST(CommandLineTest, ValuesAreTaken)

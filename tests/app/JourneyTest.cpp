@@ -148,22 +148,27 @@ TEST_F(Journey, ReportsComeAsPaperTextAndTable)
                               "15-Jun-24 B 1 39,000", "Closing Balance 800"})
         EXPECT_TRUE(account.contains(words)) << words << ": " << account.toStdString();
     const auto report = [](const QStringList &words, const QString &file) {
-        return ledgora(QStringList{"report", "--data", out("office"), "--firm", "1", "--from", "01/04/2024", "--to",
-                                   "31/03/2025", "--today", "15/06/2024", "--out", file}
-                       + words)
-            .status;
+        return ledgora(
+            QStringList{"report", "--data", out("office"), "--firm", "1", "--today", "15/06/2024", "--out", file}
+            + words);
     };
-    EXPECT_EQ(report({"account"}, out("again.pdf")), 0);
+    const QStringList year{"--from", "01/04/2024", "--to", "31/03/2025"};
+    EXPECT_EQ(report(QStringList{"account"} + year, out("again.pdf")).status, 0);
     EXPECT_EQ(textOf(out("again.pdf")).toStdString(), account.toStdString());
-    EXPECT_EQ(report({"outstanding", "--amount", ">500"}, out("due.csv")), 0);
+    EXPECT_EQ(report({"outstanding", "--amount", ">500"}, out("due.csv")).status, 0);
     QFile due(out("due.csv"));
     ASSERT_TRUE(due.open(QIODevice::ReadOnly));
     const QByteArray rows = due.readAll();
     EXPECT_TRUE(rows.endsWith(",800\r\n")) << rows.constData();
     EXPECT_TRUE(rows.contains("\r\nOutstanding Details As on Date 15/06/2024\r\n")) << rows.constData();
-    EXPECT_EQ(report({"account", "--party", "nobody"}, out("none.txt")), 1);
-    EXPECT_EQ(report({"bills"}, out("no/such/folder.txt")), 1);
+    EXPECT_EQ(report(QStringList{"account", "--party", "nobody"} + year, out("none.txt")).status, 1);
     EXPECT_FALSE(QFile::exists(out("none.txt")));
+    ASSERT_TRUE(QDir().mkpath(out("folder.txt")));
+    for (const char *path : {"folder.txt", "no/such/folder.csv", "no/such/folder.pdf"}) {
+        const Finished refused = report({"outstanding"}, out(path));
+        EXPECT_EQ(refused.status, 1) << path;
+        EXPECT_EQ(refused.errors.count(out(path)), 1) << refused.errors.toStdString();
+    }
 }
 
 TEST_F(Journey, OfficeIsTheUsersAlone)

@@ -330,6 +330,8 @@ TEST_F(OfficeTemplates, ATemplateThatIsNoneIsToldAndNothingIsShown)
         {"not an RTF document", "%PDF-1.7\n"},
         {"not an RTF document", "For #PARTY_NAME#\n"},
         {"the file is empty", ""},
+        {"it holds no text", R"({\rtf1\ansi})"},
+        {"it holds no text", R"({\rtf1\ansi{\header  \par}\par \tab{\v hidden}\trowd\cellx99\intbl\cell\row\par})"},
     };
     failuresAreExpected();
     const auto refused = [&](const char *why) {
@@ -352,6 +354,9 @@ TEST_F(OfficeTemplates, ATemplateThatIsNoneIsToldAndNothingIsShown)
     ASSERT_TRUE(QDir().mkpath(templatePath()));
     refused("it is a folder");
     ASSERT_TRUE(QDir().rmdir(templatePath()));
+    ASSERT_EQ(::mkfifo(QFile::encodeName(templatePath()).constData(), 0600), 0);
+    refused("it is no file");
+    ASSERT_TRUE(QFile::remove(templatePath()));
     write(templatePath(), whole);
     alt('P');
     EXPECT_NE(viewer(), nullptr);

@@ -179,6 +179,9 @@ TEST(ReportPages, BreakWhereARowDoesNotFit)
          2, "Head B x"},
         {"a row taller than a page is split",
          [](ReportWriter &report) { beginTable(report), report.WriteToReport(tallRow(130)); }, 3, "Head B x"},
+        {"heading and lines above stay with a row taller than a page",
+         [](ReportWriter &report) { manyLines(report, 43), beginTable(report), report.WriteToReport(tallRow(70)); }, 3,
+         "line 35"},
         {"a spacer does not begin a page",
          [](ReportWriter &report) {
              beginTable(report), report.WriteToReport(tallRow(53));
@@ -221,6 +224,24 @@ TEST(ReportPages, WhatEndsATableStaysWithItsLastRowsAndTheBalanceStandsOpen)
         const qreal balance = piece(*last, "Balance").baseline.y();
         for (const Rule &rule : last->drawing.rules)
             EXPECT_LT(rule.to.y(), balance) << count;
+    }
+}
+
+TEST(ReportPages, NameAndHeadingStayWithTheFirstRow)
+{
+    for (const int entries : {1, 2, 9}) {
+        for (int above = 50; above < 75; ++above) {
+            const Pages pages = pagesOf([&](ReportWriter &report) {
+                test::writeAccount(report, "FORMER", above);
+                test::writeAccount(report, "PARTY", entries);
+            });
+            for (int page = 0; page < pages.size(); ++page) {
+                const QString words = wordsOf(*pages[page]);
+                const qsizetype name = words.indexOf("PARTY");
+                EXPECT_TRUE(name < 0 || words.indexOf("Bill No.", name) > 0)
+                    << entries << " below " << above << ", page " << page + 1 << ": " << words.toStdString();
+            }
+        }
     }
 }
 

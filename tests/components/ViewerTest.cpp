@@ -14,6 +14,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPointer>
+#include <QPrintDialog>
 #include <QPrinter>
 #include <QPushButton>
 #include <QTemporaryDir>
@@ -162,6 +163,16 @@ TEST_F(ViewerTest, PrintsTheRangeThatWasChosen)
     printer.setFromTo(2, 3);
     EXPECT_EQ(printPages(printer, viewer->pages()), QString());
     EXPECT_EQ(pdfWords(printer.outputFileName()), (QStringList{QStringLiteral("second"), QStringLiteral("third")}));
+}
+
+TEST_F(ViewerTest, PrintingProposesAFileThatCanBeWritten)
+{
+    test::Boxes boxes;
+    boxes.expectDialog([](QWidget &dialog) {
+        EXPECT_EQ(dynamic_cast<QPrintDialog &>(dialog).printer()->docName(), "Bill MA-17") << "the file is named so";
+        dialog.close();
+    });
+    QTest::keyClick(view(), Qt::Key_P, Qt::ControlModifier);
 }
 
 TEST_F(ViewerTest, PrintsAsManyCopiesAsWanted)

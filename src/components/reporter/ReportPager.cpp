@@ -1,5 +1,6 @@
 #include "components/reporter/ReportPager.h"
 
+#include <QScopeGuard>
 #include <algorithm>
 #include <utility>
 
@@ -7,8 +8,9 @@ namespace ledgora::reporter {
 
 namespace {
 
-constexpr qreal tolerance = 0.5; ///< twips that sums of heights may be off
-constexpr qreal tableGap = 0.4;  ///< between a table and free lines, in lines
+constexpr qreal tolerance = 0.5;       ///< twips that sums of heights may be off
+constexpr qreal tableGap = 0.4;        ///< between a table and free lines, in lines
+constexpr qreal leastOfTallRow = 0.25; ///< of a page: room in which a row that is taller than a page begins
 
 } // namespace
 
@@ -150,11 +152,12 @@ void ReportPager::noteHeading(ReportPlace &place, int entry) const
     }
 }
 
-/// Height of what must stand on one page from here: all from a title to the first row below the heading. Nothing when
-/// a blank line parts this one from the next table.
+/// Height of what must stand on one page from here: all from a title to the first row below the heading, and with it
+/// what ends a table of few rows. Nothing when a blank line parts this one from the next table.
 qreal ReportPager::leadHeight(const ReportPlace &place)
 {
     constexpr int longestLead = 12; // a letter above a table need not stay with it
+    const auto restore = qScopeGuard([this, above = m_last] { m_last = above; });
     ReportPlace ahead = place;
     qreal height = 0;
     for (int i = 0; i < longestLead && ahead.entry < m_rows.size(); ++i, ++ahead.entry) {
@@ -173,14 +176,18 @@ qreal ReportPager::leadHeight(const ReportPlace &place)
         if (!row) {
             wrappedLines(m_rows.text(entry), 1, ahead.print); // its codes
             height += endsLine ? m_faces.plain(ahead.print.condensed).line : 0;
+            m_last = endsLine ? nullptr : m_last;
             continue;
         }
         if (inTable != std::exchange(ahead.inTable, inTable))
             height += faceOf(entry, ahead.print).line * tableGap;
-        height += heightOf(entry, ahead.print).whole();
+        const qreal end = inTable ? endHeight(ahead) : 0;
+        const qreal whole = heightOf(entry, ahead.print).whole();
         noteHeading(ahead, entry);
         if (inTable && (!wasHeading || ahead.headingTo <= entry))
-            return height;
+            return height + (whole > m_paper.height ? m_paper.height * leastOfTallRow : std::max(whole, end));
+        height += whole;
+        m_last = inTable ? &gridOf(entry) : nullptr;
     }
     return 0; // no table
 }
@@ -246,7 +253,7 @@ ReportPager::Room ReportPager::roomFor(const ReportPlace &place, qreal height)
     const qreal room = bottom() - m_y + tolerance;
     const qreal page = bottom() - m_bodyTop + tolerance;
     if (height > page)
-        return !isFresh() && room < page / 4 ? Room::NextPage : Room::Nowhere;
+        return !isFresh() && room < page * leastOfTallRow ? Room::NextPage : Room::Nowhere;
     if (height > room)
         return Room::NextPage;
     const bool begins = place.inHeading && place.headingFrom == place.headingTo;

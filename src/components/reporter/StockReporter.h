@@ -13,7 +13,7 @@
 
 namespace ledgora::reporter {
 
-/// The stock document engine: templates are RTF text. One with a fault in it (cut, empty, in another format) is
+/// The stock document engine: templates are RTF text. One with a fault in it (cut, blank, in another format) is
 /// refused: half a bill looks like a whole one. There is then no current report or master, and the operations on it do
 /// nothing but log.
 class StockReporter final : public Reporter

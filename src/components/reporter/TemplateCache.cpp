@@ -3,12 +3,25 @@
 #include "components/reporter/RtfReader.h"
 #include <QFile>
 #include <QFileInfo>
+#include <algorithm>
 
 namespace ledgora::reporter {
 
 namespace {
 
 constexpr int mostEntries = 32; ///< more templates than that are not in use together
+
+/// Whether anything of it is seen on paper; what is kept only for other programs is not.
+bool showsAnything(const Document &document)
+{
+    bool shows = false;
+    everyParagraph(document, [&shows](const Paragraph &paragraph) {
+        shows = shows || std::ranges::any_of(paragraph.runs, [](const Run &run) {
+                    return run.isText() ? !run.format.hidden && !run.text.trimmed().isEmpty() : !run.anchor;
+                });
+    });
+    return shows;
+}
 
 } // namespace
 
@@ -22,7 +35,9 @@ std::shared_ptr<const TemplateCache::Template> TemplateCache::load(const QString
     m_entries.remove(path);
     QFile file(path);
     if (!info.isFile()) {
-        fault = info.exists() ? QStringLiteral("it is a folder") : QStringLiteral("no such file");
+        fault = info.isDir()    ? QStringLiteral("it is a folder")
+                : info.exists() ? QStringLiteral("it is no file")
+                                : QStringLiteral("no such file");
         return nullptr;
     }
     if (!file.open(QIODevice::ReadOnly)) {
@@ -30,6 +45,8 @@ std::shared_ptr<const TemplateCache::Template> TemplateCache::load(const QString
         return nullptr;
     }
     RtfRead read = readRtf(file.read(largestInput + 1));
+    if (read.error.isEmpty() && !showsAnything(read.document))
+        read.error = QStringLiteral("it holds no text");
     const auto parsed = std::make_shared<const Template>(Template{std::move(read.document), read.error});
     if (m_entries.size() >= mostEntries)
         m_entries.clear();

@@ -15,7 +15,7 @@ public:
     struct Template
     {
         Document document;
-        QString error; ///< what was wrong in its text; the document holds what could be read
+        QString error; ///< what was wrong in its text, or that nothing is in it; the document holds what could be read
     };
 
     /// The template, or nothing and a `fault` when the file can not be read.

@@ -57,7 +57,7 @@ QPageLayout paperOf(const QSizeF &twips)
 void Viewer::print()
 {
     QPrinter printer(QPrinter::HighResolution);
-    printer.setDocName(m_name);
+    printer.setDocName(fileNameFor(m_name)); // names the file that a print to a file proposes
     QPrintDialog dialog(&printer, this);
     dialog.setObjectName(QStringLiteral("dlgPrint"));
     dialog.setMinMax(1, pages().size());
