@@ -23,6 +23,14 @@ bool showsAnything(const Document &document)
     return shows;
 }
 
+/// What stands at the path of a template instead of a file.
+QString noFile(const QFileInfo &info)
+{
+    if (info.isDir())
+        return QStringLiteral("it is a folder");
+    return info.exists() ? QStringLiteral("it is no file") : QStringLiteral("no such file");
+}
+
 } // namespace
 
 std::shared_ptr<const TemplateCache::Template> TemplateCache::load(const QString &path, QString &fault)
@@ -35,9 +43,7 @@ std::shared_ptr<const TemplateCache::Template> TemplateCache::load(const QString
     m_entries.remove(path);
     QFile file(path);
     if (!info.isFile()) {
-        fault = info.isDir()    ? QStringLiteral("it is a folder")
-                : info.exists() ? QStringLiteral("it is no file")
-                                : QStringLiteral("no such file");
+        fault = noFile(info);
         return nullptr;
     }
     if (!file.open(QIODevice::ReadOnly)) {
