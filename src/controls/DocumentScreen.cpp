@@ -176,7 +176,7 @@ void DocumentScreen::bringUpToDate()
     loadList(0);
     const Cells &list = m_list->cells();
     const int row = shown.isEmpty() ? -1 : list.find(shown, m_kind.list.columns.id);
-    m_list->setRow(row >= 0 ? row : list.hasData() ? list.fixedRows() : -1);
+    m_list->setRow(row < 0 && list.hasData() ? list.fixedRows() : row);
     showCurrent();
 }
 

@@ -3,6 +3,8 @@
 #include "components/reporter/FindBar.h"
 #include "components/reporter/PageStrip.h"
 #include "components/reporter/PageView.h"
+#include <QCloseEvent>
+#include <QDialog>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -258,6 +260,12 @@ void Viewer::goToHit(int step)
     if (count > 0)
         m_view->showHit((m_view->currentHit() + step + count) % count);
     m_find->tell(m_view->currentHit() + 1, count);
+}
+
+/// Printing and saving go on in the viewer when their dialogs have closed: until then it stays.
+void Viewer::closeEvent(QCloseEvent *event)
+{
+    event->setAccepted(findChildren<QDialog *>().isEmpty());
 }
 
 /// Esc backs out of the search first.
