@@ -60,9 +60,10 @@ void CompanyScreen::renew(const CompanyState &company)
 
 void CompanyScreen::entryEnded()
 {
-    if (!m_due)
+    const auto due = std::exchange(m_due, std::nullopt);
+    if (!due)
         return;
-    bindToCompany(*std::exchange(m_due, std::nullopt));
+    bindToCompany(*due);
     run([this] {
         tellCompany();
         bringUpToDate();
