@@ -120,6 +120,9 @@ TEST_F(BillWindow, NothingMovesBetweenBrowsingAndEntry)
 
 TEST_F(BillWindow, CellIsAsBeforeBehindMenusListsAndQuestions)
 {
+    QWidget *bill = screen();
+    open<frmRecpGST>(); // the menu lists more than one screen
+    show(bill);
     addBill(1, 1, QDate(2024, 6, 1), Ashok, 100); // earlier particulars
     hands.press("alt+a");
     hands.type("ASH");
