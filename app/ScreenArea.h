@@ -27,11 +27,11 @@ public:
     /// Scrolls so that a field of a screen is seen.
     void bringIntoView(const QWidget *field);
 
-private:
-    void bringToFront(QMdiSubWindow &window);
-
 protected:
     void paintEvent(QPaintEvent *event) override;
+
+private:
+    void bringToFront(QMdiSubWindow &window);
 };
 
 } // namespace ledgora::app

@@ -15,13 +15,13 @@ public:
     ~CompanyScreen() override;
 
     /// Shows the screen of this class for the company of the working state: a new one, or the one that is there,
-    /// brought up to date unless an entry is open in it. This is all that a further kind of screen needs.
+    /// brought up to date, at the end of an entry that is open in it. This is all that a further kind of screen needs.
     template<class Kind>
     static void open()
     {
         open(Kind::staticMetaObject, []() -> CompanyScreen * { return new Kind; });
     }
-    /// The company was altered: its screens take name and state over, but those in which an entry is open.
+    /// The company was altered: its screens take name and state over, those with an open entry when that has ended.
     static void renewOf(qint32 firmId, const QString &name, const QString &stateCode);
     /// Closes all screens of a company that is no longer there, unasked: what is being typed would belong to nobody.
     static void dismissOf(qint32 firmId);
@@ -29,7 +29,7 @@ public:
     static void dismissAll();
 
 protected:
-    /// Called once, at the end of loading: the caption gets the company's name.
+    /// Called at the end of loading: the caption gets the company's name.
     void tellCompany();
     /// Whether something is being typed that new lists could take away.
     virtual bool hasOpenEntry() const = 0;
